@@ -1,0 +1,29 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds, and runs every test.
+#   scripts/test.sh            ordinary build in build/
+#   scripts/test.sh --sanitize AddressSanitizer + UndefinedBehaviorSanitizer build in build-asan/
+set -euo pipefail
+cd "$(dirname "$0")/.."
+ROOT=$(pwd)
+
+SANITIZE=OFF
+BUILD=build
+for arg in "$@"; do
+  case "$arg" in
+    --sanitize) SANITIZE=ON; BUILD=build-asan ;;
+    *) echo "test.sh: tuntematon valitsin $arg" >&2; exit 2 ;;
+  esac
+done
+
+bash scripts/deps.sh
+
+export CCACHE_BASEDIR="$ROOT" CCACHE_NOHASHDIR=1
+cmake -S . -B "$BUILD" -G Ninja -DVONARI_SANITIZE=$SANITIZE -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
+cmake --build "$BUILD" -j"$(nproc)"
+
+export QT_QPA_PLATFORM=offscreen
+if [ "$SANITIZE" = ON ]; then
+  export ASAN_OPTIONS=detect_leaks=0 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
+fi
+cd "$BUILD"
+ctest --output-on-failure -j2 --timeout 900

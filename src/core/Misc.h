@@ -1,0 +1,37 @@
+// Shared helpers that need no window: messages, Null-safe readers, date literals.
+#pragma once
+
+#include "platform/currency.h"
+
+#include <QDate>
+#include <QString>
+#include <QVariant>
+
+// Information box with OK, titled AppName.
+void Ilmoita(const QString &text);
+// The same with the stop icon.
+void IlmoitaVirhe(const QString &text);
+// Yes/No question titled AppName; true on Yes.
+bool Kysy(const QString &text);
+
+// Null-safe readers: the value, or the substitute when it is Null or cannot be converted.
+QString NullText(const QVariant &v, const QString &substitute = {});
+Currency NullCurrency(const QVariant &v, Currency substitute = {});
+bool NullBoolean(const QVariant &v, bool substitute = false);
+qint64 NullLong(const QVariant &v, qint64 substitute = 0);
+int NullInteger(const QVariant &v, int substitute = 0);
+double NullDouble(const QVariant &v, double substitute = 0);
+QDate NullDate(const QVariant &v, const QDate &substitute = {});
+
+// A date in the old engine's literal form "#m/d/yyyy#"; empty for Null or a non-date.
+QString SqlPaiva(const QVariant &v);
+// A date as stored in the database ("yyyy-MM-dd"), Null for an invalid date.
+QVariant DbPaiva(const QDate &d);
+
+// Whether the text is a number as the regional settings read it ("12", "12,5", "-3", "1 000").
+bool OnNumeerinen(const QString &text);
+// The numeric value of such a text; 0 when it is no number.
+double NumeroArvo(const QString &text);
+// Parses a Finnish date "d.M.yyyy" (also "d.M.yy", ISO); invalid QDate when it is none.
+QDate ParsePaiva(const QString &text);
+QString PaivaTekstina(const QDate &d); // "d.M.yyyy"
