@@ -14,7 +14,7 @@
 // the routine ended without one. Sets `lopeta` when the program must end at once.
 std::unique_ptr<db::Database> AvaaTietokantaKaynnistyksessa(bool &lopeta);
 
-// The repair sequence with its messages; `heti` picks the settings window's wording.
+// The repair sequence with its messages; `asetuksista` picks the wording of the settings window.
 void KorjaaTietokanta(bool asetuksista);
 
 void TeeVarmuuskopio();

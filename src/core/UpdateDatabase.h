@@ -12,3 +12,6 @@ bool TauluOnOlemassa(db::Database &db, const QString &name);
 bool KenttaOnOlemassa(db::Database &db, const QString &table, const QString &field);
 bool IndeksiOnOlemassa(db::Database &db, const QString &table, const QString &index);
 bool KyselyOnOlemassa(db::Database &db, const QString &name);
+
+// Whether every step's test passes already, so that UpdateDatabase would change nothing.
+bool TietokantaOnAjantasalla(db::Database &db);
