@@ -87,6 +87,8 @@ frmAsetukset::frmAsetukset(QWidget *parent) : QDialog(parent)
     taytaOhjelma();
     taytaTulostus();
     seuraaMuutoksia();
+    // Wide enough for the paths of the program tab; a saved placement overrides it.
+    resize(qMax(sizeHint().width(), 660), sizeHint().height());
     LataaIkkunanPaikka(this);
     m_muuttunut = false;
 }

@@ -104,6 +104,7 @@ frmAsetuksetLisa::frmAsetuksetLisa(QWidget *parent) : QDialog(parent)
     paa->addStretch();
     paa->addLayout(napit);
 
+    resize(qMax(sizeHint().width(), 520), sizeHint().height());
     tayta();
     const auto merkitse = [this] { m_muuttunut = true; };
     for (QCheckBox *c : {chkSuuretSuorituksetMaksetuksi, chkSuorituksellaMaksetuksiJosEiLoppusummaa})

@@ -121,8 +121,12 @@ QWidget *frmAsetukset::teeTulostusSivu()
     cmbFonttiKoko->setToolTip(QStringLiteral("Kirjasinlajin koko tulosteilla"));
     for (int koko : QFontDatabase::standardSizes())
         cmbFonttiKoko->addItem(QString::number(koko));
-    lisaaRivi(g2, 0, QStringLiteral("Fontti:"), cmbFonts);
-    lisaaRivi(g2, 1, QStringLiteral("Koko:"), cmbFonttiKoko);
+    cmbFonts->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('x')) * 32);
+    cmbFonttiKoko->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * 8);
+    g2->addWidget(new QLabel(QStringLiteral("Fontti:")), 0, 0);
+    g2->addWidget(cmbFonts, 0, 1);
+    g2->addWidget(new QLabel(QStringLiteral("Koko:")), 1, 0);
+    g2->addWidget(cmbFonttiKoko, 1, 1, Qt::AlignLeft);
     g2->setColumnStretch(2, 1);
 
     auto *marginaalit = new QGroupBox(QStringLiteral("Tulostusmarginaalit"), sivu);
