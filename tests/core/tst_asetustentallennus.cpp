@@ -1,5 +1,7 @@
 #include "core/AsetustenTallennus.h"
 #include "core/MainModule.h"
+#include "core/Malli.h"
+#include "core/UpdateDatabase.h"
 #include "platform/database.h"
 #include "platform/files.h"
 #include "platform/mxlookup.h"
@@ -52,10 +54,8 @@ QString AsetuksetSyote::*numerokentta(const QString &nimi)
 QString teeKanta(const TestEnv &env, const QString &nimi = QStringLiteral("seura.mdb"))
 {
     const QString polku = env.path(nimi);
-    auto d = db::Database::create(polku);
-    d->executeScript(QStringLiteral(
-        "CREATE TABLE Settings (setID INTEGER PRIMARY KEY AUTOINCREMENT, setSection VARCHAR(255), "
-        "setKey VARCHAR(255), setString VARCHAR(255));"));
+    LuoMalliTietokanta(polku);
+    UpdateDatabase(*db::Database::open(polku));
     return polku;
 }
 

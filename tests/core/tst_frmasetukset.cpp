@@ -1,4 +1,6 @@
 #include "core/MainModule.h"
+#include "core/Malli.h"
+#include "core/UpdateDatabase.h"
 #include "core/ui/frmAsetukset.h"
 #include "core/ui/frmAsetuksetLisa.h"
 #include "platform/database.h"
@@ -43,9 +45,8 @@ void kirjoita(QWidget *w, const QString &teksti)
 QString teeKanta(const TestEnv &env)
 {
     const QString polku = env.path(u"seura.mdb"_s);
-    auto d = db::Database::create(polku);
-    d->executeScript(u"CREATE TABLE Settings (setID INTEGER PRIMARY KEY AUTOINCREMENT, setSection VARCHAR(255), "
-                     "setKey VARCHAR(255), setString VARCHAR(255));"_s);
+    LuoMalliTietokanta(polku);
+    UpdateDatabase(*db::Database::open(polku));
     return polku;
 }
 
