@@ -104,6 +104,7 @@ private slots:
         rs->setValue(QStringLiteral("jrSukunimi"), QStringLiteral("Ensimmäinen"));
         rs->update();
         QCOMPARE(rs->recordCount(), 1);
+        QVERIFY(rs->eof()); // the set stood at its end before the add
         rs->moveFirst();
         QCOMPARE(rs->value(QStringLiteral("jrSukunimi")).toString(), QStringLiteral("Ensimmäinen"));
     }
