@@ -1,4 +1,5 @@
 #include "core/AsetustenTallennus.h"
+#include "core/Asetukset.h"
 #include "core/MainModule.h"
 #include "core/Malli.h"
 #include "core/UpdateDatabase.h"
@@ -174,6 +175,23 @@ private slots:
         QCOMPARE(iniArvo(env, QStringLiteral("MultiDb")), QStringLiteral("1"));
         QCOMPARE(M::DatabasePath, kanta);
         QVERIFY(M::MultiDb);
+
+        // What the save writes, the next start reads back the same.
+        M::resetGlobals();
+        LueAsetukset(*db::Database::open(kanta));
+        QCOMPARE(M::RegName, QStringLiteral("Äänekosken Latu ry"));
+        QVERIFY(M::EmailSystem);
+        QCOMPARE(M::EmailPerMin, 30L);
+        QCOMPARE(M::Laskunro, 1200L);
+        QCOMPARE(M::VarmuuskopioPv, 14L);
+        QVERIFY(M::AutoJasennumero);
+        QVERIFY(M::MuistutaVarm);
+        QCOMPARE(M::Muistutuskulut, Currency::fromUnits(5));
+        QCOMPARE(M::Viivastyskorko, 7.5);
+        QCOMPARE(M::FonttiKoko, 11);
+        QCOMPARE(M::MargAla, 13);
+        QCOMPARE(M::RaporttiMarginaalit.bottom, 13 * 48);
+        QCOMPARE(M::MuistutusLoppu, QStringLiteral("Jos olet jo maksanut, tämä muistutus on aiheeton."));
     }
 
     // The first bad number stops the save at its turn: the keys before it are stored, it and
