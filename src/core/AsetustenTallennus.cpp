@@ -200,9 +200,19 @@ AsetustenTallennusTulos TallennaAsetukset(const AsetuksetSyote &s)
         try {
             // The path may be a new one.
             UpdateDatabase(*kanta);
+        } catch (const db::DbError &e) {
+            if (e.kind() == db::ErrorKind::Corrupt) {
+                // Damage that only showed past the opening gets the same repair.
+                kanta.reset();
+                KorjaaTietokanta(true);
+            } else {
+                IlmoitaVirhe(QStringLiteral("Tietokannan päivitys ei onnistunut:\n%1").arg(e.message()));
+            }
         } catch (const std::exception &e) {
             IlmoitaVirhe(QStringLiteral("Tietokannan päivitys ei onnistunut:\n%1").arg(QString::fromUtf8(e.what())));
         }
+    }
+    if (kanta) {
         store.emplace(*kanta);
         store->setSection(QStringLiteral("VONARI"));
     }
