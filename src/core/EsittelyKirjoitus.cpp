@@ -149,9 +149,10 @@ qint64 seuraavaLaskuId(db::Database &db)
 
 void laskut(db::Database &db, Seura &s)
 {
-    Lisays lt(db, QStringLiteral("lt"), {QStringLiteral("ltNimi")});
+    // The template brings a few headings of its own; the same heading is not offered twice.
     for (const QString &o : s.otsakkeet)
-        lt.lisaa({o});
+        db.execute(QStringLiteral("INSERT INTO lt (ltNimi) SELECT ? WHERE NOT EXISTS "
+                                  "(SELECT 1 FROM lt WHERE upper(ltNimi) = upper(?))"), {o, o});
     Lisays me(db, QStringLiteral("me"), {QStringLiteral("meTeksti")});
     std::vector<qint64> meID;
     for (const QString &v : s.viestit)

@@ -34,9 +34,9 @@ void luoErat(Seura &s)
         QStringLiteral("Muistathan syyskokouksen 20.11.%1 klo 18 seuran majalla.").arg(Kausi),
     };
     s.otsakkeet = QStringList{
-        QStringLiteral("JÄSENMAKSU %1").arg(Kausi - 1), QStringLiteral("JÄSENMAKSU %1").arg(Kausi),
-        QStringLiteral("KAUSIMAKSU %1").arg(Kausi), QStringLiteral("LASKU"), QStringLiteral("PERHELASKU"),
-        QStringLiteral("LISENSSIMAKSU"), QStringLiteral("TALKOOMAKSU"),
+        QStringLiteral("Jäsenmaksu %1").arg(Kausi - 1), QStringLiteral("Jäsenmaksu %1").arg(Kausi),
+        QStringLiteral("Kausimaksu %1").arg(Kausi), QStringLiteral("Lasku"), QStringLiteral("Perhelasku"),
+        QStringLiteral("Lisenssimaksu"), QStringLiteral("Talkoomaksu"),
     };
     s.myyntilajit = {
         {QStringLiteral("3010"), QStringLiteral("Jäsenmaksut")},   {QStringLiteral("3020"), QStringLiteral("Kausimaksut")},

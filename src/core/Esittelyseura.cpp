@@ -38,7 +38,7 @@ QList<QPair<QString, QString>> asetukset(const Seura &s)
         k("YTunnus", QStringLiteral("2918476-3")),
         k("Laskunro", QString::number(s.suurinLaskunumero + 1)),
         k("Jasennro", QString::number(s.suurinJasennumero)),
-        k("BackupDate", QStringLiteral("1.11.%1").arg(Kausi)),
+        k("BackupDate", QDate(Kausi, 11, 1).toString(Qt::ISODate)),
         k("VarmuuskopioPv", QStringLiteral("30")),
         k("AutoJasennumero", QStringLiteral("1")),
         k("MuistutaVarm", QStringLiteral("0")),

@@ -1,4 +1,6 @@
+#include "core/Asetukset.h"
 #include "core/Esittelyseura.h"
+#include "core/MainModule.h"
 #include "core/Malli.h"
 #include "core/Misc.h"
 #include "core/Ohjelmakansio.h"
@@ -251,6 +253,28 @@ private slots:
         for (const char *taulu : {"Jasenlaji", "Jasenryhma", "Maa", "Postinumero", "lt", "me", "ml"})
             QVERIFY2(luku(*d, QStringLiteral("SELECT COUNT(*) FROM %1").arg(QLatin1String(taulu))) > 2, taulu);
         QCOMPARE(luku(*d, QStringLiteral("SELECT COUNT(*) FROM Maa WHERE TulosteTeksti IS NULL OR TulosteTeksti = ''")), 0);
+        QCOMPARE(luku(*d, QStringLiteral("SELECT COUNT(*) - COUNT(DISTINCT upper(ltNimi)) FROM lt")), 0);
+    }
+
+    void settingsReadIntoTheProgram()
+    {
+        TestEnv env;
+        auto d = Database::open(seurat::Kopio(150, env.path(QStringLiteral("a.mdb"))));
+        const QString ennen = seurat::Sisalto(*d);
+        LueAsetukset(*d);
+        QCOMPARE(seurat::Sisalto(*d), ennen); // nothing needed mending
+        using namespace MainModule;
+        QCOMPARE(RegName, asetus(*d, "RegName"));
+        QCOMPARE(qint64(Laskunro), luku(*d, QStringLiteral("SELECT MAX(jmhjmLaskunumero) + 1 FROM jmhist")));
+        QCOMPARE(qint64(Jasennro), luku(*d, QStringLiteral("SELECT MAX(CAST(jrJasennumero AS INTEGER)) FROM jr")));
+        QVERIFY(AutoJasennumero);
+        QVERIFY(!MuistutaVarm);
+        QCOMPARE(BackupDate, ParsePaiva(asetus(*d, "BackupDate")));
+        QCOMPARE(VarmuuskopioPv, 30L);
+        QCOMPARE(Muistutuskulut, Currency::fromUnits(5));
+        QVERIFY(Viivastyskorko > 0);
+        QCOMPARE(MuistutusOtsake, asetus(*d, "MuistutusOtsake"));
+        QCOMPARE(FonttiKoko, 10);
     }
 
     void aClubWithMembersIsNotFilledAgain()
