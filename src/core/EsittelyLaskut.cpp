@@ -45,13 +45,13 @@ void luoErat(Seura &s)
     };
     s.erat.resize(4);
     s.erat[Jasenmaksu1] = {QDate(Kausi - 1, 2, 10), QDate(Kausi - 1, 3, 10), s.otsakkeet[0],
-                           QStringLiteral("Jäsenmaksu %1").arg(Kausi - 1), 0, true, true, false, false};
+                           QStringLiteral("Jäsenmaksu %1").arg(Kausi - 1), 0, true, false, false};
     s.erat[Jasenmaksu2] = {QDate(Kausi, 2, 9), QDate(Kausi, 3, 9), s.otsakkeet[1],
-                           QStringLiteral("Jäsenmaksu %1").arg(Kausi), 1, true, true, false, false};
+                           QStringLiteral("Jäsenmaksu %1").arg(Kausi), 1, true, false, false};
     s.erat[Myynti] = {QDate(Kausi, 5, 4), QDate(Kausi, 5, 25), s.otsakkeet[3], QStringLiteral("Seuratuotteet"),
-                      -1, false, false, false, false};
+                      -1, false, false, false};
     s.erat[Kausimaksut] = {QDate(Kausi, 8, 17), QDate(Kausi, 9, 14), s.otsakkeet[2],
-                           QStringLiteral("Kausimaksu syksy %1").arg(Kausi), 2, false, false, true, true};
+                           QStringLiteral("Kausimaksu syksy %1").arg(Kausi), 2, false, true, true};
 }
 
 QString nimi(const Jasen &j) { return j.sukunimi + QLatin1Char(' ') + j.etunimi; }

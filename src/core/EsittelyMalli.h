@@ -100,7 +100,7 @@ struct Era {
     QDate laskupaiva, erapaiva;
     QString otsake, teksti;
     int viesti = -1; // index into Seura::viestit, -1 for no additional text
-    bool jasenmaksu = false, perhe = false, omin = false, vainTili2 = false;
+    bool jasenmaksu = false, omin = false, vainTili2 = false;
 };
 
 struct Lasku {
