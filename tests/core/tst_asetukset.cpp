@@ -1,5 +1,7 @@
 #include "core/Asetukset.h"
 #include "core/MainModule.h"
+#include "core/Malli.h"
+#include "core/UpdateDatabase.h"
 #include "platform/files.h"
 #include "scripteddialogs.h"
 #include "testenv.h"
@@ -16,14 +18,25 @@ namespace {
 
 const QString Ei = u"<ei riviä>"_s;
 
+// An upgraded empty club, made once and copied for each case.
+QString ajantasainenMalli()
+{
+    static QTemporaryDir kansio;
+    static const QString polku = [] {
+        const QString p = kansio.filePath(u"malli.mdb"_s);
+        LuoMalliTietokanta(p);
+        UpdateDatabase(*db::Database::open(p));
+        return p;
+    }();
+    return polku;
+}
+
 // A club database holding the given VONARI keys; a value of `Ei` leaves the key out.
 std::unique_ptr<db::Database> seura(TestEnv &env, const QList<QPair<QString, QString>> &avaimet = {})
 {
     DatabasePath = env.path(u"seura.mdb"_s);
-    auto d = db::Database::create(DatabasePath);
-    d->execute(u"CREATE TABLE Settings (setID INTEGER PRIMARY KEY AUTOINCREMENT, "
-               "setSection VARCHAR(255) CHECK (length(setSection) <= 255), setKey VARCHAR(255) CHECK (length(setKey) <= 255), "
-               "setString VARCHAR(255) CHECK (length(setString) <= 255))"_s);
+    QFile::copy(ajantasainenMalli(), DatabasePath);
+    auto d = db::Database::open(DatabasePath);
     for (const auto &[avain, arvo] : avaimet)
         if (arvo != Ei)
             d->execute(u"INSERT INTO Settings (setSection, setKey, setString) VALUES ('VONARI', ?, ?)"_s, {avain, arvo});
