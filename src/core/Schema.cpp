@@ -448,14 +448,6 @@ const SchemaIndex *SchemaTable::indeksi(const QString &name) const
     return nullptr;
 }
 
-const SchemaField &SchemaTable::avain() const
-{
-    for (const SchemaField &f : kentat)
-        if (f.laji == KenttaLaji::AutoNumber)
-            return f;
-    return kentat.first(); // every declared table has its AutoNumber key first
-}
-
 QString SchemaTable::luontiLause() const
 {
     QStringList sarakkeet;

@@ -39,7 +39,6 @@ struct SchemaTable {
 
     const SchemaField *kentta(const QString &name) const; // case-insensitive
     const SchemaIndex *indeksi(const QString &name) const; // exact
-    const SchemaField &avain() const;                      // the AutoNumber primary key
 
     // CREATE TABLE with the fields the table is born with (the template's or the creating
     // step's); the fields of later steps are added by ALTER TABLE.
