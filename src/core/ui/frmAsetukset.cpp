@@ -6,15 +6,10 @@
 #include "core/Tietokanta.h"
 #include "core/ui/frmAsetuksetLisa.h"
 #include "core/ui/uihelpers.h"
-#include "platform/dialogs.h"
-#include "platform/files.h"
-#include "platform/mxlookup.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFileInfo>
-#include <QFocusEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
