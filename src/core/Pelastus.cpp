@@ -108,11 +108,12 @@ private:
     bool ohitaVika(qint64 *jalkeen)
     {
         const qint64 suurin = std::numeric_limits<qint64>::max();
-        qint64 huono = *jalkeen;
+        // Identities are positive: nothing is looked for below zero.
+        qint64 huono = std::max<qint64>(*jalkeen, 0);
         qint64 askel = 1;
         qint64 hyva = 0;
         for (;;) {
-            if (askel > suurin - huono)
+            if (huono > suurin - askel)
                 return false;
             const qint64 kokeilu = huono + askel;
             const Haku h = hae(kokeilu);
@@ -166,6 +167,8 @@ bool pelastaTietokanta(const QString &vioittunut, const QString &uusi, Pelastus 
         auto d = db::Database::create(uusi);
         // Flushed once at the end: a stopped salvage leaves only this output, which is redone.
         d->execute(QStringLiteral("PRAGMA synchronous=OFF"));
+        // Lets a file shorter than its header says be read as far as it goes.
+        d->execute(QStringLiteral("PRAGMA writable_schema=ON"));
         d->execute(QStringLiteral("ATTACH DATABASE ? AS vanha"), {lukuOsoite(vioittunut)});
         QVector<Rakenneosa> rakenne;
         try {
@@ -192,6 +195,7 @@ bool pelastaTietokanta(const QString &vioittunut, const QString &uusi, Pelastus 
             }
         }
         d->execute(QStringLiteral("DETACH DATABASE vanha"));
+        d->execute(QStringLiteral("PRAGMA writable_schema=OFF"));
         QString raportti;
         if (!eheystarkistus(*d, true, &raportti)) {
             *virhe = {db::errorNumber(db::ErrorKind::Corrupt),
