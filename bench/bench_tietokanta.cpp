@@ -1,7 +1,9 @@
 // Backup with reorganisation, and the opening at start with its damage check, on a club of
 // 100,000 members. The bare engine operations beside them give the floor.
 #include "core/MainModule.h"
+#include "core/Malli.h"
 #include "core/Tietokanta.h"
+#include "core/UpdateDatabase.h"
 #include "platform/database.h"
 #include "scripteddialogs.h"
 #include "testenv.h"
@@ -12,38 +14,6 @@
 #include <benchmark/benchmark.h>
 
 namespace {
-
-const char *const kRakenne = R"(
-CREATE TABLE jr (jrID INTEGER PRIMARY KEY AUTOINCREMENT, jrSukunimi VARCHAR(50), jrEtunimi VARCHAR(50),
-  jrOsoite VARCHAR(50), jrPostinumero VARCHAR(5), jrPostitoimipaikka VARCHAR(50), jrPuhelin VARCHAR(30),
-  jrMatkapuhelin VARCHAR(30), jrEmail VARCHAR(50), jrJasennumero VARCHAR(10), jrJasenmaksu INTEGER, jrSyntyma TEXT,
-  jrLiittyma TEXT, jrMukaan INTEGER, jrMukaan2 INTEGER, jrKatu VARCHAR(50), jrMuistio TEXT, BackupRow INTEGER);
-CREATE UNIQUE INDEX jrJasennumero ON jr (jrJasennumero);
-CREATE INDEX jrNimi ON jr (jrSukunimi, jrEtunimi);
-CREATE TABLE jmhist (jmhID INTEGER PRIMARY KEY AUTOINCREMENT, jmhjmID INTEGER, jmhjmjrID INTEGER,
-  jmhjmLaskunumero INTEGER, jmhjmLaskupaiva TEXT, jmhjmErapaiva TEXT, jmhjmViitenumero VARCHAR(30), jmhjmHinta INTEGER,
-  jmhjmTeksti VARCHAR(80), jmhjmOtsake VARCHAR(30), jmhjmMaksettu INTEGER, BackupRow INTEGER);
-CREATE INDEX jmhjr ON jmhist (jmhjmjrID);
-CREATE INDEX jmhviite ON jmhist (jmhjmViitenumero);
-CREATE TABLE jmRivi (jmRID INTEGER PRIMARY KEY AUTOINCREMENT, jmRjmID INTEGER, jmRPaiva TEXT, jmRHinta INTEGER,
-  jmRTeksti VARCHAR(255), jmRMaksettu INTEGER, jmRjrID INTEGER, BackupRow INTEGER);
-CREATE INDEX jmidx ON jmRivi (jmRjmID);
-CREATE INDEX jridx ON jmRivi (jmRjrID);
-CREATE TABLE pt (ptID INTEGER PRIMARY KEY AUTOINCREMENT, ptjrID INTEGER, ptpiID INTEGER, ptValCurrency INTEGER,
-  ptValDate TEXT, ptValLong INTEGER, ptValMemo TEXT, BackupRow INTEGER);
-CREATE INDEX ptjr ON pt (ptjrID);
-CREATE TABLE jrPerhe (jrPID INTEGER PRIMARY KEY AUTOINCREMENT, jrPMID INTEGER, jrPSubID INTEGER, BackupRow INTEGER);
-CREATE TABLE jm (jmID INTEGER PRIMARY KEY AUTOINCREMENT, jmjrID INTEGER, jmLaskunumero INTEGER, BackupRow INTEGER);
-CREATE TABLE am (amID INTEGER PRIMARY KEY AUTOINCREMENT, BackupRow INTEGER);
-CREATE TABLE amRivi (amRID INTEGER PRIMARY KEY AUTOINCREMENT, BackupRow INTEGER);
-CREATE TABLE lt (ltID INTEGER PRIMARY KEY AUTOINCREMENT, ltNimi VARCHAR(50), BackupRow INTEGER);
-CREATE TABLE me (meID INTEGER PRIMARY KEY AUTOINCREMENT, meTeksti TEXT, BackupRow INTEGER);
-CREATE TABLE ml (mlID INTEGER PRIMARY KEY AUTOINCREMENT, mlNimi VARCHAR(50), BackupRow INTEGER);
-CREATE TABLE pi (piID INTEGER PRIMARY KEY AUTOINCREMENT, piNimi VARCHAR(50), BackupRow INTEGER);
-CREATE TABLE Jasenlaji (Jasenlaji_ID INTEGER PRIMARY KEY AUTOINCREMENT, Jasenlaji_Nimi VARCHAR(50), BackupRow INTEGER);
-CREATE TABLE Jasenryhma (Jasenryhma_ID INTEGER PRIMARY KEY AUTOINCREMENT, Jasenryhma_Nimi VARCHAR(50), BackupRow INTEGER);
-CREATE TABLE Settings (setID INTEGER PRIMARY KEY AUTOINCREMENT, setSection VARCHAR(255), setKey VARCHAR(255), setString VARCHAR(255));
-)";
 
 // Members with three years of invoices, their rows, attribute values and families.
 const char *const kRivit = R"(
@@ -75,8 +45,9 @@ struct Kerho {
     {
         QDir(env.root()).mkpath(QStringLiteral("varmuus"));
         kanta = env.path(QStringLiteral("kerho.mdb"));
-        auto d = db::Database::create(kanta);
-        d->executeScript(QString::fromUtf8(kRakenne));
+        LuoMalliTietokanta(kanta);
+        auto d = db::Database::open(kanta);
+        UpdateDatabase(*d);
         db::Transaction t(*d);
         d->executeScript(QString::fromUtf8(kRivit));
         t.commit();

@@ -3,6 +3,7 @@
 
 #include "core/Kantatiedosto.h"
 #include "core/MainModule.h"
+#include "core/Malli.h"
 #include "core/Misc.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
@@ -51,6 +52,13 @@ bool PerustaTietokanta(const QString &teksti, const QString &pohja)
     }
 
     const QString malli = files::programFolder() + QStringLiteral("/mallit/") + pohja;
+    if (malli == MalliPolku()) {
+        try {
+            VarmistaMalli();
+        } catch (const db::DbError &) {
+            // The copy below tells that the template is not there.
+        }
+    }
     kanta::Kopiointi tapa;
     kanta::Virhe v;
     if (!kanta::kopioiTietokanta(malli, kohde, tapa, &v)) {

@@ -150,7 +150,7 @@ void kirjaaVarmuuskopionPaiva(const QString &kanta)
     try {
         auto db = db::Database::open(kanta);
         KantaStore asetukset(*db);
-        asetukset.writeString(QStringLiteral("BackupDate"), PaivaTekstina(QDate::currentDate()));
+        asetukset.writeString(QStringLiteral("BackupDate"), QDate::currentDate().toString(Qt::ISODate));
     } catch (const db::DbError &) {
         // The backup itself is done; the reminder only comes back sooner.
     }

@@ -1,7 +1,10 @@
-// Test clubs for the database lifecycle: a file with the tables the backup marks, and tools to
-// compare, damage and fence in files.
+// Test clubs for the database lifecycle: a club's file made from the template and upgraded, and
+// tools to compare, damage and fence in files.
 #pragma once
 
+#include "core/Asetukset.h"
+#include "core/Malli.h"
+#include "core/UpdateDatabase.h"
 #include "platform/database.h"
 
 #include <QFile>
@@ -14,47 +17,19 @@
 
 namespace kerho {
 
-inline const char *const kRakenne = R"(
-CREATE TABLE am (amID INTEGER PRIMARY KEY AUTOINCREMENT, amjrID INTEGER, amTeksti VARCHAR(80), BackupRow INTEGER);
-CREATE TABLE amRivi (amRID INTEGER PRIMARY KEY AUTOINCREMENT, amRamID INTEGER, amRHinta VARCHAR(255), BackupRow INTEGER);
-CREATE TABLE jm (jmID INTEGER PRIMARY KEY AUTOINCREMENT, jmjrID INTEGER, jmLaskunumero INTEGER, jmHinta INTEGER,
-                 jmTeksti VARCHAR(80), BackupRow INTEGER);
-CREATE TABLE jmhist (jmhID INTEGER PRIMARY KEY AUTOINCREMENT, jmhjmID INTEGER, jmhjmjrID INTEGER,
-                     jmhjmLaskunumero INTEGER, jmhjmHinta INTEGER, jmhjmTeksti VARCHAR(80), BackupRow INTEGER);
-CREATE TABLE jmRivi (jmRID INTEGER PRIMARY KEY AUTOINCREMENT, jmRjmID INTEGER, jmRHinta INTEGER,
-                     jmRTeksti VARCHAR(255), jmRjrID INTEGER, BackupRow INTEGER);
-CREATE INDEX jmidx ON jmRivi (jmRjmID);
-CREATE TABLE jr (jrID INTEGER PRIMARY KEY AUTOINCREMENT, jrSukunimi VARCHAR(50), jrEtunimi VARCHAR(50),
-                 jrOsoite VARCHAR(50), jrJasennumero VARCHAR(10), jrMuistio TEXT, BackupRow INTEGER);
-CREATE UNIQUE INDEX jrJasennumero ON jr (jrJasennumero);
-CREATE INDEX jrNimi ON jr (jrSukunimi, jrEtunimi);
-CREATE TABLE jrPerhe (jrPID INTEGER PRIMARY KEY AUTOINCREMENT, jrPMID INTEGER, jrPSubID INTEGER, BackupRow INTEGER);
-CREATE TABLE lt (ltID INTEGER PRIMARY KEY AUTOINCREMENT, ltNimi VARCHAR(50), BackupRow INTEGER);
-CREATE TABLE me (meID INTEGER PRIMARY KEY AUTOINCREMENT, meTeksti TEXT, BackupRow INTEGER);
-CREATE TABLE ml (mlID INTEGER PRIMARY KEY AUTOINCREMENT, mlNumero VARCHAR(10), mlNimi VARCHAR(50), BackupRow INTEGER);
-CREATE TABLE pi (piID INTEGER PRIMARY KEY AUTOINCREMENT, piNimi VARCHAR(50), BackupRow INTEGER);
-CREATE TABLE pt (ptID INTEGER PRIMARY KEY AUTOINCREMENT, ptjrID INTEGER, ptpiID INTEGER, ptValLong INTEGER, BackupRow INTEGER);
-CREATE TABLE Jasenlaji (Jasenlaji_ID INTEGER PRIMARY KEY AUTOINCREMENT, Jasenlaji_Koodi VARCHAR(50),
-                        Jasenlaji_Nimi VARCHAR(50), BackupRow INTEGER);
-CREATE TABLE Jasenryhma (Jasenryhma_ID INTEGER PRIMARY KEY AUTOINCREMENT, Jasenryhma_Koodi VARCHAR(50),
-                         Jasenryhma_Nimi VARCHAR(50), BackupRow INTEGER);
-CREATE TABLE Settings (setID INTEGER PRIMARY KEY AUTOINCREMENT, setSection VARCHAR(255), setKey VARCHAR(255),
-                       setString VARCHAR(255));
-CREATE VIEW piirteet AS SELECT * FROM pi, pt WHERE pi.piID = pt.ptpiID;
-)";
-
 // A club of `jasenia` members, each with an invoice in history and its row, and an attribute.
 inline void luo(const QString &polku, int jasenia)
 {
-    auto d = db::Database::create(polku);
-    d->executeScript(QString::fromUtf8(kRakenne));
+    LuoMalliTietokanta(polku);
+    auto d = db::Database::open(polku);
+    UpdateDatabase(*d);
+    KantaStore(*d).writeString(QStringLiteral("RegName"), QStringLiteral("Testiseura ry"));
     db::Transaction t(*d);
     d->executeScript(QStringLiteral(
         "INSERT INTO lt (ltNimi) VALUES ('JÄSENMAKSU'); INSERT INTO me (meTeksti) VALUES ('Kiitos!');"
         "INSERT INTO ml (mlNumero, mlNimi) VALUES ('1', 'Kahvi'); INSERT INTO pi (piNimi) VALUES ('Hallitus');"
         "INSERT INTO Jasenlaji (Jasenlaji_Koodi, Jasenlaji_Nimi) VALUES ('V', 'Varsinainen');"
-        "INSERT INTO Jasenryhma (Jasenryhma_Koodi, Jasenryhma_Nimi) VALUES ('A', 'Aikuiset');"
-        "INSERT INTO Settings (setSection, setKey, setString) VALUES ('VONARI', 'RegName', 'Testiseura ry');"));
+        "INSERT INTO Jasenryhma (Jasenryhma_Koodi, Jasenryhma_Nimi) VALUES ('A', 'Aikuiset');"));
     db::Statement jr(*d, QStringLiteral("INSERT INTO jr (jrSukunimi, jrEtunimi, jrOsoite, jrJasennumero, jrMuistio) "
                                         "VALUES (?, ?, ?, ?, ?)"), {1, 1, 1, 1, 1});
     db::Statement hist(*d, QStringLiteral("INSERT INTO jmhist (jmhjmID, jmhjmjrID, jmhjmLaskunumero, jmhjmHinta, jmhjmTeksti) "

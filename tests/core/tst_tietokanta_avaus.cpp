@@ -187,7 +187,7 @@ private slots:
             qint64 sivu = 0;
             {
                 auto d = db::Database::open(kanta, db::OpenMode::ReadOnly);
-                sivu = d->scalar(QStringLiteral("SELECT pageno FROM dbstat WHERE name = 'jrNimi' AND pagetype = 'leaf'")).toLongLong();
+                sivu = d->scalar(QStringLiteral("SELECT pageno FROM dbstat WHERE name = 'jr_jrJasennumeroidx' AND pagetype = 'leaf'")).toLongLong();
             }
             kerho::turmele(kanta, (sivu - 1) * 4096, 4096);
         }

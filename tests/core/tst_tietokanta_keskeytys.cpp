@@ -48,7 +48,6 @@ private slots:
         const QString kansio = env.path(QStringLiteral("varmuus/"));
         const QString kopio = kansio + QStringLiteral("kerho.mdb");
         kerho::luo(kanta, 3000);
-        const kerho::Maarat ennen = kerho::rivit(kanta);
         DatabasePath = kanta;
         BackupPath = kansio;
 
@@ -56,6 +55,7 @@ private slots:
         kello.start();
         QVERIFY(TeeVarmuuskopio());
         const qint64 kesto = std::max<qint64>(kello.elapsed(), 5);
+        const kerho::Maarat ennen = kerho::rivit(kanta); // with the backup date's row
 
         const quint32 siemen = quint32(QDateTime::currentMSecsSinceEpoch());
         QRandomGenerator satunnainen(siemen);

@@ -59,17 +59,18 @@ private slots:
     {
         QTest::addColumn<QString>("vika");
         QTest::addColumn<bool>("asetuksista");
-        QTest::addColumn<QString>("vajaat");
-        QTest::newRow("katkaistu tiedosto") << "katkaistu" << false << "jmhist, jmRivi, jr, pt";
-        QTest::newRow("jäsenten keskimmäinen sivu") << "jr" << true << "jr";
-        QTest::newRow("laskuhistorian juurisivu") << "jmhist" << false << "jmhist";
-        QTest::newRow("vain hakemisto") << "hakemisto" << false << "";
+        QTest::addColumn<QStringList>("vajaat");
+        QTest::newRow("katkaistu tiedosto") << "katkaistu" << false
+                                            << QStringList{"jmRivi", "jmhist", "jr", "pt"};
+        QTest::newRow("jäsenten keskimmäinen sivu") << "jr" << true << QStringList{"jr"};
+        QTest::newRow("laskuhistorian juurisivu") << "jmhist" << false << QStringList{"jmhist"};
+        QTest::newRow("vain hakemisto") << "hakemisto" << false << QStringList{};
     }
     void vioittunutKorjataan()
     {
         QFETCH(QString, vika);
         QFETCH(bool, asetuksista);
-        QFETCH(QString, vajaat);
+        QFETCH(QStringList, vajaat);
         kerho::luo(kanta, 3000);
         const kerho::Maarat ennen = kerho::rivit(kanta);
         const qint64 suurinJasen = arvo(kanta, QStringLiteral("SELECT MAX(jrID) FROM jr"));
@@ -83,7 +84,7 @@ private slots:
             const auto juuri = sivut(kanta, QStringLiteral("jmhist"), QStringLiteral("internal"));
             kerho::turmele(kanta, (juuri.first() - 1) * kSivu, kSivu);
         } else {
-            const auto hakemisto = sivut(kanta, QStringLiteral("jrNimi"), QStringLiteral("leaf"));
+            const auto hakemisto = sivut(kanta, QStringLiteral("jr_jrJasennumeroidx"), QStringLiteral("leaf"));
             kerho::turmele(kanta, (hakemisto.at(1) - 1) * kSivu, kSivu);
         }
         QVERIFY(!kerho::ehja(kanta));
@@ -96,7 +97,11 @@ private slots:
                      ? QStringLiteral("Tietokanta on vioittunut edellisen käyttökerran lopetuksen yhteydessä, yritän korjata tietokannan. Odota hetki.")
                      : QStringLiteral("Tietokanta on mahdollisesti vioittunut edellisen käyttökerran lopetuksen yhteydessä, yritän korjata tietokannan. Odota hetki."));
         QVERIFY(viestit.last().contains(QStringLiteral("Vioittunut tietokanta on tallessa nimellä: ") + KorjauksenJaannos(kanta)));
-        QCOMPARE(viestit.last().contains(QStringLiteral("Kaikkia rivejä ei saatu luettua tauluista: ") + vajaat), !vajaat.isEmpty());
+        const QString vajaaLuettelo = QStringLiteral("\nKaikkia rivejä ei saatu luettua tauluista: ");
+        const int kohta = viestit.last().indexOf(vajaaLuettelo);
+        QStringList kerrotut = kohta < 0 ? QStringList() : viestit.last().mid(kohta + vajaaLuettelo.size()).split(QStringLiteral(", "));
+        kerrotut.sort();
+        QCOMPARE(kerrotut, vajaat);
 
         QCOMPARE(kerho::sisalto(KorjauksenJaannos(kanta)), vioittunut);
         QVERIFY(!QFile::exists(KorjauksenTulos(kanta)));
@@ -104,7 +109,7 @@ private slots:
         const kerho::Maarat jalkeen = kerho::rivit(kanta);
         QCOMPARE(jalkeen.keys(), ennen.keys());
         for (auto it = ennen.cbegin(); it != ennen.cend(); ++it) {
-            if (vajaat.split(QStringLiteral(", ")).contains(it.key()))
+            if (vajaat.contains(it.key()))
                 QVERIFY2(jalkeen.value(it.key()) < it.value(), qPrintable(it.key()));
             else
                 QCOMPARE(jalkeen.value(it.key()), it.value());
@@ -116,7 +121,7 @@ private slots:
             QVERIFY(jalkeen.value(QStringLiteral("jr")) > ennen.value(QStringLiteral("jr")) - 100);
         }
         // Structure and counters came along: indexes, the view, identities never reused.
-        QVERIFY(d->indexNames(QStringLiteral("jr")).contains(QStringLiteral("jrJasennumero")));
+        QVERIFY(d->indexNames(QStringLiteral("jr")).contains(QStringLiteral("jr_jrJasennumeroidx")));
         QVERIFY(d->viewNames().contains(QStringLiteral("piirteet")));
         QVERIFY(d->reserveId(QStringLiteral("jr")) > suurinJasen);
     }
