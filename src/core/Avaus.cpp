@@ -119,7 +119,7 @@ bool onJasenia(db::Database &d)
 bool otaPaivitystaEdeltavaKopio(const QString &kanta)
 {
     const QString kopio = PaivitystaEdeltavaKopio(kanta, QDate::currentDate());
-    if (QFileInfo::exists(kopio))
+    if (files::FileExists(kopio))
         return true;
     kanta::Kopiointi tapa;
     tapa.lukitseLahde = true;

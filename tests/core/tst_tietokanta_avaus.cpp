@@ -1,5 +1,7 @@
 #include "core/MainModule.h"
+#include "core/Malli.h"
 #include "core/Tietokanta.h"
+#include "core/UpdateDatabase.h"
 #include "kerhokanta.h"
 #include "platform/files.h"
 #include "scripteddialogs.h"
@@ -94,6 +96,87 @@ private slots:
         QVERIFY(!avaa());
         QCOMPARE(dlgs->allTexts(), (QStringList{kEiLoydy + DatabasePath, kOletus}));
         QVERIFY(!OletusKantaOtettu);
+    }
+
+    void oletustietokantaOtetaan()
+    {
+        const QString demo = env->programFolder() + QStringLiteral("/demo1.mdb");
+        QDir().mkpath(env->programFolder());
+        kerho::luo(demo, 5);
+        DatabasePath = env->path(QStringLiteral("seura/poistettu.mdb"));
+        dlgs->yes();
+        auto d = avaa();
+        QVERIFY(d);
+        QCOMPARE(d->path(), demo);
+        QVERIFY(OletusKantaOtettu);
+        QCOMPARE(IniAsetukset().readString(QStringLiteral("Database")), demo);
+        QCOMPARE(RegName, QStringLiteral("Testiseura ry")); // the settings were read
+    }
+
+    // An upgrade can always be undone: the club's file as it was is copied beside it first.
+    void paivitystaEdeltavaKopio()
+    {
+        QFile::remove(kanta);
+        LuoMalliTietokanta(kanta);
+        {
+            auto d = db::Database::open(kanta);
+            d->execute(QStringLiteral("INSERT INTO jr (jrSukunimi) VALUES ('Virtanen'), ('Mäkinen')"));
+        }
+        const QString kopio = PaivitystaEdeltavaKopio(kanta, QDate::currentDate());
+        auto d = avaa();
+        QVERIFY(d);
+        QVERIFY(TietokantaOnAjantasalla(*d));
+        QCOMPARE(dlgs->messages(), QStringList{QStringLiteral("Tietokanta päivitetään Vonarin uuteen versioon. Tietokanta "
+                                                              "sellaisena kuin se oli ennen päivitystä on tallessa nimellä:\n") + kopio});
+        auto vanha = db::Database::open(kopio, db::OpenMode::ReadOnly);
+        QVERIFY(!TietokantaOnAjantasalla(*vanha));
+        QCOMPARE(vanha->scalar(QStringLiteral("SELECT count(*) FROM jr")).toInt(), 2);
+        d.reset();
+        dlgs->shown.clear();
+        QVERIFY(avaa()); // current now: nothing more to copy
+        QVERIFY(dlgs->shown.isEmpty());
+    }
+
+    void uusiTyhjaKantaEiKopioida()
+    {
+        QFile::remove(kanta);
+        LuoMalliTietokanta(kanta);
+        auto d = avaa();
+        QVERIFY(d && TietokantaOnAjantasalla(*d));
+        QVERIFY(dlgs->shown.isEmpty());
+        d.reset();
+        QCOMPARE(QDir(env->path(QStringLiteral("seura"))).entryList(QDir::Files), QStringList{QStringLiteral("kerho.mdb")});
+    }
+
+    void kopioEiOnnistu_data()
+    {
+        QTest::addColumn<bool>("jatketaan");
+        QTest::newRow("päivitetään silti") << true;
+        QTest::newRow("lopetetaan") << false;
+    }
+    void kopioEiOnnistu()
+    {
+        QFETCH(bool, jatketaan);
+        QFile::remove(kanta);
+        LuoMalliTietokanta(kanta);
+        {
+            auto d = db::Database::open(kanta);
+            d->execute(QStringLiteral("INSERT INTO jr (jrSukunimi) VALUES ('Virtanen')"));
+        }
+        // A folder stands where the copy would go.
+        QDir().mkpath(PaivitystaEdeltavaKopio(kanta, QDate::currentDate()));
+        dlgs->answer(jatketaan ? dlg::Answer::Yes : dlg::Answer::No);
+        auto d = avaa(!jatketaan);
+        QCOMPARE(bool(d), jatketaan);
+        const QString kysymys = dlgs->shown.first().text;
+        QVERIFY2(kysymys.startsWith(QStringLiteral("Tietokannasta ei voitu ottaa varmuuskopiota ennen sen päivittämistä "
+                                                   "Vonarin uuteen versioon.\n(58 / ")),
+                 qPrintable(kysymys));
+        QVERIFY(kysymys.endsWith(QStringLiteral("\nJatketaanko päivitystä ilman varmuuskopiota?")));
+        if (!jatketaan)
+            QCOMPARE(dlgs->shown.last().text, QStringLiteral("Vonari suljetaan."));
+        d.reset();
+        QCOMPARE(TietokantaOnAjantasalla(*db::Database::open(kanta, db::OpenMode::ReadOnly)), jatketaan);
     }
 
     void kaytossaLopettaa_data()
