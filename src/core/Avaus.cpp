@@ -1,5 +1,5 @@
 // Opening the club's database at start: the read-only question, the error loop and what a
-// clean open leads to. Also the choice of the club in several-clubs mode.
+// clean open leads to.
 #include "core/Tietokanta.h"
 
 #include "core/Asetukset.h"
@@ -7,7 +7,6 @@
 #include "core/MainModule.h"
 #include "core/Misc.h"
 #include "core/UpdateDatabase.h"
-#include "platform/dialogs.h"
 #include "platform/files.h"
 
 #include <QFileInfo>
@@ -166,20 +165,6 @@ void siivoaVarmuusrivit(db::Database &d)
 }
 
 } // namespace
-
-void ValitseSeura()
-{
-    using MainModule::DatabasePath;
-    if (!MainModule::MultiDb)
-        return;
-    dlg::FileRequest pyynto;
-    pyynto.title = QStringLiteral("Seuran valinta");
-    pyynto.filter = QStringLiteral("Database (*.mdb)|*.mdb");
-    pyynto.defaultExt = QStringLiteral("mdb");
-    pyynto.startPath = DatabasePath.endsWith(QLatin1String("mdb"), Qt::CaseInsensitive) ? DatabasePath
-                                                                                        : files::programFolder();
-    DatabasePath = dlg::current().openFile(pyynto);
-}
 
 std::unique_ptr<db::Database> AvaaTietokantaKaynnistyksessa(bool &lopeta)
 {

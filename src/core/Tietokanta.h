@@ -1,5 +1,5 @@
 // The life of the club's database file: opening at start, repair, backup and reorganisation,
-// restore, a new club, several clubs, and the invoice-identity guards.
+// restore, a new club, and the invoice-identity guards.
 #pragma once
 
 #include "platform/database.h"
@@ -18,10 +18,6 @@ QString JarjestelynJaannos(const QString &kanta);
 QString VarmuuskopionNimi(const QString &kansio, const QString &kanta);
 // The copy taken beside the file before an upgrade changes it ("club-ennen-paivitysta-20240131.mdb").
 QString PaivitystaEdeltavaKopio(const QString &kanta, const QDate &paiva);
-
-// Several-clubs mode: the dialog "Seuran valinta" sets DatabasePath for this run only.
-// Does nothing when MultiDb is off.
-void ValitseSeura();
 
 // Opening at start (in the splash): the read-only question, the error loop with the offer of
 // the demonstration database, the stop on a locked file, the repair of a damaged one, and on a

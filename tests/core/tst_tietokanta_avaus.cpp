@@ -292,25 +292,6 @@ private slots:
         QVERIFY(avaa());
         QCOMPARE(kerho::merkittyja(kanta), qint64(0));
     }
-
-    void seuranValinta()
-    {
-        IniAsetukset().writeString(QStringLiteral("Database"), kanta);
-        const QString toinen = env->path(QStringLiteral("seura/toinen.mdb"));
-        ValitseSeura(); // one club: no dialog
-        QCOMPARE(DatabasePath, kanta);
-
-        MultiDb = true;
-        dlgs->choosePath(toinen);
-        ValitseSeura();
-        QCOMPARE(DatabasePath, toinen);
-        QCOMPARE(dlgs->allTexts(), QStringList{QStringLiteral("Seuran valinta")});
-        QCOMPARE(IniAsetukset().readString(QStringLiteral("Database")), kanta);
-
-        dlgs->choosePath(QString());
-        ValitseSeura();
-        QVERIFY(DatabasePath.isEmpty());
-    }
 };
 
 QTEST_GUILESS_MAIN(TestAvaus)
