@@ -317,23 +317,6 @@ private slots:
         QVERIFY(!QFile::exists(JarjestelynTulos(kanta)));
         QVERIFY(keskeneraiset(kansio).isEmpty());
     }
-
-    void merkintarivit()
-    {
-        LisaaVarmuusrivit();
-        LisaaVarmuusrivit(); // starts by removing the former marks
-        QCOMPARE(kerho::merkittyja(kanta), qint64(14));
-        PoistaVarmuusrivit();
-        QCOMPARE(kerho::merkittyja(kanta), qint64(0));
-        // A file that an upgrade has not completed yet is marked where it can be.
-        {
-            auto d = db::Database::open(kanta);
-            d->execute(QStringLiteral("DROP TABLE Jasenryhma"));
-            d->execute(QStringLiteral("ALTER TABLE lt DROP COLUMN BackupRow"));
-        }
-        LisaaVarmuusrivit();
-        QCOMPARE(kerho::merkittyja(kanta), qint64(12));
-    }
 };
 
 QTEST_GUILESS_MAIN(TestVarmuuskopio)
