@@ -28,22 +28,4 @@ QString kaavaLuku(const QString &arvo);        // "12.5" for "12,5"; a plain num
 QString kaavaMerkkijono(const QString &arvo);  // "\"19*\"", an inner quote doubled
 QString kaavaPostinumero(const QString &arvo); // digits as typed, else the twin column's value
 
-// A SAVEPOINT: a run of its own when no transaction is open, a part of the caller's when one is.
-// Rolls back unless released.
-class Tallennuspiste {
-public:
-    explicit Tallennuspiste(db::Database &db);
-    ~Tallennuspiste();
-    void vahvista();
-    Tallennuspiste(const Tallennuspiste &) = delete;
-    Tallennuspiste &operator=(const Tallennuspiste &) = delete;
-
-private:
-    db::Database &m_db;
-    bool m_valmis = false;
-};
-
-// The attribute stage without a savepoint of its own, as both AsetaMukaan forms share it.
-void ominaisuusVaihe(db::Database &db, const HakuParametrit &p, bool tarkennuksin);
-
 } // namespace haku

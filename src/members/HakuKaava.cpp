@@ -129,12 +129,13 @@ ValintaSql KoostaValintaSql(db::Database &db, const QString &sKentat, const Haku
         sqlPaivaEhto(s, u"jrSyntyma"_s, p.dateSynt, p.eqSynt);
     if (!p.dateLiit.isEmpty())
         sqlPaivaEhto(s, u"jrLiittyma"_s, p.dateLiit, p.eqLiit);
+    // As the flags compare postal codes, but without the ends.
     if (!p.lPostinumeroAlku.isEmpty()) {
-        s.sql += u" AND jrPostinumero > ? COLLATE FI"_s;
+        s.sql += u" AND jrPostinumero > ? COLLATE NOCASE"_s;
         s.arvot.append(p.lPostinumeroAlku);
     }
     if (!p.lPostinumeroLoppu.isEmpty()) {
-        s.sql += u" AND jrPostinumero < ? COLLATE FI"_s;
+        s.sql += u" AND jrPostinumero < ? COLLATE NOCASE"_s;
         s.arvot.append(p.lPostinumeroLoppu);
     }
     static const QString jarjestys[] = {u" ORDER BY jrSukunimi COLLATE FI"_s, u" ORDER BY jrPostinumero COLLATE FI"_s,

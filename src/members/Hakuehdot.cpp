@@ -176,23 +176,4 @@ QString kaavaPostinumero(const QString &arvo)
     return QString::number(qint64(d));
 }
 
-Tallennuspiste::Tallennuspiste(db::Database &db) : m_db(db) { m_db.execute(u"SAVEPOINT hakuehdot"_s); }
-
-Tallennuspiste::~Tallennuspiste()
-{
-    if (m_valmis)
-        return;
-    try {
-        m_db.execute(u"ROLLBACK TO hakuehdot"_s);
-        m_db.execute(u"RELEASE hakuehdot"_s);
-    } catch (...) {
-    }
-}
-
-void Tallennuspiste::vahvista()
-{
-    m_db.execute(u"RELEASE hakuehdot"_s);
-    m_valmis = true;
-}
-
 } // namespace haku

@@ -88,10 +88,10 @@ struct HakuOminaisuus {
 QVector<HakuOminaisuus> HakuOminaisuudet(db::Database &db);
 
 // The flags: `jrMukaan` true for the members the block selects. Attribute stage, refinements and
-// filters, in one transaction. A "*" in a date condition cannot be written as flags: the
-// condition is dropped with a message and the run goes on. The postal range includes its ends
-// here and compares the code as text. A member whose date is Null is not taken out by a date
-// condition.
+// filters are written by one statement: all or nothing. A "*" in a date condition cannot be
+// written as flags: the condition is dropped with a message and the run goes on. The postal
+// range includes its ends here and compares the code as text. A member whose date is Null is not
+// taken out by a date condition.
 void AsetaMukaan(db::Database &db, const HakuParametrit &p = Haku);
 
 // The attribute stage alone, without refinements and filters (the formula and SELECT forms lean

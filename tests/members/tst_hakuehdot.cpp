@@ -400,15 +400,15 @@ private slots:
         rivi("postal range: ends in, ends out",
              lohko({}, [](auto &p) { p.lPostinumeroAlku = u"00100"_s, p.lPostinumeroLoppu = u"33100"_s; }),
              u"{jr.jrID} > 0 and {jr.jrPostinumeroNumero} > 00100 and {jr.jrPostinumeroNumero} < 33100"_s,
-             Kaikki + u" AND jrPostinumero > ? COLLATE FI AND jrPostinumero < ? COLLATE FI"_s + Sukunimi,
+             Kaikki + u" AND jrPostinumero > ? COLLATE NOCASE AND jrPostinumero < ? COLLATE NOCASE"_s + Sukunimi,
              u"Postinumero välillä: 00100 - 33100"_s, kaikki, "Berg Cederberg Dahl", "Berg Cederberg Dahl");
         rivi("postal start: text against number", lohko({}, [](auto &p) { p.lPostinumeroAlku = u"1000"_s; }),
              u"{jr.jrID} > 0 and {jr.jrPostinumeroNumero} > 1000"_s,
-             Kaikki + u" AND jrPostinumero > ? COLLATE FI"_s + Sukunimi, u"Postinumero >1000"_s,
+             Kaikki + u" AND jrPostinumero > ? COLLATE NOCASE"_s + Sukunimi, u"Postinumero >1000"_s,
              "Cederberg Dahl Eklund Forsman", "Eklund", "Dahl Eklund");
         rivi("postal end", lohko({}, [](auto &p) { p.lPostinumeroLoppu = u"00200"_s; }),
              u"{jr.jrID} > 0 and {jr.jrPostinumeroNumero} < 00200"_s,
-             Kaikki + u" AND jrPostinumero < ? COLLATE FI"_s + Sukunimi, u"Postinumero <00200"_s,
+             Kaikki + u" AND jrPostinumero < ? COLLATE NOCASE"_s + Sukunimi, u"Postinumero <00200"_s,
              "Aalto Berg Forsman", "Aalto", "Aalto");
         rivi("everything at once",
              lohko({1}, [](auto &p) {
@@ -416,13 +416,13 @@ private slots:
              }),
              Yksi + u"1 and {jr.jrJasenmaksu} = True and {jr.jrSyntyma} < Date(1970,1,1) and "
                     "{jr.jrPostinumeroNumero} > 00100"_s,
-             Liitos + u" AND ptpiID = ? AND jrJasenmaksu = 1 AND jrSyntyma < ? AND jrPostinumero > ? COLLATE FI"_s
+             Liitos + u" AND ptpiID = ? AND jrJasenmaksu = 1 AND jrSyntyma < ? AND jrPostinumero > ? COLLATE NOCASE"_s
                  + Sukunimi,
              u"Kuoro JA Jäsenmaksu maksettu JA Syntymäaika: <1.1.1970 JA Postinumero >00100"_s, "Aalto", "", "");
         rivi("quote and apostrophe stay values",
              lohko({}, [](auto &p) { p.dateSynt = u"19\"*"_s, p.lPostinumeroLoppu = u"9'9"_s; }),
              u"{jr.jrID} > 0 and ToText(Year({jr.jrSyntyma}),0) like \"19\"\"*\" and {jr.jrPostinumeroNumero} < 0"_s,
-             Kaikki + u" AND YEAR(jrSyntyma)"_s + Vuosi + u" AND jrPostinumero < ? COLLATE FI"_s + Sukunimi,
+             Kaikki + u" AND YEAR(jrSyntyma)"_s + Vuosi + u" AND jrPostinumero < ? COLLATE NOCASE"_s + Sukunimi,
              u"Syntymäaika: ~19\"* JA Postinumero <9'9"_s, kaikki, "", "", {TahtiSynt});
     }
     void muodot()
