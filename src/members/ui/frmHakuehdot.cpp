@@ -72,21 +72,21 @@ frmHakuehdot::frmHakuehdot(QWidget *parent) : QDialog(parent)
     setObjectName(u"frmHakuehdot"_s);
     setWindowTitle(u"Vonari - Hakuehdot"_s);
 
-    auto *sarakkeet = new QHBoxLayout;
-    sarakkeet->addWidget(luoOminaisuudet(), 1);
-    sarakkeet->addWidget(luoRajoitukset());
-
     cSeuraava = new QPushButton(u"Seuraava >>"_s);
     cSeuraava->setObjectName(u"cSeuraava"_s);
     cSeuraava->setDefault(true);
     connect(cSeuraava, &QPushButton::clicked, this, &frmHakuehdot::cSeuraava_Click);
-    auto *napit = new QHBoxLayout;
-    napit->addStretch();
-    napit->addWidget(cSeuraava);
 
-    auto *koko = new QVBoxLayout(this);
-    koko->addLayout(sarakkeet);
-    koko->addLayout(napit);
+    // The list makes the left column the taller one; the button takes the room under the right.
+    auto *oikea = new QVBoxLayout;
+    oikea->addWidget(luoRajoitukset());
+    oikea->addStretch();
+    oikea->addWidget(cSeuraava, 0, Qt::AlignRight);
+
+    auto *sarakkeet = new QHBoxLayout(this);
+    sarakkeet->setSpacing(12);
+    sarakkeet->addWidget(luoOminaisuudet(), 1);
+    sarakkeet->addLayout(oikea);
 
     m_tarkistettavat = {tDate, tLong, tCurrency, tSyntAika, tLiit};
     for (QLineEdit *t : m_tarkistettavat)
@@ -104,7 +104,8 @@ QWidget *frmHakuehdot::luoOminaisuudet()
     lstOminaisuudet = new QListWidget;
     lstOminaisuudet->setObjectName(u"lstOminaisuudet"_s);
     lstOminaisuudet->setSelectionMode(QAbstractItemView::MultiSelection);
-    lstOminaisuudet->setMinimumHeight(160);
+    lstOminaisuudet->setMinimumHeight(220);
+    lstOminaisuudet->setSpacing(1);
     auto *otsikko = new QLabel(u"Ominaisuudet:"_s);
     otsikko->setBuddy(lstOminaisuudet);
     asettelu->addWidget(otsikko);
@@ -179,7 +180,6 @@ QWidget *frmHakuehdot::luoRajoitukset()
     }
     postiAsettelu->addStretch();
     asettelu->addWidget(posti);
-    asettelu->addStretch();
     return kehys;
 }
 
@@ -192,6 +192,7 @@ QLineEdit *frmHakuehdot::ehtoRivi(QGridLayout *ruudukko, int rivi, const QString
     t->setFixedWidth(fontMetrics().horizontalAdvance(u"00.00.00000"_s));
     auto *l = new QLabel(otsikko);
     l->setBuddy(t);
+    l->setMinimumHeight(t->sizeHint().height()); // level with the box's text
     auto *pino = new QVBoxLayout;
     pino->setSpacing(0);
     napit = vaihtoehdot(this, pino, {Vertailut[0], Vertailut[1], Vertailut[2]}, nappiNimi);
