@@ -23,9 +23,9 @@ HakuehtoVirhe::HakuehtoVirhe(const QString &viesti) : std::runtime_error(viesti.
 QString HakuOperaattoriTeksti(int koodi)
 {
     switch (koodi) {
-    case Pienempi: return u"<"_s;
-    case Yhtasuuri: return u"="_s;
-    case Suurempi: return u">"_s;
+    case HakuParametrit::Pienempi: return u"<"_s;
+    case HakuParametrit::Yhtasuuri: return u"="_s;
+    case HakuParametrit::Suurempi: return u">"_s;
     }
     throw HakuehtoVirhe(u"Hakuehdoissa on tuntematon vertailu (%1)."_s.arg(koodi));
 }

@@ -15,10 +15,10 @@
 #include <optional>
 #include <stdexcept>
 
-// Operator codes of every condition: 0 "<", 1 "=", 2 ">".
-enum HakuOperaattori { Pienempi = 0, Yhtasuuri = 1, Suurempi = 2 };
-
 struct HakuParametrit {
+    // Operator codes of every condition: 0 "<", 1 "=", 2 ">".
+    enum Operaattori { Pienempi = 0, Yhtasuuri = 1, Suurempi = 2 };
+
     static constexpr int Paikkoja = 31;    // ValitutOminaisuudet, index 0 to 30
     static constexpr int Valittavissa = 30; // the window fills at most index 0 to 29
 

@@ -357,16 +357,12 @@ private slots:
              "Aalto Berg Cederberg Eklund Forsman", "Aalto Berg Cederberg Eklund Forsman");
         rivi("JA", lohko({1, 3}, [](auto &p) { p.bOminAnd = true; }), Tosi, Mukaan + Sukunimi,
              u"Kuoro JA Hallitus"_s, "Eklund", "Eklund", "Eklund");
-        rivi("JA of three, nobody has all", lohko({2, 3, 1}, [](auto &p) { p.bOminAnd = true; }), Tosi,
-             Mukaan + Sukunimi, u"Soitto JA Hallitus JA Kuoro"_s, "", "", "");
         rivi("EI one", lohko({1}, [](auto &p) { p.bOminNot = true; }), Tosi, Mukaan + Sukunimi, u"EI (Kuoro)"_s,
              "Cederberg Dahl Forsman", "Cederberg Dahl Forsman", "Cederberg Dahl Forsman");
         rivi("EI with TAI", lohko({1, 2}, [](auto &p) { p.bOminNot = true; }), Tosi, Mukaan + Sukunimi,
              u"EI (Kuoro JA Soitto)"_s, "Dahl Forsman", "Dahl Forsman", "Dahl Forsman");
         rivi("EI with JA selects as TAI", lohko({1, 2}, [](auto &p) { p.bOminNot = p.bOminAnd = true; }), Tosi,
              Mukaan + Sukunimi, u"EI (Kuoro JA Soitto)"_s, "Dahl Forsman", "Dahl Forsman", "Dahl Forsman");
-        rivi("deleted attribute", lohko({99}), Yksi + u"99"_s, Liitos + u" AND ptpiID = ?"_s + Sukunimi, u""_s, "",
-             "", "");
         rivi("deleted attribute in JA", lohko({99, 1}, [](auto &p) { p.bOminAnd = true; }), Tosi, Mukaan + Sukunimi,
              u"Kuoro"_s, "", "", "");
         rivi("paid, by postal code", lohko({}, [](auto &p) { p.lJasenmaksunTila = 0, p.iTulJarj = 1; }),
@@ -388,9 +384,6 @@ private slots:
              u"{jr.jrID} > 0 and ToText(Year({jr.jrSyntyma}),0) like \"19*\""_s,
              Kaikki + u" AND YEAR(jrSyntyma)"_s + Vuosi + Sukunimi, u"Syntymäaika: ~19*"_s, kaikki,
              "Aalto Berg Cederberg Eklund Forsman", "Aalto Berg Cederberg Eklund Forsman", {TahtiSynt});
-        rivi("joined on a day", lohko({}, [](auto &p) { p.dateLiit = u"01.01.2010"_s, p.eqLiit = 1; }),
-             u"{jr.jrID} > 0 and {jr.jrLiittyma} = Date(2010,1,1)"_s, Kaikki + u" AND jrLiittyma = ?"_s + Sukunimi,
-             u"Liittymisaika: =1.1.2010"_s, "Berg Dahl", "Berg", "Berg");
         rivi("joined after", lohko({}, [](auto &p) { p.dateLiit = u"1.1.2012"_s, p.eqLiit = 2; }),
              u"{jr.jrID} > 0 and {jr.jrLiittyma} > Date(2012,1,1)"_s, Kaikki + u" AND jrLiittyma > ?"_s + Sukunimi,
              u"Liittymisaika: >1.1.2012"_s, "Cederberg Dahl Eklund", "Cederberg Eklund", "Cederberg Eklund");
@@ -565,8 +558,6 @@ private slots:
                               << u"Hakuehdon päivämäärä \"huomenna\" ei ole päivämäärä."_s;
         QTest::newRow("birth date") << lohko({}, [](auto &p) { p.dateSynt = u"31.2.1970"_s; }) << u""_s
                                     << u"Hakuehdon syntymäpäivä \"31.2.1970\" ei ole päivämäärä."_s;
-        QTest::newRow("joining date") << lohko({}, [](auto &p) { p.dateLiit = u" "_s; }) << u""_s
-                                      << u"Hakuehdon liittymispäivä \" \" ei ole päivämäärä."_s;
         QTest::newRow("number") << lohko({1}, [](auto &p) { p.sheLong = u"5*"_s; }) << u""_s
                                 << u"Hakuehdon luku \"5*\" ei ole numero."_s;
         QTest::newRow("amount") << lohko({1}, [](auto &p) { p.sheCurrency = u"1e400"_s; }) << u""_s
@@ -644,22 +635,15 @@ private slots:
             QTest::newRow(nimi) << laji << syotto << tulos << hylatty;
         };
         rivi("date short form", 0, u"01.02.2000"_s, u"1.2.2000"_s);
-        rivi("date two-digit year", 0, u"1.2.85"_s, u"1.2.1985"_s);
-        rivi("date ISO", 0, u"2000-02-01"_s, u"1.2.2000"_s);
         rivi("date star as typed", 0, u"19*"_s, u"19*"_s);
         rivi("date empty", 0, u""_s, u""_s);
         rivi("date impossible", 0, u"30.2.2000"_s, u""_s, true);
-        rivi("date words", 0, u"eilen"_s, u""_s, true);
         rivi("date blank", 0, u"  "_s, u""_s, true);
         rivi("number whole", 1, u"12"_s, u"12"_s);
         rivi("number half to even down", 1, u"12,5"_s, u"12"_s);
         rivi("number half to even up", 1, u"13,5"_s, u"14"_s);
-        rivi("number grouped", 1, u"1 000"_s, u"1000"_s);
-        rivi("number negative", 1, u"-3"_s, u"-3"_s);
         rivi("number beyond 32 bits", 1, u"3000000000"_s, u""_s, true);
-        rivi("number star", 1, u"1*"_s, u""_s, true);
         rivi("amount comma as typed", 2, u"12,50"_s, u"12,50"_s);
-        rivi("amount point as typed", 2, u"12.5"_s, u"12.5"_s);
         rivi("amount words", 2, u"paljon"_s, u""_s, true);
     }
     void syotonTarkistus()
