@@ -7,6 +7,10 @@
 #include <QFileInfo>
 #include <QXmlStreamReader>
 
+// Outside any namespace, as the resource initialiser requires; it keeps the built-in
+// definitions in a program that links nothing else of the static library's resources.
+static void alustaResurssit() { Q_INIT_RESOURCE(resources); }
+
 namespace {
 
 class Lukija {
@@ -474,6 +478,7 @@ QString EtsiRaportti(const QString &nimiTaiPolku)
     const QString omassa = files::joinPath(files::programFolder(), nimi);
     if (QFileInfo(omassa).isFile())
         return omassa;
+    alustaResurssit();
     const QString sisainen = QStringLiteral(":/raportit/") + nimi;
     if (QFileInfo::exists(sisainen))
         return sisainen;
