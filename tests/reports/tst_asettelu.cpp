@@ -4,6 +4,7 @@
 #include "reports/Asettelu.h"
 #include "reports/Raporttiajo.h"
 #include "reports/RaporttiVirhe.h"
+#include "seurat.h"
 #include "testenv.h"
 
 #include <QCollator>
@@ -389,6 +390,24 @@ private slots:
         // The contract's path may name the program's folder with a backslash.
         const Asiakirja doc = laadi({kanta, env.programFolder() + u"\\jrluetlo.rpt"_s});
         QCOMPARE(doc.tekstit(0), (QStringList{u"Oma 1"_s, u"Oma 2"_s}));
+    }
+
+    // The demonstration club: every member once, a label sheet of 24, the list's total right.
+    void esittelyseuranRaportit()
+    {
+        TestEnv env;
+        const QString kanta = seurat::Kopio(150, env.path(u"demo.mdb"_s));
+        auto d = db::Database::open(kanta);
+        const int jasenia = d->scalar(u"SELECT count(*) FROM jr"_s).toInt();
+        const Asiakirja luettelo = laadi({kanta, u"jrluetlo"_s});
+        QCOMPARE(luettelo.riveja, jasenia);
+        QVERIFY(luettelo.tekstit(int(luettelo.sivut.size()) - 1).contains(u"Jäseniä yhteensä: %1"_s.arg(jasenia)));
+        const Asiakirja tarrat = laadi({kanta, u"jrosoite"_s});
+        QCOMPARE(tarrat.riveja, jasenia);
+        QCOMPARE(int(tarrat.sivut.size()), (jasenia + 23) / 24);
+        db::Statement st(*d, u"SELECT jrEtunimi, jrSukunimi FROM jr ORDER BY jrSukunimi COLLATE FI, jrEtunimi COLLATE FI, jrID LIMIT 1"_s);
+        QVERIFY(st.next());
+        QVERIFY(tarrat.tekstit(0).contains((st.value(0).toString() + u' ' + st.value(1).toString()).trimmed()));
     }
 
     void pdfSisaltaaTekstin()
