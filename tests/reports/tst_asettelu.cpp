@@ -275,6 +275,53 @@ private slots:
         QCOMPARE(luetut, rivit); // every line once, in order, none cut off
     }
 
+    // One table twice under two names (the head of a family and its members), items and bands
+    // shown only when their condition holds, and margins handed in at run time.
+    void aliasNakyvyysJaMarginaalit()
+    {
+        TestEnv env;
+        const QString kanta = env.path(u"seura.mdb"_s);
+        auto d = LuoTyhjaSeura(kanta);
+        TestiJasen paa = GeneroituJasen(0), puoliso = GeneroituJasen(1), lapsi = GeneroituJasen(2), yksin = GeneroituJasen(3);
+        paa.sukunimi = u"Aalto"_s;
+        paa.jasenmaksu = false;
+        const qint64 ip = LisaaJasen(*d, paa), is = LisaaJasen(*d, puoliso), il = LisaaJasen(*d, lapsi);
+        LisaaJasen(*d, yksin);
+        d->execute(u"INSERT INTO jrPerhe (jrPMID, jrPSubID) VALUES (?, ?), (?, ?)"_s, {ip, is, ip, il});
+        const QString maaritys = kirjoita(env.path(u"perheet.rpt"_s), R"xml(<raportti>
+  <sivu vasen="20" yla="20"/>
+  <lahde taulu="jr">
+    <liitos taulu="jrPerhe" ehto="{jrPerhe.jrPMID} = {jr.jrID}" tapa="sisa"/>
+    <liitos taulu="jr" nimi="jasen" ehto="{jasen.jrID} = {jrPerhe.jrPSubID}"/>
+  </lahde>
+  <jarjestys>+{jasen.jrID}</jarjestys>
+  <ryhma lauseke="{jr.jrID}">
+    <otsikko korkeus="6">
+      <teksti x="0" y="0" leveys="80" korkeus="5" lauseke="{jr.jrSukunimi}"/>
+      <teksti x="90" y="0" leveys="40" korkeus="5" nakyy="not {jr.jrJasenmaksu}">maksamatta</teksti>
+    </otsikko>
+  </ryhma>
+  <rivi korkeus="5" nakyy="{jasen.jrID} &lt;&gt; 0">
+    <teksti x="10" y="0" leveys="80" korkeus="5" lauseke="{jasen.jrEtunimi}"/>
+  </rivi>
+</raportti>)xml");
+        Ajo ajo{kanta, maaritys};
+        Asiakirja doc = laadi(ajo);
+        QCOMPARE(doc.tekstit(0), (QStringList{u"Aalto"_s, u"maksamatta"_s, puoliso.etunimi, lapsi.etunimi}));
+        const auto kohteet = doc.tekstikohteet(0);
+        QCOMPARE(qRound(kohteet[0]->alue.left()), qRound(mm(20)));
+        QCOMPARE(qRound(kohteet[0]->alue.top()), qRound(mm(20)));
+
+        // The settings' margins arrive multiplied by 48 (twips); 0 keeps the report's own.
+        Raporttiajo r;
+        r.ResetReportFormulas(kanta);
+        r.ReportFileName = maaritys;
+        r.MarginLeft = 10 * 48;
+        doc = r.Laadi();
+        QCOMPARE(qRound(doc.tekstikohteet(0)[0]->alue.left()), 480);
+        QCOMPARE(qRound(doc.tekstikohteet(0)[0]->alue.top()), qRound(mm(20)));
+    }
+
     void osiofontitKorvaavatMaarityksenFontin()
     {
         TestEnv env;
