@@ -5,6 +5,7 @@
 
 #include <QFileInfo>
 #include <QFontMetricsF>
+#include <array>
 #include <cmath>
 
 namespace {
@@ -61,23 +62,54 @@ void yhdista(FonttiMaaritys &f, const FonttiMaaritys &paalle)
         f.alleviivattu = paalle.alleviivattu;
 }
 
+// Text widths as the sum of the characters' advances. The fonts are laid out without kerning, so
+// this is the printed width without shaping every text (a ligature only makes it narrower).
+class Mittari {
+public:
+    explicit Mittari(const QFont &f) : m_fm(f) { m_latin.fill(-1); }
+
+    double leveys(const QString &s)
+    {
+        double w = 0;
+        for (QChar c : s) {
+            if (c.isSurrogate())
+                return m_fm.horizontalAdvance(s);
+            const char16_t u = c.unicode();
+            if (u >= m_latin.size()) {
+                w += m_fm.horizontalAdvance(c);
+                continue;
+            }
+            double &a = m_latin[u];
+            if (a < 0)
+                a = m_fm.horizontalAdvance(c);
+            w += a;
+        }
+        return w;
+    }
+    const QFontMetricsF &fm() const { return m_fm; }
+
+private:
+    QFontMetricsF m_fm;
+    std::array<double, 256> m_latin;
+};
+
 // Word wrap to a width; a word wider than the line is cut where it must be.
-QStringList rivita(const QString &kappale, double leveys, const QFontMetricsF &fm)
+QStringList rivita(const QString &kappale, double leveys, Mittari &fm)
 {
     QStringList rivit;
     QString rivi;
     for (const QString &sana : kappale.split(QLatin1Char(' '))) {
         const QString koe = rivi.isEmpty() ? sana : rivi + QLatin1Char(' ') + sana;
-        if (fm.horizontalAdvance(koe) <= leveys) {
+        if (fm.leveys(koe) <= leveys) {
             rivi = koe;
             continue;
         }
         if (!rivi.isEmpty())
             rivit << rivi;
         rivi = sana;
-        while (rivi.size() > 1 && fm.horizontalAdvance(rivi) > leveys) {
+        while (rivi.size() > 1 && fm.leveys(rivi) > leveys) {
             int n = int(rivi.size()) - 1;
-            while (n > 1 && fm.horizontalAdvance(rivi.left(n)) > leveys)
+            while (n > 1 && fm.leveys(rivi.left(n)) > leveys)
                 --n;
             rivit << rivi.left(n);
             rivi = rivi.mid(n);
@@ -270,12 +302,12 @@ private:
         }
         if (teksti.isEmpty())
             return;
-        const QFontMetricsF &fm = m_mitat[size_t(vk.fontti)];
-        const double rivivali = fm.lineSpacing();
+        Mittari &fm = m_mitat[size_t(vk.fontti)];
+        const double rivivali = fm.fm().lineSpacing();
         // The mark of TotalPages is measured as if it were three digits wide.
         const QString mitattava = QStringLiteral("999");
         auto leveys = [&](const QString &s) {
-            return fm.horizontalAdvance(vk.kokonaissivut ? QString(s).replace(KokonaissivutMerkki, mitattava) : s);
+            return fm.leveys(vk.kokonaissivut ? QString(s).replace(KokonaissivutMerkki, mitattava) : s);
         };
         QStringList rivit;
         for (const QString &kappale : teksti.split(QLatin1Char('\n'))) {
@@ -284,7 +316,7 @@ private:
             else if (leveys(kappale) <= alue.width())
                 rivit << kappale;
             else
-                rivit << fm.elidedText(kappale, Qt::ElideRight, alue.width());
+                rivit << fm.fm().elidedText(kappale, Qt::ElideRight, alue.width());
         }
         double ylin = alue.top();
         if (k.kasvaa) {
@@ -540,7 +572,7 @@ private:
     QMarginsF m_reunat;
     Arviointi m_arv;
     QHash<QString, int> m_fontit;
-    std::vector<QFontMetricsF> m_mitat;
+    std::vector<Mittari> m_mitat;
     ValmisOsa m_raporttiotsikko, m_sivuotsikko, m_rivinOsa, m_sivualatunniste, m_raporttialatunniste;
     std::vector<std::pair<ValmisOsa, ValmisOsa>> m_ryhmat; // header, footer by level
     std::vector<int> m_muutos;
