@@ -142,8 +142,10 @@ public:
     {
         const double alatunniste = m_sivualatunniste.o ? m_sivualatunniste.o->korkeus : 0;
         m_ala = m_d.koko.height() - m_reunat.bottom() - alatunniste;
-        if (m_ala - m_reunat.top() < yksikko::TwipsiaMillilla * 5)
-            throw RaporttiVirhe(QStringLiteral("Raportin %1 marginaalit ovat niin suuret, ettei sivulle mahdu mitään.").arg(m_m.tiedosto));
+        const double otsikko = m_sivuotsikko.o ? m_sivuotsikko.o->korkeus : 0;
+        if (m_ala - m_reunat.top() - otsikko < yksikko::TwipsiaMillilla * 5)
+            throw RaporttiVirhe(QStringLiteral("Raportin %1 marginaalit, sivuotsikko ja sivualatunniste ovat niin suuret, "
+                                               "ettei sivulle mahdu mitään.").arg(m_m.tiedosto));
         ryhmittele();
         const int n = m_r.riveja;
         m_rivi = n > 0 ? 0 : -1;

@@ -375,6 +375,10 @@ private slots:
         QTest::newRow("ei tietolähdettä") << QByteArray("<raportti/>") << u"tietolähde"_s;
         QTest::newRow("puuttuva kuva")
             << alku + "<kuva x=\"0\" y=\"0\" leveys=\"5\" korkeus=\"5\" tiedosto=\"logo.png\"/>" + loppu << u"kuvaa logo.png ei löydy"_s;
+        QTest::newRow("sivu täynnä otsikkoa")
+            << QByteArray("<raportti><sivu yla=\"100\" ala=\"100\"/><lahde taulu=\"jr\"/><sivuotsikko korkeus=\"95\"/>"
+                          "<rivi korkeus=\"5\"/></raportti>")
+            << u"ettei sivulle mahdu mitään"_s;
         QTest::newRow("liitos viittaa myöhempään")
             << QByteArray("<raportti><lahde taulu=\"jr\"><liitos taulu=\"pi\" ehto=\"{pi.piID} = {pt.ptpiID}\"/>"
                           "<liitos taulu=\"pt\" ehto=\"{pt.ptjrID} = {jr.jrID}\"/></lahde><rivi korkeus=\"5\">"
