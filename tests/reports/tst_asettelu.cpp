@@ -2,6 +2,7 @@
 // sums; label sheets; section fonts; definition faults told by file and item; one PDF read back.
 #include "raporttiseura.h"
 #include "reports/Asettelu.h"
+#include "reports/Piirto.h"
 #include "reports/Raporttiajo.h"
 #include "reports/RaporttiVirhe.h"
 #include "seurat.h"
@@ -320,6 +321,46 @@ private slots:
         doc = r.Laadi();
         QCOMPARE(qRound(doc.tekstikohteet(0)[0]->alue.left()), 480);
         QCOMPARE(qRound(doc.tekstikohteet(0)[0]->alue.top()), qRound(mm(20)));
+    }
+
+    // Images from the program's folder, boxes, and barcode and QR items keep their places and
+    // contents on the page and in the PDF.
+    void kuvatLaatikotJaKoodit()
+    {
+        TestEnv env;
+        const QString kanta = env.path(u"seura.mdb"_s);
+        auto d = LuoTyhjaSeura(kanta);
+        LisaaGeneroidut(*d, 1);
+        QDir().mkpath(env.programFolder());
+        QImage logo(40, 20, QImage::Format_RGB32);
+        logo.fill(Qt::darkBlue);
+        QVERIFY(logo.save(env.programFolder() + u"/logo.png"_s));
+        const QString maaritys = kirjoita(env.path(u"kortti.rpt"_s),
+            "<raportti>\n"
+            "  <sivu vasen=\"10\" yla=\"10\"/>\n"
+            "  <lahde taulu=\"jr\"/>\n"
+            "  <rivi korkeus=\"60\">\n"
+            "    <kuva x=\"0\" y=\"0\" leveys=\"20\" korkeus=\"10\" tiedosto=\"logo.png\"/>\n"
+            "    <laatikko x=\"0\" y=\"12\" leveys=\"85\" korkeus=\"54\" paksuus=\"1\" tausta=\"#f0f0f0\"/>\n"
+            "    <viivakoodi x=\"5\" y=\"40\" leveys=\"60\" korkeus=\"10\" lauseke=\"'4' + {jr.jrJasennumero}\"/>\n"
+            "    <qr x=\"65\" y=\"40\" leveys=\"15\" korkeus=\"15\" lauseke=\"{jr.jrSukunimi}\"/>\n"
+            "  </rivi>\n"
+            "</raportti>\n");
+        const Asiakirja doc = laadi({kanta, maaritys});
+        const auto &kohteet = doc.sivut.at(0).kohteet;
+        QCOMPARE(int(kohteet.size()), 4);
+        QCOMPARE(kohteet[0].laji, KohdeLaji::Kuva);
+        QVERIFY(kohteet[0].teksti.endsWith(u"/logo.png"_s));
+        QCOMPARE(kohteet[0].alue.toRect(), QRectF(mm(10), mm(10), mm(20), mm(10)).toRect());
+        QCOMPARE(kohteet[1].laji, KohdeLaji::Laatikko);
+        QCOMPARE(kohteet[1].tausta, qRgb(0xf0, 0xf0, 0xf0));
+        QCOMPARE(kohteet[2].laji, KohdeLaji::Viivakoodi);
+        QCOMPARE(kohteet[2].teksti, u"41"_s);
+        QCOMPARE(kohteet[3].laji, KohdeLaji::QrKoodi);
+        QCOMPARE(kohteet[3].teksti, GeneroituJasen(0).sukunimi);
+        const QString pdf = env.path(u"kortti.pdf"_s);
+        KirjoitaPdf(doc, pdf);
+        QVERIFY(QFileInfo(pdf).size() > 1000);
     }
 
     void osiofontitKorvaavatMaarityksenFontin()
