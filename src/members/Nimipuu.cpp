@@ -143,3 +143,12 @@ Nimipuu RakennaNimipuu(db::Database &db, qint64 piId)
         p.juuret[NimipuunJuuri(p.nimet[i])].append(i);
     return p;
 }
+
+QVector<PiirreNimi> PiirteetNimijarjestyksessa(db::Database &db)
+{
+    QVector<PiirreNimi> piirteet;
+    db::Statement st(db, QStringLiteral("SELECT piID, piNimi FROM pi ORDER BY piNimi COLLATE FI, piID"));
+    while (st.next())
+        piirteet.append({st.value(0).toLongLong(), st.value(1).toString()});
+    return piirteet;
+}

@@ -36,3 +36,10 @@ struct Nimipuu {
     QVector<QVector<int>> juuret;            // per root, indices into `nimet` in name order
 };
 Nimipuu RakennaNimipuu(db::Database &db, qint64 piId = 0);
+
+// The attribute definitions by name, for the lists that choose one.
+struct PiirreNimi {
+    qint64 piId = 0;
+    QString nimi;
+};
+QVector<PiirreNimi> PiirteetNimijarjestyksessa(db::Database &db);
