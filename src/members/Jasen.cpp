@@ -4,6 +4,7 @@
 #include "core/MainModule.h"
 #include "core/Misc.h"
 #include "core/Schema.h"
+#include "invoicing/Viite.h"
 
 #include <QDate>
 
@@ -15,19 +16,6 @@ const std::array<const char *, YhteystietoMaara> Kentat = {
     "jrLiittyma",    "jrLisatieto2",   "jrLisatieto1", "jrKotipaikka", "jrMaa",        "jrYritys"};
 
 QVariant tekstiTaiNull(const QString &t) { return t.isEmpty() ? QVariant() : QVariant(t); }
-
-// Placeholder for the invoicing check digit until it is merged: weights 7, 3, 1 from the right.
-QString viitetarkiste(const QString &numero)
-{
-    static const int painot[3] = {7, 3, 1};
-    int summa = 0;
-    for (qsizetype i = numero.size() - 1, k = 0; i >= 0; --i, ++k) {
-        const QChar c = numero[i];
-        summa += (c >= QLatin1Char('0') && c <= QLatin1Char('9') ? c.unicode() - '0' : 0) * painot[k % 3];
-    }
-    const int viimeinen = summa % 10;
-    return viimeinen == 0 ? QStringLiteral("0") : QStringLiteral(" %1").arg(10 - viimeinen);
-}
 
 } // namespace
 
@@ -214,7 +202,7 @@ ViitetarkisteTulos LisaaViitetarkiste(const QString &viite)
     if (viite.size() >= 20)
         return {std::nullopt, QStringLiteral("Viitenumero voi olla korkeintaan 20 numeroa pitkä.")};
     const QString numero = viite.trimmed();
-    return {numero + viitetarkiste(numero).trimmed(), {}};
+    return {numero + LaskeViitetarkiste(numero).trimmed(), {}};
 }
 
 PaivanMuotoilu MuotoilePaiva(const QString &teksti)
