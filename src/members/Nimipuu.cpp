@@ -7,49 +7,57 @@
 
 namespace {
 
-// The sort keys of the Finnish collation (the same rules as COLLATE FI), made once for each
-// distinct name: sorting 100,000 members by keys is many times faster than by comparisons.
-class Lajittelija {
+// The Finnish order (the rules of COLLATE FI) as a rank for each distinct name: the names are
+// few beside the members, so they are sorted once by their collation keys, and the members then
+// by plain numbers. Many times faster than comparing texts 100,000 times over.
+class Arvojarjestys {
 public:
-    Lajittelija() : m_col(QLocale(QLocale::Finnish, QLocale::Finland))
-    {
-        m_col.setCaseSensitivity(Qt::CaseInsensitive);
-        m_col.setNumericMode(false);
-    }
-
-    int avain(const QString &nimi)
+    int lisaa(const QString &nimi)
     {
         const auto it = m_paikat.constFind(nimi);
         if (it != m_paikat.constEnd())
             return *it;
-        m_avaimet.push_back(m_col.sortKey(nimi));
-        const int i = int(m_avaimet.size()) - 1;
+        const int i = int(m_nimet.size());
+        m_nimet.append(nimi);
         m_paikat.insert(nimi, i);
         return i;
     }
 
-    const QCollatorSortKey &operator[](int i) const { return m_avaimet[size_t(i)]; }
+    // Rank of each name added, in the order added; equal names in the collation share a rank.
+    QVector<int> jarjesta() const
+    {
+        QCollator col(QLocale(QLocale::Finnish, QLocale::Finland));
+        col.setCaseSensitivity(Qt::CaseInsensitive);
+        col.setNumericMode(false);
+        std::vector<QCollatorSortKey> avaimet;
+        avaimet.reserve(size_t(m_nimet.size()));
+        for (const QString &n : m_nimet)
+            avaimet.push_back(col.sortKey(n));
+        std::vector<int> jarjestys(size_t(m_nimet.size()));
+        for (size_t i = 0; i < jarjestys.size(); ++i)
+            jarjestys[i] = int(i);
+        std::sort(jarjestys.begin(), jarjestys.end(),
+                  [&](int a, int b) { return avaimet[size_t(a)].compare(avaimet[size_t(b)]) < 0; });
+        QVector<int> arvo(m_nimet.size());
+        int taso = 0;
+        for (size_t k = 0; k < jarjestys.size(); ++k) {
+            if (k > 0 && avaimet[size_t(jarjestys[k - 1])].compare(avaimet[size_t(jarjestys[k])]) != 0)
+                ++taso;
+            arvo[jarjestys[k]] = taso;
+        }
+        return arvo;
+    }
 
 private:
-    QCollator m_col;
+    QVector<QString> m_nimet;
     QHash<QString, int> m_paikat;
-    std::vector<QCollatorSortKey> m_avaimet;
 };
 
 struct Lajiteltava {
     int rivi;
-    int suku; // key index, -1 for Null
+    int suku; // rank, -1 for Null: a missing name comes first
     int etu;
 };
-
-int vertaa(const Lajittelija &l, int a, int b)
-{
-    if (a == b)
-        return 0;
-    if (a < 0 || b < 0)
-        return a < 0 ? -1 : 1;
-    return l[a].compare(l[b]);
-}
 
 } // namespace
 
@@ -76,18 +84,23 @@ QVector<NimiRivi> NimetJarjestyksessa(db::Database &db, qint64 piId)
         }
     }
 
-    Lajittelija l;
+    Arvojarjestys nimet;
     std::vector<Lajiteltava> jarjestys;
     jarjestys.reserve(size_t(rivit.size()));
     for (int i = 0; i < rivit.size(); ++i) {
         const NimiRivi &r = rivit[i];
-        jarjestys.push_back({i, r.onSukunimi ? l.avain(r.sukunimi) : -1, r.onEtunimi ? l.avain(r.etunimi) : -1});
+        jarjestys.push_back({i, r.onSukunimi ? nimet.lisaa(r.sukunimi) : -1, r.onEtunimi ? nimet.lisaa(r.etunimi) : -1});
+    }
+    const QVector<int> arvo = nimet.jarjesta();
+    for (Lajiteltava &j : jarjestys) {
+        j.suku = j.suku < 0 ? -1 : arvo[j.suku];
+        j.etu = j.etu < 0 ? -1 : arvo[j.etu];
     }
     std::sort(jarjestys.begin(), jarjestys.end(), [&](const Lajiteltava &a, const Lajiteltava &b) {
-        if (const int c = vertaa(l, a.suku, b.suku))
-            return c < 0;
-        if (const int c = vertaa(l, a.etu, b.etu))
-            return c < 0;
+        if (a.suku != b.suku)
+            return a.suku < b.suku;
+        if (a.etu != b.etu)
+            return a.etu < b.etu;
         return rivit[a.rivi].jrId < rivit[b.rivi].jrId;
     });
 

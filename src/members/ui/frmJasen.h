@@ -202,4 +202,8 @@ private:
     bool m_lataa = false;            // controls are being filled from the row
     bool m_postinumeroMuuttui = false;
     bool m_tyhja = false;
+    struct ListanJasenet {
+        qint64 piirre = -1, muutokset = -1, versio = -1;
+        QVector<qint64> idt;
+    } m_lista;
 };

@@ -6,24 +6,30 @@
 
 #include <QCheckBox>
 #include <QFormLayout>
-#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 QWidget *frmJasen::RakennaMaksut()
 {
     auto *sivu = new QWidget;
-    auto *g = new QGridLayout(sivu);
+    auto *vaaka = new QHBoxLayout(sivu);
+    auto *vasen = new QVBoxLayout;
     lstMaksut = new QListWidget(sivu);
     lstMaksut->setObjectName(QStringLiteral("lstMaksut"));
     connect(lstMaksut, &QListWidget::currentRowChanged, this, [this] {
         if (!m_lataa)
             Suojaa([this] { lstMaksut_Click(); });
     });
-    g->addWidget(new QLabel(QStringLiteral("Laskut:"), sivu), 0, 0);
-    g->addWidget(lstMaksut, 1, 0, 2, 1);
+    auto *otsikko = new QLabel(QStringLiteral("Laskut:"), sivu);
+    otsikko->setBuddy(lstMaksut);
+    vasen->addWidget(otsikko);
+    vasen->addWidget(lstMaksut, 1);
+    vaaka->addLayout(vasen, 3);
 
+    auto *oikea = new QVBoxLayout;
     auto *tiedot = new QFormLayout;
     auto rivi = [&](QLabel *&l, const char *nimi, const QString &otsikko) {
         l = new QLabel(sivu);
@@ -44,15 +50,16 @@ QWidget *frmJasen::RakennaMaksut()
     rivi(lblOminaisuusmaksu, "lblOminaisuusmaksu", QStringLiteral("Ominaisuusmaksu:"));
     rivi(lblMaksettu, "lblMaksettu", QStringLiteral("Maksettu:"));
     lblTeksti->setWordWrap(true);
-    g->addLayout(tiedot, 1, 1);
+    oikea->addSpacing(otsikko->sizeHint().height());
+    oikea->addLayout(tiedot);
+    oikea->addStretch(1);
 
     cMaksetuksi = new QPushButton(QStringLiteral("Maksetuksi"), sivu);
     cMaksetuksi->setObjectName(QStringLiteral("cMaksetuksi"));
     cMaksetuksi->setToolTip(QStringLiteral("Merkitse valittu lasku maksetuksi"));
     connect(cMaksetuksi, &QPushButton::clicked, this, [this] { Suojaa([this] { cMaksetuksi_Click(); }); });
-    g->addWidget(cMaksetuksi, 2, 1, Qt::AlignLeft | Qt::AlignBottom);
-    g->setColumnStretch(0, 3);
-    g->setColumnStretch(1, 2);
+    oikea->addWidget(cMaksetuksi, 0, Qt::AlignLeft);
+    vaaka->addLayout(oikea, 2);
     return sivu;
 }
 

@@ -71,14 +71,22 @@ qint64 frmJasen::ListaehdonPiirre() const
     return cmbListaEhto->currentIndex() < 1 ? 0 : cmbListaEhto->currentData().toLongLong();
 }
 
+// The holders are read again only when the database may have changed since: by this window's
+// connection (its change count) or by another (the file's data version). A long list is then
+// not sorted anew for every move.
 QVector<qint64> frmJasen::ListanJasenet()
 {
-    QVector<qint64> idt;
-    const QVector<NimiRivi> nimet = NimetJarjestyksessa(*m_db, ListaehdonPiirre());
-    idt.reserve(nimet.size());
+    const qint64 piirre = ListaehdonPiirre();
+    const qint64 muutokset = m_db->scalar(QStringLiteral("SELECT total_changes()")).toLongLong();
+    const qint64 versio = m_db->scalar(QStringLiteral("PRAGMA data_version")).toLongLong();
+    if (m_lista.piirre == piirre && m_lista.muutokset == muutokset && m_lista.versio == versio)
+        return m_lista.idt;
+    const QVector<NimiRivi> nimet = NimetJarjestyksessa(*m_db, piirre);
+    m_lista = {piirre, muutokset, versio, {}};
+    m_lista.idt.reserve(nimet.size());
     for (const NimiRivi &r : nimet)
-        idt.append(r.jrId);
-    return idt;
+        m_lista.idt.append(r.jrId);
+    return m_lista.idt;
 }
 
 bool frmJasen::SiirryJaseneen(qint64 jrId) { return m_data1->findFirst(QStringLiteral("jrID = ?"), {jrId}); }

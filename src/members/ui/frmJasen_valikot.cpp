@@ -36,7 +36,7 @@ QToolButton *frmJasen::Painike(const char *nimi, QAction *komento)
     b->setAutoRaise(false);
     // A click takes the focus, so the box left behind gets its leaving rules first.
     b->setFocusPolicy(Qt::StrongFocus);
-    b->setMinimumWidth(64);
+    b->setMinimumWidth(qMax(64, b->sizeHint().width()));
     return b;
 }
 
@@ -158,7 +158,7 @@ QWidget *frmJasen::RakennaPainikkeet()
     cEmail = Painike("cEmail", mEmailValitulle);
     cSulje = Painike("cSulje", mSulje);
     for (QToolButton *b : {cEnsimmainen, cEdellinen, cSeuraava, cViimeinen})
-        b->setMinimumWidth(40);
+        b->setMinimumWidth(qMax(40, b->sizeHint().width()));
     for (QToolButton *b : {cUusi, cTallenna, cPoista, cPeru, cKopio})
         r->addWidget(b);
     r->addSpacing(12);
