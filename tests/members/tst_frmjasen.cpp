@@ -5,6 +5,7 @@
 #include "members/ui/frmJasen.h"
 #include "members/ui/frmPerheenUusiOsoite.h"
 #include "scripteddialogs.h"
+#include "seurat.h"
 #include "testenv.h"
 
 #include <QCheckBox>
@@ -46,10 +47,14 @@ struct Seura {
     std::unique_ptr<db::Database> d;
     QPointer<frmJasen> w;
 
-    Seura()
+    // An empty club, or the generated club of `jasenia` members.
+    explicit Seura(int jasenia = 0)
     {
         MainModule::DatabasePath = env.path(u"seura.mdb"_s);
-        QFile::copy(tyhjaSeura(), MainModule::DatabasePath);
+        if (jasenia > 0)
+            seurat::Kopio(jasenia, MainModule::DatabasePath);
+        else
+            QFile::copy(tyhjaSeura(), MainModule::DatabasePath);
         QFile(MainModule::DatabasePath).setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
         d = db::Database::open(MainModule::DatabasePath);
     }
@@ -526,6 +531,35 @@ private slots:
         QCOMPARE(s.maara(u"jr"_s), 1);
         QCOMPARE(s.w->NykyinenId(), b);
         QCOMPARE(s.w->windowTitle(), u"Vonari - Jäsenrekisteri - 1"_s);
+    }
+
+    // The demonstration club from its first member to its last: each is shown with his own
+    // invoices and, for a head, his whole family, without a message or a write.
+    void esittelyseuraAlustaLoppuun()
+    {
+        Seura s(150);
+        const QString ennen = seurat::Sisalto(*s.d);
+        QVERIFY(s.avaa());
+        int naytetty = 0;
+        while (s.dlg.beeps == 0) {
+            const qint64 id = s.w->NykyinenId();
+            ++naytetty;
+            QCOMPARE(s.teksti(iSukunimi), s.arvo(id, u"jrSukunimi"_s).toString());
+            QCOMPARE(s.w->lstMaksut->count(), s.maara(u"jmhist WHERE jmhjmjrID = ?"_s, {id}));
+            if (s.w->chkPerhLaskutettava->isChecked())
+                QCOMPARE(s.w->lstFamily->count(), s.maara(u"jrPerhe JOIN jr ON jrID = jrPSubID WHERE jrPMID = ?"_s, {id}));
+            else if (s.maara(u"jrPerhe WHERE jrPSubID = ?"_s, {id}) > 0)
+                QVERIFY(!s.w->tPerheenPaa->text().isEmpty());
+            s.w->cSeuraava_Click();
+        }
+        QCOMPARE(naytetty, s.maara(u"jr"_s));
+        QAbstractItemModel *m = s.w->tvwNimet->model();
+        int puussa = 0;
+        for (int r = 0; r < m->rowCount(); ++r)
+            puussa += m->rowCount(m->index(r, 0));
+        QCOMPARE(puussa, naytetty);
+        QVERIFY(s.dlg.shown.isEmpty());
+        QCOMPARE(seurat::Sisalto(*s.d), ennen);
     }
 
     void vihjeetJaNappaimet()

@@ -109,7 +109,11 @@ bool frmJasen::Lataa()
     }
     try {
         m_db = db::Database::open(polku);
-        PoistaNimettomat(*m_db);
+        try {
+            PoistaNimettomat(*m_db);
+        } catch (const db::DbError &) {
+            // A file that cannot be written is still browsed; its blank rows wait for a writable one.
+        }
         m_data1 = db::Recordset::openTable(*m_db, QStringLiteral("jr"));
         LataaIkkunanPaikka(this);
         TaytaListaehto();
@@ -223,8 +227,10 @@ bool frmJasen::TallennaKesken()
         return true;
     bool ok = true;
     Suojaa([&] {
-        if (bPiirreMuuttunut())
-            TallennaPiirreArvo();
+        if (bPiirreMuuttunut() && !TallennaPiirreArvo()) {
+            ok = false;
+            return;
+        }
         if (bPerheLuokkaMuuttunut)
             TallennaPerheLuokat();
         if (m_data1->editMode() == db::Recordset::EditMode::None)

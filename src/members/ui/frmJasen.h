@@ -188,7 +188,7 @@ private:
     // Attribute page (frmJasen_ominaisuudet.cpp)
     QWidget *LuoOminaisuusSivu();
     void NaytaOminaisuudet(qint64 jrId);
-    void TallennaPiirreArvo();
+    bool TallennaPiirreArvo();
 
     std::unique_ptr<db::Database> m_db;
     std::unique_ptr<db::Recordset> m_data1;

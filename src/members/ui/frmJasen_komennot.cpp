@@ -66,8 +66,8 @@ void frmJasen::cPeru_Click()
 
 void frmJasen::cPoista_Click()
 {
-    if (bPiirreMuuttunut())
-        TallennaPiirreArvo();
+    if (bPiirreMuuttunut() && !TallennaPiirreArvo())
+        return;
     if (bPerheLuokkaMuuttunut)
         TallennaPerheLuokat();
     // A row being edited is written first; if that fails, the delete goes on without the edit.

@@ -1,7 +1,8 @@
 // The "Ominaisuudet" page. The attribute page plugs in here: the page itself, the member it
-// shows, whether it holds a value not yet stored, and the store of that value. A change of a
-// value on the page calls AloitaMuokkaus(), as any edit of the member does. Until the page is
-// plugged in, a blank page stands in its place.
+// shows, whether it holds a value not yet stored, and the store of that value (false when it
+// failed and the command must stop). A change of a value on the page calls AloitaMuokkaus(),
+// as any edit of the member does, and a store the page makes on its own is followed by the
+// window's pending family store. Until the page is plugged in, a blank page stands here.
 #include "members/ui/frmJasen.h"
 
 #include <QWidget>
@@ -12,4 +13,4 @@ void frmJasen::NaytaOminaisuudet(qint64) {}
 
 bool frmJasen::bPiirreMuuttunut() const { return false; }
 
-void frmJasen::TallennaPiirreArvo() {}
+bool frmJasen::TallennaPiirreArvo() { return true; }

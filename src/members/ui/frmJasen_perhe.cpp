@@ -132,8 +132,8 @@ void frmJasen::LataaPerhe()
 
 void frmJasen::lstFamily_Click()
 {
-    if (bPiirreMuuttunut())
-        TallennaPiirreArvo();
+    if (bPiirreMuuttunut() && !TallennaPiirreArvo())
+        return;
     if (bPerheLuokkaMuuttunut)
         TallennaPerheLuokat();
     const QListWidgetItem *rivi = lstFamily->currentItem();
