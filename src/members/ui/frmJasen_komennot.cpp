@@ -43,7 +43,13 @@ void frmJasen::cKopio_Click()
     tYhteystiedot[iSukunimi]->setFocus();
 }
 
-void frmJasen::cTallenna_Click() { TallennaKesken(); }
+void frmJasen::cTallenna_Click()
+{
+    if (!TallennaKesken())
+        return;
+    PaivitaKontrollit();
+    PaivitaJasenmaara();
+}
 
 void frmJasen::cSulje_Click() { close(); }
 
