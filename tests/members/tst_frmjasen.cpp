@@ -309,7 +309,7 @@ private slots:
         QVERIFY(s.w->lstPersons->isVisible());
         s.w->lstPersons->setCurrentIndex(s.w->lstPersons->model()->index(1, 0));
         QCOMPARE(s.w->lstPersons->currentIndex().data().toString(), u"Aalto Eino"_s);
-        s.w->cLisaaPerhJas_Click();
+        QTest::keyClick(s.w->lstPersons, Qt::Key_Return);
         QVERIFY(s.w->lstFamily->isVisible());
         QCOMPARE(s.w->lstFamily->count(), 2);
         QCOMPARE(s.w->lstFamily->currentRow(), 1);

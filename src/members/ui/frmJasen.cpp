@@ -112,7 +112,7 @@ bool frmJasen::Lataa()
         try {
             PoistaNimettomat(*m_db);
         } catch (const db::DbError &) {
-            // A file that cannot be written is still browsed; its blank rows wait for a writable one.
+            // A file another program is writing is still browsed; its blank rows wait for the next opening.
         }
         m_data1 = db::Recordset::openTable(*m_db, QStringLiteral("jr"));
         LataaIkkunanPaikka(this);
