@@ -107,7 +107,7 @@ void frmJasenOminaisuudet::valitse(int r)
     m_lataa = true;
     lstAllPt->setCurrentRow(r);
     m_lataa = false;
-    ikkuna::Suojattu([this] { lstAllPt_Click(); });
+    ikkuna::Suojattu([this] { naytaValittu(); });
 }
 
 bool frmJasenOminaisuudet::tallennaPiirre()
@@ -197,8 +197,12 @@ void frmJasenOminaisuudet::liita()
 
 void frmJasenOminaisuudet::lstAllPt_Click()
 {
-    if (!tallennaKesken())
-        return;
+    if (tallennaKesken())
+        naytaValittu();
+}
+
+void frmJasenOminaisuudet::naytaValittu()
+{
     arvot->TyhjennaArvot();
     QListWidgetItem *i = lstAllPt->currentItem();
     if (!i)

@@ -51,7 +51,9 @@ private:
     void poistaPiirre();
     void selaaPiirre();
     void lstAllPt_Click();
+    void naytaValittu();
     void lstAllPi_Click();
+    // Selects the row and shows its values; the caller has stored what was pending.
     void valitse(int rivi);
     void arvoMuuttui();
 
