@@ -6,10 +6,12 @@ namespace {
 
 const QString lisaysSarakkeet =
     QStringLiteral("INSERT INTO pt (ptpiID, ptjrID, ptValDate, ptValLong, ptValCurrency, ptValMemo) ");
-// The repeat guard: ?1 is the attribute, and the member is `jasen` (an SQL expression).
+// The repeat guard: ?1 is the attribute, and the member is `jasen` (an SQL expression). The
+// member's own rows are few and the attribute's may be a whole register, so the look-up goes by
+// member ("+" keeps the attribute's index out of it).
 QString toistoEhto(const QString &jasen)
 {
-    return QStringLiteral("NOT EXISTS (SELECT 1 FROM jr j2, pt p2 WHERE j2.jrID = %1 AND p2.ptjrID = j2.jrID AND p2.ptpiID = ?1)")
+    return QStringLiteral("NOT EXISTS (SELECT 1 FROM jr j2, pt p2 WHERE j2.jrID = %1 AND p2.ptjrID = j2.jrID AND +p2.ptpiID = ?1)")
         .arg(jasen);
 }
 
