@@ -35,9 +35,13 @@ frmOminaisuudenPoisto::frmOminaisuudenPoisto(QWidget *parent) : QDialog(parent)
     napit->addWidget(cDelete);
     napit->addWidget(cUndo);
     auto *v = new QVBoxLayout(this);
+    v->setContentsMargins(16, 16, 16, 12);
+    f->setVerticalSpacing(10);
     v->addLayout(f);
     v->addStretch(1);
+    v->addSpacing(16);
     v->addLayout(napit);
+    resize(sizeHint().width() + 40, sizeHint().height() + 24);
 
     connect(cDelete, &QPushButton::clicked, this, [this] { ikkuna::Suojattu([this] { poista(); }); });
     connect(cUndo, &QPushButton::clicked, this, &QDialog::reject);

@@ -34,9 +34,13 @@ frmOminaisuudenYhdistaminen::frmOminaisuudenYhdistaminen(QWidget *parent) : QDia
     napit->addWidget(cCombine);
     napit->addWidget(cUndo);
     auto *v = new QVBoxLayout(this);
+    v->setContentsMargins(16, 16, 16, 12);
+    f->setVerticalSpacing(10);
     v->addLayout(f);
     v->addStretch(1);
+    v->addSpacing(16);
     v->addLayout(napit);
+    resize(sizeHint().width() + 40, sizeHint().height() + 24);
 
     connect(cCombine, &QPushButton::clicked, this, [this] { ikkuna::Suojattu([this] { yhdista(); }); });
     connect(cUndo, &QPushButton::clicked, this, &QDialog::reject);
