@@ -1,6 +1,6 @@
 // Attributes for the whole register at once: attaching an attribute by birth date to every member
 // of the 100,000-member club (goal 2 s), with and without the repeat guard, and to 100,000
-// hand-picked members. Beside them the bare SQLite lower bound: the same rows written by one
+// hand-picked members, and the member list of the hand-picking dialog. Beside them the bare SQLite lower bound: the same rows written by one
 // INSERT … SELECT in one transaction.
 #include "members/PiirreJoukko.h"
 #include "seurat.h"
@@ -69,6 +69,17 @@ void BM_Moniliitos(benchmark::State &state)
     state.counters["liitoksia"] = lisatty;
 }
 BENCHMARK(BM_Moniliitos)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// Opening the hand-picking dialog reads every member by name for its list.
+void BM_JasenLista(benchmark::State &state)
+{
+    Kerho k;
+    qsizetype rivit = 0;
+    for (auto _ : state)
+        rivit = JasenLista(*k.d).size();
+    state.counters["jasenia"] = double(rivit);
+}
+BENCHMARK(BM_JasenLista)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 // The same rows by bare SQLite: one INSERT … SELECT over the members with a birth date.
 void BM_LisaaSyntymapaivanPerusteella_alaraja(benchmark::State &state)
