@@ -475,6 +475,7 @@ void frmPiirre::closeEvent(QCloseEvent *e)
         e->ignore();
         return;
     }
+    TallennaIkkunanPaikka(this);
     e->accept();
 }
 
@@ -495,5 +496,6 @@ void AvaaOminaisuudet(QWidget *parent)
         return;
     }
     auki = f;
+    LataaIkkunanPaikka(f);
     f->show();
 }
