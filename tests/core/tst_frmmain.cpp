@@ -3,10 +3,13 @@
 #include "core/MainModule.h"
 #include "core/ui/frmAboutNorvik.h"
 #include "core/ui/frmMain.h"
+#include "core/ui/frmSplash.h"
 #include "scripteddialogs.h"
 #include "testenv.h"
 
 #include <QAction>
+#include <QElapsedTimer>
+#include <QFrame>
 #include <QApplication>
 #include <QLabel>
 #include <QMenu>
@@ -187,6 +190,57 @@ private slots:
         QTest::mouseClick(w.cAboutNorvik, Qt::LeftButton);
         QVERIFY(nahty.contains(QStringLiteral("Kalastajat ry")));
         QVERIFY(nahty.contains(QStringLiteral("Versio ") + versionText()));
+    }
+
+    void splashEndsEarlyOnKeyOrClick_data()
+    {
+        QTest::addColumn<bool>("napsautus");
+        QTest::newRow("näppäin") << false;
+        QTest::newRow("napsautus") << true;
+    }
+
+    void splashEndsEarlyOnKeyOrClick()
+    {
+        QFETCH(bool, napsautus);
+        TestEnv env;
+        ScriptedDialogs d;
+        frmSplash splash(60000);
+        QTimer::singleShot(100, &splash, [&] {
+            if (napsautus)
+                QTest::mouseClick(splash.Frame1, Qt::LeftButton);
+            else
+                QTest::keyClick(&splash, Qt::Key_Space);
+        });
+        QElapsedTimer kello;
+        kello.start();
+        splash.Form_Load();
+        QVERIFY(kello.elapsed() < 30000);
+        QCOMPARE(splash.lblVersion->text(), QStringLiteral("Versio ") + versionText());
+        QCOMPARE(splash.lblProductName->text(), QStringLiteral("Vonari"));
+        QVERIFY(!splash.isVisible());
+    }
+
+    void splashAsksForTheClubOnlyInSeveralClubsMode_data()
+    {
+        QTest::addColumn<bool>("monta");
+        QTest::newRow("yksi seura") << false;
+        QTest::newRow("monta seuraa") << true;
+    }
+
+    void splashAsksForTheClubOnlyInSeveralClubsMode()
+    {
+        QFETCH(bool, monta);
+        TestEnv env;
+        ScriptedDialogs d;
+        MultiDb = monta;
+        if (monta)
+            d.choosePath(QString());
+        frmSplash splash(0);
+        splash.Form_Load();
+        bool kysyttiin = false;
+        for (const auto &n : d.shown)
+            kysyttiin = kysyttiin || (n.kind == QLatin1String("open") && n.title == QLatin1String("Seuran valinta"));
+        QCOMPARE(kysyttiin, monta);
     }
 };
 
