@@ -3,6 +3,42 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QSettings>
+#include <QStringDecoder>
+
+namespace {
+
+// QSettings reads a damaged file as far as it can and writes back only what it understood,
+// so a file that is not plain INI text is detected here before anything is written.
+bool isSoundIniFile(const QString &path)
+{
+    const QFileInfo fi(path);
+    if (!fi.exists())
+        return true;
+    QFile f(path);
+    if (fi.isDir() || !f.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray raw = f.readAll();
+    if (raw.contains('\0'))
+        return false;
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    const QString text = utf8.decode(raw);
+    if (utf8.hasError())
+        return false;
+    for (const QString &line : text.split(QLatin1Char('\n'))) {
+        const QString t = line.trimmed();
+        if (t.isEmpty() || t.startsWith(QLatin1Char(';')) || t.startsWith(QLatin1Char('#')))
+            continue;
+        if (t.startsWith(QLatin1Char('['))) {
+            if (!t.endsWith(QLatin1Char(']')))
+                return false;
+        } else if (!t.contains(QLatin1Char('='))) {
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
 
 IniStore::IniStore() = default;
 IniStore::~IniStore() = default;
@@ -11,6 +47,7 @@ void IniStore::setFileName(const QString &path)
 {
     m_path = path;
     m_settings.reset();
+    m_malformed = !isSoundIniFile(path);
 }
 
 void IniStore::setSection(const QString &section) { m_section = section; }
@@ -35,6 +72,8 @@ QString IniStore::readString(const QString &key, const QString &defaultValue)
 
 bool IniStore::writeString(const QString &key, const QString &value)
 {
+    if (isMalformed())
+        return false;
     QDir().mkpath(QFileInfo(m_path).absolutePath());
     settings().setValue(m_section + QLatin1Char('/') + key, value);
     settings().sync();
@@ -61,6 +100,8 @@ std::optional<QRect> IniStore::readPlacement(const QString &key)
 
 bool IniStore::writePlacement(const QString &key, const QRect &r)
 {
+    if (isMalformed())
+        return false;
     QDir().mkpath(QFileInfo(m_path).absolutePath());
     settings().setValue(QStringLiteral("FORMS/") + key,
                         QStringLiteral("%1,%2,%3,%4").arg(r.x()).arg(r.y()).arg(r.width()).arg(r.height()));
@@ -70,7 +111,5 @@ bool IniStore::writePlacement(const QString &key, const QRect &r)
 
 bool IniStore::isMalformed() const
 {
-    if (!m_settings)
-        return false;
-    return m_settings->status() == QSettings::FormatError;
+    return m_malformed || (m_settings && m_settings->status() == QSettings::FormatError);
 }

@@ -25,7 +25,9 @@ public:
     std::optional<QRect> readPlacement(const QString &key);
     bool writePlacement(const QString &key, const QRect &rect);
 
-    // Whether the file exists but could not be read as an INI file.
+    // Whether the file exists but could not be read as an INI file (not readable, not UTF-8
+    // text, or lines that are neither sections nor keys). Such a file is never written: the
+    // writes above return false and leave it as it is for the user to mend.
     bool isMalformed() const;
 
 private:
@@ -33,4 +35,5 @@ private:
     QString m_path;
     QString m_section = QStringLiteral("VONARI");
     std::unique_ptr<QSettings> m_settings;
+    bool m_malformed = false;
 };

@@ -1,0 +1,53 @@
+#include "core/Malli.h"
+
+#include "platform/database.h"
+#include "platform/files.h"
+
+#include <QFile>
+
+// Outside any namespace, as the resource initialiser requires; it also keeps the linker from
+// dropping the resources of the static library.
+static void alustaResurssit() { Q_INIT_RESOURCE(resources); }
+
+void LuoMalliTietokanta(const QString &path)
+{
+    alustaResurssit();
+    if (QFile::exists(path))
+        throw db::DbError(db::ErrorKind::Other, QStringLiteral("Tiedosto on jo olemassa: %1").arg(path));
+    QFile lahde(QStringLiteral(":/sql/malli.sql"));
+    if (!lahde.open(QIODevice::ReadOnly))
+        throw db::DbError(db::ErrorKind::Other, QStringLiteral("Tietokannan mallia ei löydy ohjelmasta."));
+    const QString sql = QString::fromUtf8(lahde.readAll());
+
+    // Built under a working name and renamed when complete, so that a failure never leaves a
+    // half-made template behind to be copied for new clubs.
+    const QString tyo = path + QStringLiteral(".uusi");
+    for (const char *liite : {"", "-wal", "-shm"})
+        QFile::remove(tyo + QLatin1String(liite));
+    try {
+        auto d = db::Database::create(tyo);
+        db::Transaction tx(*d);
+        d->executeScript(sql);
+        tx.commit();
+    } catch (...) {
+        QFile::remove(tyo);
+        throw;
+    }
+    if (!QFile::rename(tyo, path)) {
+        QFile::remove(tyo);
+        throw db::DbError(db::ErrorKind::CannotOpen, QStringLiteral("Tietokannan mallia ei voi tallentaa: %1").arg(path));
+    }
+}
+
+QString MalliPolku() { return files::programFolder() + QStringLiteral("/mallit/malli.mdb"); }
+
+void VarmistaMalli()
+{
+    const QString polku = MalliPolku();
+    if (files::FileExists(polku))
+        return;
+    const QString kansio = files::programFolder() + QStringLiteral("/mallit");
+    if (!files::ensureFolder(kansio))
+        throw db::DbError(db::ErrorKind::BadPath, QStringLiteral("Kansiota %1 ei voi luoda.").arg(kansio));
+    LuoMalliTietokanta(polku);
+}
