@@ -3,6 +3,7 @@
 #include "core/Asetukset.h"
 #include "core/MainModule.h"
 #include "core/Misc.h"
+#include "core/Ohjelmakansio.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
 
@@ -78,6 +79,8 @@ void ValitseSeura()
 
 bool AvaaTietokantaJaLueSeura()
 {
+    // The demonstration club and the template must be there before the first opening.
+    VarmistaOhjelmakansio();
     bool lopeta = false;
     try {
         std::unique_ptr<db::Database> kanta = AvaaTietokantaKaynnistyksessa(lopeta);
