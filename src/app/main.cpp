@@ -23,10 +23,7 @@ int main(int argc, char **argv)
     dlg::QtDialogs dialogit;
     dlg::install(&dialogit);
 
-    MainValinnat valinnat;
-    // The move of older settings opens frmAsetukset and frmAsetuksetLisa modally here.
-    valinnat.avaaAsetukset = [] {};
-    const std::unique_ptr<frmMain> ikkuna = Main(valinnat);
+    const std::unique_ptr<frmMain> ikkuna = Main();
     const int tulos = ikkuna ? app.exec() : 0;
     dlg::install(nullptr);
     return tulos;

@@ -70,7 +70,7 @@ private slots:
         rivi("mTiedosto", "mJasenmaksujenluonti", "Laskutus", false);
         rivi("mTiedosto", "mPiirteet", "Ominaisuudet", false);
         rivi("mTiedosto", "mIkajakauma", "Ikäjakauma", false);
-        rivi("mTiedosto", "mAsetukset", "&Asetukset", false);
+        rivi("mTiedosto", "mAsetukset", "&Asetukset", true);
         rivi("mTiedosto", "mEuroMuunnos", "Tee Euro muunnos", false);
         rivi("mTiedosto", "mPalautaEuroMuunnos", "Palauta Euro muunnos", false);
         rivi("mTiedosto", "mVarmistus", "Tietokannan &varmuuskopio", true);
@@ -190,6 +190,26 @@ private slots:
         QTest::mouseClick(w.cAboutNorvik, Qt::LeftButton);
         QVERIFY(nahty.contains(QStringLiteral("Kalastajat ry")));
         QVERIFY(nahty.contains(QStringLiteral("Versio ") + versionText()));
+    }
+
+    void settingsOpenFromTheMenu()
+    {
+        TestEnv env;
+        ScriptedDialogs d;
+        frmMain w;
+        QString avattu;
+        Qt::CursorShape osoitinAvattaessa = Qt::BlankCursor;
+        QTimer::singleShot(0, [&] {
+            if (QWidget *ikkuna = QApplication::activeModalWidget()) {
+                avattu = ikkuna->objectName();
+                osoitinAvattaessa = w.cursor().shape();
+                ikkuna->close();
+            }
+        });
+        w.mAsetukset->trigger();
+        QCOMPARE(avattu, QStringLiteral("frmAsetukset"));
+        QCOMPARE(osoitinAvattaessa, Qt::ArrowCursor); // the hourglass ended with the loading
+        QVERIFY(d.unexpected.isEmpty());
     }
 
     void splashEndsEarlyOnKeyOrClick_data()

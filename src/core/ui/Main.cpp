@@ -3,10 +3,26 @@
 #include "core/Asetukset.h"
 #include "core/Kaynnistys.h"
 #include "core/MainModule.h"
+#include "core/ui/frmAsetukset.h"
+#include "core/ui/frmAsetuksetLisa.h"
 #include "core/ui/frmMain.h"
 #include "core/ui/frmSplash.h"
 
 using namespace MainModule;
+
+namespace {
+
+void avaaAsetusikkunat()
+{
+    {
+        frmAsetukset asetukset;
+        asetukset.exec();
+    }
+    frmAsetuksetLisa lisa;
+    lisa.exec();
+}
+
+} // namespace
 
 std::unique_ptr<frmMain> Main(const MainValinnat &valinnat)
 {
@@ -22,7 +38,7 @@ std::unique_ptr<frmMain> Main(const MainValinnat &valinnat)
 
     if (!TarkistaSalasana())
         return nullptr;
-    if (TarkistaAsetustenSiirto(valinnat.avaaAsetukset ? valinnat.avaaAsetukset : [] {}))
+    if (TarkistaAsetustenSiirto(valinnat.avaaAsetukset ? valinnat.avaaAsetukset : avaaAsetusikkunat))
         return nullptr;
     MuistutaVarmuuskopiosta();
 

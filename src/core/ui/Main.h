@@ -9,7 +9,8 @@ class frmMain;
 struct MainValinnat {
     // How long the splash stays before the database is opened.
     int splashMs = 2000;
-    // Opens the two settings windows modally, for the move of older settings into the database.
+    // Opens the two settings windows modally, for the move of older settings into the database;
+    // frmAsetukset and then frmAsetuksetLisa unless another opener is given.
     std::function<void()> avaaAsetukset;
 };
 

@@ -6,6 +6,7 @@
 #include "core/Tietokanta.h"
 #include "core/ui/Kuvakkeet.h"
 #include "core/ui/frmAboutNorvik.h"
+#include "core/ui/frmAsetukset.h"
 #include "core/ui/uihelpers.h"
 
 #include <QCloseEvent>
@@ -114,7 +115,7 @@ void frmMain::luoValikot()
     mPiirteet = lisaa(mTiedosto, "mPiirteet", QStringLiteral("Ominaisuudet"), false);
     mIkajakauma = lisaa(mTiedosto, "mIkajakauma", QStringLiteral("Ikäjakauma"), false);
     erotin(mTiedosto, "m2");
-    mAsetukset = lisaa(mTiedosto, "mAsetukset", QStringLiteral("&Asetukset"), false);
+    mAsetukset = lisaa(mTiedosto, "mAsetukset", QStringLiteral("&Asetukset"));
     erotin(mTiedosto, "m3");
     mEuroMuunnos = lisaa(mTiedosto, "mEuroMuunnos", QStringLiteral("Tee Euro muunnos"), false);
     mPalautaEuroMuunnos = lisaa(mTiedosto, "mPalautaEuroMuunnos", QStringLiteral("Palauta Euro muunnos"), false);
@@ -149,7 +150,16 @@ void frmMain::ResetReportFormulas()
 
 void frmMain::avaaAsetukset()
 {
-    // Wired to the settings window when it joins the program.
+    suojattu([this] {
+        std::unique_ptr<frmAsetukset> asetukset;
+        {
+            // The hourglass while the window loads, not while the user works in it.
+            cMouseCursor osoitin;
+            osoitin.SetCursor(this, Qt::WaitCursor);
+            asetukset = std::make_unique<frmAsetukset>(this);
+        }
+        asetukset->exec();
+    });
 }
 
 void frmMain::avaaTietoja()

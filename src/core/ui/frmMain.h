@@ -43,10 +43,6 @@ public:
     QAction *mService;
     QAction *mTietoja;
 
-public slots:
-    // Opens the settings window; enabled once that window is part of the program.
-    void avaaAsetukset();
-
 signals:
     // The program is ending: the window closed, or a new database awaits the next start.
     void ohjelmaLoppuu();
@@ -55,6 +51,7 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    void avaaAsetukset();
     void luoNapit();
     void luoValikot();
     QAction *lisaa(QMenu *valikko, const char *nimi, const QString &teksti, bool kaytossa = true);
