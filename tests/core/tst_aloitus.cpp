@@ -7,6 +7,7 @@
 #include "core/ui/frmMain.h"
 #include "platform/database.h"
 #include "platform/files.h"
+#include "reports/Tulostus.h"
 #include "scripteddialogs.h"
 #include "testenv.h"
 
@@ -54,6 +55,7 @@ private slots:
         QCOMPARE(DatabasePath, demoPolku());
         QVERIFY(files::FileExists(demoPolku()));
         QVERIFY(w->mPerustaTietokanta->isVisible());
+        QCOMPARE(Raportti().DataFiles[0], demoPolku()); // the report engine is ready for the club
         QCOMPARE(QSettings(env.iniPath(), QSettings::IniFormat).value(QStringLiteral("VONARI/Database")).toString(),
                  demoPolku());
         QVERIFY2(d.unexpected.isEmpty(), qPrintable(d.unexpected.join(QLatin1Char('\n'))));

@@ -8,6 +8,7 @@
 #include "core/ui/frmAboutNorvik.h"
 #include "core/ui/frmAsetukset.h"
 #include "core/ui/uihelpers.h"
+#include "reports/Tulostus.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -143,10 +144,7 @@ void frmMain::luoValikot()
     connect(mTietoja, &QAction::triggered, this, &frmMain::avaaTietoja);
 }
 
-void frmMain::ResetReportFormulas()
-{
-    // Nothing to reset until the report engine is in place; it fills this in.
-}
+void frmMain::ResetReportFormulas() { ::ResetReportFormulas(); }
 
 void frmMain::avaaAsetukset()
 {

@@ -12,7 +12,8 @@ class frmMain : public QMainWindow {
 public:
     explicit frmMain(QWidget *parent = nullptr);
 
-    // Prepares the report engine for a new print job. The report engine fills this in.
+    // Prepares the report engine for a new print job: every data slot on the database in use,
+    // no selection, formulas or sort fields, the settings' margins.
     void ResetReportFormulas();
 
     QToolButton *cJasenrekisteri;
