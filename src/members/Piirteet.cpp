@@ -60,12 +60,12 @@ int SiivoaVanhatOminaisuudet(db::Database &db)
     return db.execute(QStringLiteral("DELETE FROM pt WHERE NOT EXISTS (SELECT 1 FROM pi WHERE piID = pt.ptpiID)"));
 }
 
-std::optional<Maaritys> LueMaaritys(db::Database &db, qint64 piID)
+std::optional<PiirreMaaritys> LueMaaritys(db::Database &db, qint64 piID)
 {
     db::Statement st(db, QStringLiteral("SELECT * FROM pi WHERE piID = ?"), {piID});
     if (!st.next())
         return std::nullopt;
-    Maaritys m;
+    PiirreMaaritys m;
     m.piID = piID;
     m.nimi = NullText(st.value(QStringLiteral("piNimi")));
     m.kuvaus = NullText(st.value(QStringLiteral("piKuvaus")));

@@ -45,14 +45,14 @@ void PoistaPiirre(db::Database &db, qint64 piID);
 int SiivoaVanhatOminaisuudet(db::Database &db);
 
 // A definition as its value panels need it.
-struct Maaritys {
+struct PiirreMaaritys {
     qint64 piID = 0;
     QString nimi;
     QString kuvaus;
     std::array<bool, ArvoTyyppeja> kaytossa{};
     std::array<QVariant, ArvoTyyppeja> oletus;
 };
-std::optional<Maaritys> LueMaaritys(db::Database &db, qint64 piID);
+std::optional<PiirreMaaritys> LueMaaritys(db::Database &db, qint64 piID);
 
 // The definitions window's boxes, read and written on its recordset of pi.
 struct MaaritysLomake {
