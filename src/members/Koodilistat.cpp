@@ -50,6 +50,12 @@ void cKoodirivi::Tyhjenna()
         emit NameChanged();
 }
 
+void cKoodirivi::Uusi()
+{
+    QVector<QVariant> tyhja(m_arvot.size() + 1);
+    lueRivilta(tyhja);
+}
+
 void cKoodirivi::lueRivilta(const QVector<QVariant> &rivi)
 {
     const QString vanhaNimi = m_arvot.value(m_taulu.nimiKentta);

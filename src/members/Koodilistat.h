@@ -53,6 +53,10 @@ public:
 
     // The row's values as last read or saved, dropping every change. A new row becomes empty.
     void Tyhjenna();
+    // An empty new row (id 0), as a fresh object is.
+    void Uusi();
+    // Reads the row of a key as Avain() gives it; false (and nothing changed) when it is gone.
+    bool LueAvaimella(const QVariant &avain) { return lue(avain); }
 
     // Writes the row: a new one is added and gets its id, an existing one is updated (or added
     // again when someone has deleted it meanwhile). A new row with every field empty is not
