@@ -34,9 +34,23 @@ qint64 ensimmainen(db::Database &db, const QString &sql, const db::Params &p)
     return NullLong(db.scalar(sql, p));
 }
 
+// Digits and blanks (member numbers, most phone numbers) sort the same by code as by Finnish rules.
+bool numeroita(const QVector<HakuRivi> &rivit)
+{
+    for (const HakuRivi &r : rivit)
+        for (QChar c : r.teksti)
+            if (!(c.unicode() >= '0' && c.unicode() <= '9') && c != QLatin1Char(' '))
+                return false;
+    return true;
+}
+
 // Finnish order of a long list: sort keys are made once per row, so the sort compares bytes.
 void jarjestaSuomeksi(QVector<HakuRivi> &rivit)
 {
+    if (numeroita(rivit)) {
+        std::stable_sort(rivit.begin(), rivit.end(), [](const HakuRivi &a, const HakuRivi &b) { return a.teksti < b.teksti; });
+        return;
+    }
     QCollator c(QLocale(QLocale::Finnish, QLocale::Finland));
     c.setCaseSensitivity(Qt::CaseInsensitive);
     struct Avain {

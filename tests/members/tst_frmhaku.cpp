@@ -73,6 +73,13 @@ void kirjoita(QWidget *w, const QString &teksti)
     }
 }
 
+// Opens and closes the drop-down list, as a user looking at it does; the list is read then.
+void avaaLista(QComboBox *c)
+{
+    c->showPopup();
+    c->hidePopup();
+}
+
 int rivi(const QComboBox *c, qint64 id)
 {
     for (int i = 0; i < c->count(); ++i)
@@ -120,6 +127,7 @@ private slots:
         kunAuki([&](QDialog *) {
             frmHaku *d = frmHaku::ladattu();
             if (listasta) {
+                avaaLista(d->cmbJasenNro);
                 d->cmbJasenNro->setCurrentIndex(d->cmbJasenNro->findText(kirjoitettu));
             } else {
                 kirjoita(d->cmbJasenNro->lineEdit(), kirjoitettu);
@@ -142,6 +150,7 @@ private slots:
         Seura s;
         kunAuki([&](QDialog *) {
             frmHaku *d = frmHaku::ladattu();
+            avaaLista(d->cmbOsoite);
             d->cmbOsoite->setCurrentIndex(rivi(d->cmbOsoite, s.virtala));
             d->cYhteysHaku->click();
         });
@@ -166,14 +175,19 @@ private slots:
     void typingInOneContactBoxEmptiesTheOthers()
     {
         Seura s;
-        QString email, puhelin, osoite;
+        QString email, puhelin, osoite, kirjoitettu;
+        int emailRiveja = 0;
         kunAuki([&](QDialog *) {
             frmHaku *d = frmHaku::ladattu();
+            avaaLista(d->cmbOsoite);
             d->cmbOsoite->setCurrentIndex(rivi(d->cmbOsoite, s.naapuri));
             emit d->cmbOsoite->activated(d->cmbOsoite->currentIndex());
             kirjoita(d->cmbEmail->lineEdit(), u"matti@"_s);
             d->cmbEmail->completer()->popup()->hide();
             osoite = d->cmbOsoite->currentText();
+            // The list is read at the first letter, and what was typed stays.
+            kirjoitettu = d->cmbEmail->currentText();
+            emailRiveja = d->cmbEmail->count();
             kirjoita(d->cmbPuhelin->lineEdit(), u"0"_s);
             d->cmbPuhelin->completer()->popup()->hide();
             email = d->cmbEmail->currentText();
@@ -182,6 +196,8 @@ private slots:
         });
         QCOMPARE(frmHaku::hae(nullptr), 0);
         QCOMPARE(osoite, QString());
+        QCOMPARE(kirjoitettu, u"matti@"_s);
+        QCOMPARE(emailRiveja, 1);
         QCOMPARE(email, QString());
         QCOMPARE(puhelin, u"0"_s);
         QVERIFY(s.dlg.messages().isEmpty());
@@ -205,6 +221,7 @@ private slots:
         QStringList alut;
         kunAuki([&](QDialog *) {
             frmHaku *d = frmHaku::ladattu();
+            avaaLista(d->cmbMuistioAlut);
             for (int i = 0; i < d->cmbMuistioAlut->count(); ++i)
                 alut << d->cmbMuistioAlut->itemText(i);
             d->cmbMuistioAlut->setCurrentIndex(2);
@@ -228,6 +245,7 @@ private slots:
         Seura s;
         kunAuki([&](QDialog *) {
             frmHaku *d = frmHaku::ladattu();
+            avaaLista(d->cmbJasenNro);
             d->cmbJasenNro->setCurrentIndex(d->cmbJasenNro->findText(u"7"_s));
             d->tMuistioHakuSana->setText(u"jotain"_s);
             d->cHae->click();
@@ -256,6 +274,7 @@ private slots:
         Seura s;
         kunAuki([&](QDialog *) {
             frmHaku *d = frmHaku::ladattu();
+            avaaLista(d->cmbJasenNro);
             d->cmbJasenNro->setCurrentIndex(0);
             d->cPeruHaku[0]->click();
         });

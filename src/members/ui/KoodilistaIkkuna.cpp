@@ -128,6 +128,9 @@ QLineEdit *KoodilistaIkkuna::kentta(const char *nimi, const QString &otsikko, in
     t->setObjectName(QLatin1String(nimi));
     if (leveys > 0)
         t->setMaxLength(leveys);
+    // A short code (a postal code) gets a box of its own size rather than the whole width.
+    if (leveys > 0 && leveys <= 10)
+        t->setMaximumWidth(t->fontMetrics().horizontalAdvance(QString(leveys + 2, QLatin1Char('0'))) + 16);
     t->installEventFilter(this);
     connect(t, &QLineEdit::textChanged, this, [this, kirjoita](const QString &s) {
         if (!m_naytetaan)

@@ -11,6 +11,9 @@
 #include <QComboBox>
 #include <QCompleter>
 #include <QGridLayout>
+#include <QKeyEvent>
+#include <QWheelEvent>
+#include <functional>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -28,6 +31,41 @@ QPointer<frmHaku> &instanssi()
 }
 
 std::unique_ptr<db::Database> avaaKanta() { return db::Database::open(MainModule::DatabasePath); }
+
+// A drop-down list read at its first use: the popup, a key on the closed box, or the first letter
+// typed. On the largest registers each list costs a full read and sort, which the dialog need
+// not pay for the lists the user never opens.
+class LaiskaValinta : public QComboBox {
+public:
+    using QComboBox::QComboBox;
+    std::function<void()> tayta;
+
+    void taytaNyt()
+    {
+        if (!tayta)
+            return;
+        const auto f = std::move(tayta);
+        tayta = nullptr;
+        f();
+    }
+    void showPopup() override
+    {
+        taytaNyt();
+        QComboBox::showPopup();
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent *e) override
+    {
+        taytaNyt();
+        QComboBox::keyPressEvent(e);
+    }
+    void wheelEvent(QWheelEvent *e) override
+    {
+        taytaNyt();
+        QComboBox::wheelEvent(e);
+    }
+};
 
 } // namespace
 
@@ -75,7 +113,7 @@ QPushButton *frmHaku::painike(const char *nimi, const QString &teksti)
 
 QComboBox *frmHaku::valinta(const char *nimi, bool muokattava, int leveys)
 {
-    auto *c = new QComboBox(this);
+    auto *c = new LaiskaValinta(this);
     c->setObjectName(QLatin1String(nimi));
     c->setEditable(muokattava);
     c->setInsertPolicy(QComboBox::NoInsert);
@@ -87,6 +125,7 @@ QComboBox *frmHaku::valinta(const char *nimi, bool muokattava, int leveys)
         v->setUniformItemSizes(true);
     if (muokattava) {
         c->lineEdit()->setMaxLength(leveys);
+        connect(c->lineEdit(), &QLineEdit::textEdited, c, [c] { c->taytaNyt(); });
         // The typed text stays as typed; the matches are only offered below it.
         QCompleter *k = c->completer();
         k->setCompletionMode(QCompleter::PopupCompletion);
@@ -173,15 +212,33 @@ void frmHaku::lataa()
 {
     if (m_kanta == MainModule::DatabasePath)
         return;
-    cMouseCursor odota;
-    odota.SetCursor(this, Qt::WaitCursor);
-    auto db = avaaKanta();
-    malli(cmbJasenNro)->aseta(Jasenhaku::Arvot(*db, QStringLiteral("jrJasennumero")));
-    malli(cmbOsoite)->aseta(Jasenhaku::Arvot(*db, Jasenhaku::sarake(Jasenhaku::Yhteystieto::Osoite)));
-    malli(cmbPuhelin)->aseta(Jasenhaku::Arvot(*db, Jasenhaku::sarake(Jasenhaku::Yhteystieto::Puhelin)));
-    malli(cmbMatkapuhelin)->aseta(Jasenhaku::Arvot(*db, Jasenhaku::sarake(Jasenhaku::Yhteystieto::Matkapuhelin)));
-    malli(cmbEmail)->aseta(Jasenhaku::Arvot(*db, Jasenhaku::sarake(Jasenhaku::Yhteystieto::Email)));
-    malli(cmbMuistioAlut)->aseta(Jasenhaku::MuistioAlut(*db));
+    auto lista = [this](QComboBox *c, std::function<QVector<HakuRivi>(db::Database &)> lue) {
+        malli(c)->aseta({});
+        static_cast<LaiskaValinta *>(c)->tayta = [this, c, lue] {
+            tapahtuma::suojattu([this, c, &lue] {
+                cMouseCursor odota;
+                odota.SetCursor(this, Qt::WaitCursor);
+                auto db = avaaKanta();
+                // Filling the list resets the box: what was typed so far is put back.
+                const QString teksti = c->currentText();
+                const int kohta = c->isEditable() ? c->lineEdit()->cursorPosition() : 0;
+                malli(c)->aseta(lue(*db));
+                c->setCurrentIndex(-1);
+                if (c->isEditable()) {
+                    c->setEditText(teksti);
+                    c->lineEdit()->setCursorPosition(kohta);
+                }
+            });
+        };
+    };
+    auto sarake = [](const QString &s) { return [s](db::Database &db) { return Jasenhaku::Arvot(db, s); }; };
+    using Y = Jasenhaku::Yhteystieto;
+    lista(cmbJasenNro, sarake(QStringLiteral("jrJasennumero")));
+    lista(cmbOsoite, sarake(Jasenhaku::sarake(Y::Osoite)));
+    lista(cmbPuhelin, sarake(Jasenhaku::sarake(Y::Puhelin)));
+    lista(cmbMatkapuhelin, sarake(Jasenhaku::sarake(Y::Matkapuhelin)));
+    lista(cmbEmail, sarake(Jasenhaku::sarake(Y::Email)));
+    lista(cmbMuistioAlut, [](db::Database &db) { return Jasenhaku::MuistioAlut(db); });
     m_kanta = MainModule::DatabasePath;
     tyhjenna();
 }

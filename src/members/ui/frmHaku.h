@@ -9,9 +9,9 @@
 //   4. bSiirtoKesken cleared.
 // hae() empties the dialog's boxes after it closes, so the caller need not.
 //
-// The dialog is hidden, not unloaded, when it closes: its lists are read at the first use on a
-// database and kept, so a member added later is found by a typed value but is not in the lists
-// until the database changes or the member window that owns the dialog is closed.
+// The dialog is hidden, not unloaded, when it closes. Each drop-down list is read once, when it is
+// first opened or typed in, and kept: a member added later is found by a typed value but is not
+// in the lists until the database changes or the member window that owns the dialog is closed.
 #pragma once
 
 #include <QDialog>
