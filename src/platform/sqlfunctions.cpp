@@ -158,14 +158,16 @@ LikeKuvio *teeKuvio(const QString &pattern, QChar esc, bool hasEsc)
     return k;
 }
 
-// The direct tests on plain ASCII bytes, skipping the text's conversion; nothing when the text
-// (or the pattern) is not plain ASCII.
+// The direct tests of a plain ASCII pattern on the text's UTF-8 bytes, skipping its conversion:
+// no byte of another letter can equal an ASCII one. Only the Kelvin sign and the long s fold to
+// ASCII letters; a text with their lead bytes (E2, C5) takes the full test. Nothing when the
+// pattern is not plain ASCII.
 std::optional<bool> sovitaAscii(const LikeKuvio &k, const unsigned char *t, int n)
 {
     if (k.laji == LikeKuvio::Laji::Yleinen || (k.osaAscii.isEmpty() && !k.osa.isEmpty()))
         return std::nullopt;
     for (int i = 0; i < n; ++i)
-        if (t[i] >= 0x80)
+        if (t[i] == 0xE2 || t[i] == 0xC5)
             return std::nullopt;
     const char *o = k.osaAscii.constData();
     const int m = int(k.osaAscii.size());

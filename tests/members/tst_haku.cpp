@@ -100,7 +100,8 @@ private slots:
         QTest::newRow("exact") << u"KIKI"_s << QStringList{u"kiki"_s};
         QTest::newRow("escaped percent inside") << u"%5\\%%"_s << QStringList{u"5% ale"_s};
         QTest::newRow("general") << u"%k_k%"_s << QStringList{u"kiki"_s};
-        QTest::newRow("everything") << u"%"_s << QStringList{u"Mäkinen"_s, u"kiki"_s, u"Ärrinen"_s, u"5% ale"_s, u"55 ale"_s};
+        QTest::newRow("Kelvin sign is a k") << u"kalle"_s << QStringList{u"\u212Aalle"_s};
+        QTest::newRow("everything") << u"%"_s << QStringList{u"Mäkinen"_s, u"kiki"_s, u"Ärrinen"_s, u"5% ale"_s, u"55 ale"_s, u"\u212Aalle"_s};
     }
 
     void likeAgreesOverRowsAndReruns()
@@ -110,7 +111,7 @@ private slots:
         TestEnv env;
         auto db = db::Database::create(env.path(u"like.mdb"_s));
         db->executeScript(u"CREATE TABLE t (id INTEGER PRIMARY KEY, s TEXT);"
-                          "INSERT INTO t (s) VALUES ('Mäkinen'), ('kiki'), ('Ärrinen'), ('5% ale'), ('55 ale'), (NULL);"_s);
+                          "INSERT INTO t (s) VALUES ('Mäkinen'), ('kiki'), ('Ärrinen'), ('5% ale'), ('55 ale'), (NULL), ('\u212Aalle');"_s);
         db::Statement st(*db, u"SELECT s FROM t WHERE s LIKE ? ESCAPE '\\' ORDER BY id"_s, {u"%zz%"_s});
         QVERIFY(!st.next());
         st.reset({kuvio});
