@@ -1,0 +1,459 @@
+#include "core/AsetustenTallennus.h"
+#include "core/Asetukset.h"
+#include "core/MainModule.h"
+#include "core/Malli.h"
+#include "core/UpdateDatabase.h"
+#include "platform/database.h"
+#include "platform/files.h"
+#include "platform/mxlookup.h"
+#include "scripteddialogs.h"
+#include "testenv.h"
+
+#include <QFile>
+#include <QSettings>
+#include <QtTest>
+
+namespace M = MainModule;
+
+namespace {
+
+// The club keys in the order the save writes them.
+const QStringList kAvaimet = {
+    QStringLiteral("AsKannassa"), QStringLiteral("RegName"), QStringLiteral("Henkilo"), QStringLiteral("RegOsoite"),
+    QStringLiteral("RegPostinumero"), QStringLiteral("RegPostitoimipaikka"), QStringLiteral("RegPuhelin"),
+    QStringLiteral("RegFax"), QStringLiteral("RegSeuranEmail"), QStringLiteral("RegWWW"), QStringLiteral("Email"),
+    QStringLiteral("EmailSystem"), QStringLiteral("EmailPerMin"), QStringLiteral("SMTP"),
+    QStringLiteral("RegPankkiyhteys1"), QStringLiteral("RegPankkiyhteys2"), QStringLiteral("YTunnus"),
+    QStringLiteral("Salasana"), QStringLiteral("EmailPohja"), QStringLiteral("EmailKarhupohja"),
+    QStringLiteral("MultiDb"), QStringLiteral("MargYla"), QStringLiteral("MargAla"), QStringLiteral("MargVas"),
+    QStringLiteral("MargOik"), QStringLiteral("TulostusEra"), QStringLiteral("Laskunro"), QStringLiteral("Jasennro"),
+    QStringLiteral("VarmuuskopioPv"), QStringLiteral("Fontti"), QStringLiteral("FonttiKoko"),
+    QStringLiteral("AutoJasennumero"), QStringLiteral("MuistutaVarm"), QStringLiteral("LaskupohjaKaytossa"),
+    QStringLiteral("LaskupohjaHKaytossa"), QStringLiteral("LaskupohjaTiedosto"), QStringLiteral("LaskupohjaHTiedosto"),
+    QStringLiteral("Muistutuskulut"), QStringLiteral("Viivastyskorko"), QStringLiteral("MuistutusAlku"),
+    QStringLiteral("MuistutusLoppu"), QStringLiteral("MuistutusOtsake")};
+
+// The checked number fields of the window by name.
+QString AsetuksetSyote::*numerokentta(const QString &nimi)
+{
+    static const QHash<QString, QString AsetuksetSyote::*> kentat = {
+        {QStringLiteral("tEmailPerMin"), &AsetuksetSyote::tEmailPerMin},
+        {QStringLiteral("tMargYla"), &AsetuksetSyote::tMargYla},
+        {QStringLiteral("tMargAla"), &AsetuksetSyote::tMargAla},
+        {QStringLiteral("tMargVas"), &AsetuksetSyote::tMargVas},
+        {QStringLiteral("tMargOik"), &AsetuksetSyote::tMargOik},
+        {QStringLiteral("tTulostusEra"), &AsetuksetSyote::tTulostusEra},
+        {QStringLiteral("tLaskunumero"), &AsetuksetSyote::tLaskunumero},
+        {QStringLiteral("tJasennumero"), &AsetuksetSyote::tJasennumero},
+        {QStringLiteral("tVarmuuskopioPv"), &AsetuksetSyote::tVarmuuskopioPv},
+        {QStringLiteral("tMuistutuskulut"), &AsetuksetSyote::tMuistutuskulut},
+        {QStringLiteral("tViivastysKorko"), &AsetuksetSyote::tViivastysKorko},
+    };
+    return kentat.value(nimi);
+}
+
+QString teeKanta(const TestEnv &env, const QString &nimi = QStringLiteral("seura.mdb"))
+{
+    const QString polku = env.path(nimi);
+    LuoMalliTietokanta(polku);
+    UpdateDatabase(*db::Database::open(polku));
+    return polku;
+}
+
+QMap<QString, QString> kannanAsetukset(const QString &polku)
+{
+    QMap<QString, QString> out;
+    auto d = db::Database::open(polku);
+    db::Statement st(*d, QStringLiteral("SELECT setKey, setString FROM Settings WHERE setSection = 'VONARI'"));
+    while (st.next())
+        out.insert(st.value(0).toString(), st.value(1).toString());
+    return out;
+}
+
+QString iniArvo(const TestEnv &env, const QString &avain)
+{
+    QSettings ini(env.iniPath(), QSettings::IniFormat);
+    return ini.value(QStringLiteral("VONARI/") + avain).toString();
+}
+
+AsetuksetSyote hyvat(const QString &kanta, const QString &varmistus)
+{
+    AsetuksetSyote s;
+    s.tNimi = QStringLiteral("Äänekosken Latu ry");
+    s.tHenkilo = QStringLiteral("Liisa Mäki");
+    s.tOsoite = QStringLiteral("Koulukatu 3");
+    s.tPostinumero = QStringLiteral("44100");
+    s.tPostitoimipaikka = QStringLiteral("ÄÄNEKOSKI");
+    s.tPuhelin = QStringLiteral("040 123 4567");
+    s.tFax = QStringLiteral("014 555 1234");
+    s.tSeuranEmail = QStringLiteral("latu@example.fi");
+    s.tWWW = QStringLiteral("www.example.fi");
+    s.optEmailSystem = 1;
+    s.tEmail = QStringLiteral("sihteeri@example.fi");
+    s.tSMTP = QStringLiteral("smtp.example.fi");
+    s.tEmailPerMin = QStringLiteral("30");
+    s.tPankkiyhteys1 = QStringLiteral("FI21 1234 5600 0007 85");
+    s.tPankkiyhteys2 = QString();
+    s.tYTunnus = QStringLiteral("1234567-8");
+    s.tTietokanta = kanta;
+    s.tVarmistus = varmistus;
+    s.chkMoniseuratuki = true;
+    s.tLaskunumero = QStringLiteral("1200");
+    s.tJasennumero = QStringLiteral("350");
+    s.chkJasennumero = true;
+    s.tVarmuuskopioPv = QStringLiteral("14");
+    s.chkMuistutaVarmistuksesta = true;
+    s.tSalasana = QStringLiteral("O'Brien; --");
+    s.tEmailLaskupohja = QStringLiteral("/pohjat/lasku.txt");
+    s.tEmailKarhupohja = QStringLiteral("/pohjat/karhu.txt");
+    s.tMuistutuskulut = QStringLiteral("5,00");
+    s.tViivastysKorko = QStringLiteral("7,5");
+    s.tMuistutusOtsake = QStringLiteral("MAKSUMUISTUTUS");
+    s.tMuistutusAlkuteksti = QStringLiteral("Kirjanpitomme mukaan alla oleva lasku on vielä maksamatta.");
+    s.tMuistutusLopputeksti = QStringLiteral("Jos olet jo maksanut, tämä muistutus on aiheeton.");
+    s.tTulostusEra = QStringLiteral("50");
+    s.cmbFonts = QStringLiteral("DejaVu Serif");
+    s.cmbFonttiKoko = QStringLiteral("11");
+    s.tMargVas = QStringLiteral("10");
+    s.tMargOik = QStringLiteral("11");
+    s.tMargYla = QStringLiteral("12");
+    s.tMargAla = QStringLiteral("13");
+    s.chkLaskupohjaKaytossa = true;
+    s.tLaskupohjaTiedosto = QStringLiteral("/pohjat/oma.rpt");
+    s.chkLaskupohjaHKaytossa = false;
+    return s;
+}
+
+} // namespace
+
+class TestAsetustenTallennus : public QObject {
+    Q_OBJECT
+
+private slots:
+    void kaikkiAsetuksetTallentuvat()
+    {
+        TestEnv env;
+        ScriptedDialogs dialogs;
+        const QString kanta = teeKanta(env);
+        const AsetustenTallennusTulos tulos = TallennaAsetukset(hyvat(kanta, env.path(QStringLiteral("varmistus"))));
+
+        QVERIFY(tulos.valmis);
+        QVERIFY(tulos.kohdistus.isEmpty());
+        QCOMPARE(dialogs.allTexts(), QStringList());
+
+        const auto arvot = kannanAsetukset(kanta);
+        QCOMPARE(arvot.value(QStringLiteral("AsKannassa")), QStringLiteral("1"));
+        QCOMPARE(arvot.value(QStringLiteral("RegName")), QStringLiteral("Äänekosken Latu ry"));
+        QCOMPARE(arvot.value(QStringLiteral("Salasana")), QStringLiteral("O'Brien; --"));
+        QCOMPARE(arvot.value(QStringLiteral("EmailSystem")), QStringLiteral("1"));
+        QCOMPARE(arvot.value(QStringLiteral("MultiDb")), QStringLiteral("1"));
+        QCOMPARE(arvot.value(QStringLiteral("AutoJasennumero")), QStringLiteral("1"));
+        QCOMPARE(arvot.value(QStringLiteral("LaskupohjaHKaytossa")), QStringLiteral("0"));
+        QCOMPARE(arvot.value(QStringLiteral("FonttiKoko")), QStringLiteral("11"));
+        QCOMPARE(arvot.value(QStringLiteral("Muistutuskulut")), QStringLiteral("5,00"));
+        QCOMPARE(arvot.value(QStringLiteral("MuistutusOtsake")), QStringLiteral("MAKSUMUISTUTUS"));
+        for (const QString &avain : kAvaimet)
+            QVERIFY2(arvot.contains(avain), qPrintable(avain));
+
+        QCOMPARE(M::RegName, QStringLiteral("Äänekosken Latu ry"));
+        QVERIFY(M::EmailSystem);
+        QCOMPARE(M::EmailPerMin, 30L);
+        QCOMPARE(M::Laskunro, 1200L);
+        QCOMPARE(M::Jasennro, 350L);
+        QCOMPARE(M::VarmuuskopioPv, 14L);
+        QCOMPARE(M::Muistutuskulut, Currency::fromUnits(5));
+        QCOMPARE(M::Viivastyskorko, 7.5);
+        QCOMPARE(M::Fontti, QStringLiteral("DejaVu Serif"));
+        QCOMPARE(M::FonttiKoko, 11);
+        QCOMPARE(M::MargYla, 12);
+        QCOMPARE(M::RaporttiMarginaalit.top, 12 * 48);
+        QCOMPARE(M::RaporttiMarginaalit.left, 10 * 48);
+        QVERIFY(M::LaskupohjaKaytossa);
+        QVERIFY(!M::LaskupohjaHKaytossa);
+
+        QCOMPARE(iniArvo(env, QStringLiteral("Database")), kanta);
+        QCOMPARE(iniArvo(env, QStringLiteral("MultiDb")), QStringLiteral("1"));
+        QCOMPARE(M::DatabasePath, kanta);
+        QVERIFY(M::MultiDb);
+
+        // What the save writes, the next start reads back the same.
+        M::resetGlobals();
+        LueAsetukset(*db::Database::open(kanta));
+        QCOMPARE(M::RegName, QStringLiteral("Äänekosken Latu ry"));
+        QVERIFY(M::EmailSystem);
+        QCOMPARE(M::EmailPerMin, 30L);
+        QCOMPARE(M::Laskunro, 1200L);
+        QCOMPARE(M::VarmuuskopioPv, 14L);
+        QVERIFY(M::AutoJasennumero);
+        QVERIFY(M::MuistutaVarm);
+        QCOMPARE(M::Muistutuskulut, Currency::fromUnits(5));
+        QCOMPARE(M::Viivastyskorko, 7.5);
+        QCOMPARE(M::FonttiKoko, 11);
+        QCOMPARE(M::MargAla, 13);
+        QCOMPARE(M::RaporttiMarginaalit.bottom, 13 * 48);
+        QCOMPARE(M::MuistutusLoppu, QStringLiteral("Jos olet jo maksanut, tämä muistutus on aiheeton."));
+    }
+
+    // The first bad number stops the save at its turn: the keys before it are stored, it and
+    // the keys after it are not, and the focus goes to its field.
+    void huonoNumeroPysayttaaVuorollaan_data()
+    {
+        QTest::addColumn<QString>("kentta");
+        QTest::addColumn<QString>("avain");
+        QTest::addColumn<QString>("viesti");
+        const QString marginaali = QStringLiteral("Syötä marginaaliksi ainoastaan numeroita.");
+        QTest::newRow("viestejä/min") << "tEmailPerMin" << "EmailPerMin"
+                                      << "Syötä (sähköposti) viestejä / min arvoksi ainoastaan numeroita.";
+        QTest::newRow("ylämarginaali") << "tMargYla" << "MargYla" << marginaali;
+        QTest::newRow("alamarginaali") << "tMargAla" << "MargAla" << marginaali;
+        QTest::newRow("vasen marginaali") << "tMargVas" << "MargVas" << marginaali;
+        QTest::newRow("oikea marginaali") << "tMargOik" << "MargOik" << marginaali;
+        QTest::newRow("tulostuserä") << "tTulostusEra" << "TulostusEra" << "Syötä tulostuseräksi ainoastaan numeroita.";
+        QTest::newRow("laskunumero") << "tLaskunumero" << "Laskunro" << "Syötä laskunumeroksi ainoastaan numeroita.";
+        QTest::newRow("jäsennumero") << "tJasennumero" << "Jasennro" << "Syötä jäsennumeroksi ainoastaan numeroita.";
+        QTest::newRow("varmuuskopiot") << "tVarmuuskopioPv" << "VarmuuskopioPv"
+                                       << "Syötä Varmuuskopiot -kenttään ainoastaan numeroita.";
+        QTest::newRow("muistutuskulut") << "tMuistutuskulut" << "Muistutuskulut"
+                                        << "Syötä muistutuskuluksi ainoastaan numeroita.";
+        QTest::newRow("viivästyskorko") << "tViivastysKorko" << "Viivastyskorko"
+                                        << "Syötä viivästyskoroksi ainoastaan numeroita.";
+    }
+
+    void huonoNumeroPysayttaaVuorollaan()
+    {
+        QFETCH(QString, kentta);
+        QFETCH(QString, avain);
+        QFETCH(QString, viesti);
+        TestEnv env;
+        ScriptedDialogs dialogs;
+        const QString kanta = teeKanta(env);
+        AsetuksetSyote s = hyvat(kanta, env.path(QStringLiteral("varmistus/")));
+        s.*numerokentta(kentta) = QStringLiteral("12x");
+        M::Laskunro = 77;
+
+        const AsetustenTallennusTulos tulos = TallennaAsetukset(s);
+
+        QVERIFY(!tulos.valmis);
+        QCOMPARE(tulos.kohdistus, kentta);
+        QCOMPARE(dialogs.allTexts(), QStringList{viesti});
+        const auto arvot = kannanAsetukset(kanta);
+        const qsizetype vuoro = kAvaimet.indexOf(avain);
+        QVERIFY(vuoro > 0);
+        for (qsizetype i = 0; i < kAvaimet.size(); ++i)
+            QVERIFY2(arvot.contains(kAvaimet[i]) == (i < vuoro), qPrintable(kAvaimet[i]));
+        // The globals follow the store: set up to the stop, untouched after it.
+        QCOMPARE(M::RegName, s.tNimi);
+        if (kAvaimet.indexOf(QStringLiteral("Laskunro")) >= vuoro)
+            QCOMPARE(M::Laskunro, 77L);
+    }
+
+    void lukujenMuodot_data()
+    {
+        QTest::addColumn<QString>("kentta");
+        QTest::addColumn<QString>("teksti");
+        QTest::addColumn<bool>("kelpaa");
+        QTest::addColumn<QString>("avain");
+        QTest::addColumn<QString>("tallennettu");
+        QTest::newRow("välilyönnit pois") << "tLaskunumero" << " 1 200 " << true << "Laskunro" << "1200";
+        QTest::newRow("suurin laskunumero") << "tLaskunumero" << "2147483647" << true << "Laskunro" << "2147483647";
+        QTest::newRow("laskunumero yli 32 bitin") << "tLaskunumero" << "2147483648" << false << "Laskunro" << "";
+        QTest::newRow("desimaalit numerossa") << "tJasennumero" << "12,5" << false << "Jasennro" << "";
+        QTest::newRow("miinusmerkki") << "tVarmuuskopioPv" << "-3" << false << "VarmuuskopioPv" << "";
+        QTest::newRow("tyhjä marginaali") << "tMargAla" << "" << false << "MargAla" << "";
+        QTest::newRow("suurin marginaali") << "tMargYla" << "682" << true << "MargYla" << "682";
+        QTest::newRow("marginaali ylivuotaa") << "tMargYla" << "683" << false << "MargYla" << "";
+        QTest::newRow("erä ylivuotaa") << "tTulostusEra" << "32768" << false << "TulostusEra" << "";
+        QTest::newRow("kulut pisteellä") << "tMuistutuskulut" << "2.5" << true << "Muistutuskulut" << "2.5";
+        QTest::newRow("kulut negatiiviset") << "tMuistutuskulut" << "-1" << false << "Muistutuskulut" << "";
+        QTest::newRow("korko pilkulla") << "tViivastysKorko" << " 8,25 " << true << "Viivastyskorko" << "8,25";
+        QTest::newRow("korko sanoin") << "tViivastysKorko" << "kahdeksan" << false << "Viivastyskorko" << "";
+    }
+
+    void lukujenMuodot()
+    {
+        QFETCH(QString, kentta);
+        QFETCH(QString, teksti);
+        QFETCH(bool, kelpaa);
+        QFETCH(QString, avain);
+        QFETCH(QString, tallennettu);
+        TestEnv env;
+        ScriptedDialogs dialogs;
+        const QString kanta = teeKanta(env);
+        AsetuksetSyote s = hyvat(kanta, env.path(QStringLiteral("varmistus/")));
+        s.*numerokentta(kentta) = teksti;
+
+        const AsetustenTallennusTulos tulos = TallennaAsetukset(s);
+
+        QCOMPARE(tulos.valmis, kelpaa);
+        QCOMPARE(dialogs.messages().size(), kelpaa ? 0 : 1);
+        QCOMPARE(kannanAsetukset(kanta).value(avain), tallennettu);
+        if (avain == QLatin1String("Muistutuskulut") && kelpaa)
+            QCOMPARE(M::Muistutuskulut, Currency::fromRaw(25000));
+        if (avain == QLatin1String("Viivastyskorko") && kelpaa)
+            QCOMPARE(M::Viivastyskorko, 8.25);
+    }
+
+    void varmistushakemistoPaattyyKauttaviivaan_data()
+    {
+        QTest::addColumn<QString>("kirjoitettu");
+        QTest::addColumn<QString>("odotettu");
+        QTest::newRow("ilman") << "/media/tikku/varmistus" << "/media/tikku/varmistus/";
+        QTest::newRow("valmiiksi") << "/media/tikku/" << "/media/tikku/";
+        QTest::newRow("tyhjä on oletus") << "" << "(oletus)";
+    }
+
+    void varmistushakemistoPaattyyKauttaviivaan()
+    {
+        QFETCH(QString, kirjoitettu);
+        QFETCH(QString, odotettu);
+        TestEnv env;
+        ScriptedDialogs dialogs;
+        if (odotettu == QLatin1String("(oletus)"))
+            odotettu = files::defaultBackupFolder();
+        TallennaIniAsetukset(env.path(QStringLiteral("seura.mdb")), kirjoitettu, false);
+        QCOMPARE(M::BackupPath, odotettu);
+        QCOMPARE(iniArvo(env, QStringLiteral("DatabaseBackup")), odotettu);
+        QCOMPARE(iniArvo(env, QStringLiteral("MultiDb")), QStringLiteral("0"));
+        QCOMPARE(KauttaviivaLoppuun(QString()), QString());
+    }
+
+    // Without a database the save is told and goes on: the workstation's values and the globals
+    // are set, the window may close.
+    void kantaaEiLoydy_data()
+    {
+        QTest::addColumn<QString>("polku");
+        QTest::newRow("tiedosto puuttuu") << "seura.mdb";
+        QTest::newRow("hakemisto puuttuu") << "eiole/seura.mdb";
+        QTest::newRow("tyhjä nimi") << "";
+    }
+
+    void kantaaEiLoydy()
+    {
+        QFETCH(QString, polku);
+        TestEnv env;
+        ScriptedDialogs dialogs;
+        const QString kanta = polku.isEmpty() ? QString() : env.path(polku);
+        const AsetustenTallennusTulos tulos = TallennaAsetukset(hyvat(kanta, env.path(QStringLiteral("v"))));
+        QVERIFY(tulos.valmis);
+        QCOMPARE(dialogs.allTexts(), QStringList{QStringLiteral("Tietokantaa ei löydy, korjaa asetuksista tietokannan nimi")});
+        QCOMPARE(iniArvo(env, QStringLiteral("Database")), kanta);
+        QCOMPARE(M::RegName, QStringLiteral("Äänekosken Latu ry"));
+        QCOMPARE(M::Laskunro, 1200L);
+        QVERIFY(!QFile::exists(kanta));
+    }
+
+    void vierastaTiedostoaEiKorjata_data()
+    {
+        QTest::addColumn<QByteArray>("sisalto");
+        QByteArray jet(2048, '\0');
+        jet.replace(4, 15, "Standard Jet DB");
+        QTest::newRow("Access") << jet;
+        QTest::newRow("teksti") << QByteArray("Sukunimi;Etunimi\nMäki;Liisa\n");
+    }
+
+    void vierastaTiedostoaEiKorjata()
+    {
+        QFETCH(QByteArray, sisalto);
+        TestEnv env;
+        ScriptedDialogs dialogs;
+        const QString polku = env.path(QStringLiteral("vanha.mdb"));
+        QFile f(polku);
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write(sisalto);
+        f.close();
+
+        const AsetustenTallennusTulos tulos = TallennaAsetukset(hyvat(polku, env.path(QStringLiteral("v"))));
+
+        QVERIFY(tulos.valmis);
+        QCOMPARE(dialogs.shown.size(), 1);
+        QCOMPARE(dialogs.shown[0].icon, dlg::Icon::Stop);
+        QVERIFY(dialogs.shown[0].text.contains(polku));
+        QVERIFY(dialogs.shown[0].text.endsWith(QStringLiteral("Korjaa asetuksista tietokannan nimi.")));
+        QVERIFY(f.open(QIODevice::ReadOnly));
+        QCOMPARE(f.readAll(), sisalto);
+        QVERIFY(!QFile::exists(polku + QStringLiteral("OLD")));
+        QVERIFY(!QFile::exists(polku + QStringLiteral("2")));
+    }
+
+    void lisaasetukset()
+    {
+        TestEnv env;
+        ScriptedDialogs dialogs;
+        const QString kanta = teeKanta(env);
+        M::DatabasePath = kanta;
+        LisaasetuksetSyote s;
+        s.chkSuuretSuorituksetMaksetuksi = true;
+        s.tSuoritustiedosto = QStringLiteral("/tiedostot/ylisuoritukset.txt");
+        s.tOsoitteidenVienti = QStringLiteral("/tiedostot/osoitteet.xlsx");
+        s.optOsoitemuoto = 2;
+
+        QVERIFY(TallennaLisaasetukset(s));
+
+        const auto arvot = kannanAsetukset(kanta);
+        QCOMPARE(arvot.value(QStringLiteral("Suoritustiedosto")), s.tSuoritustiedosto);
+        QCOMPARE(arvot.value(QStringLiteral("OsoiteTiedosto")), s.tOsoitteidenVienti);
+        QCOMPARE(arvot.value(QStringLiteral("OsoiteMuoto")), QStringLiteral("2"));
+        QCOMPARE(arvot.value(QStringLiteral("SuuretSuorituksetMaksetuksi")), QStringLiteral("1"));
+        QCOMPARE(arvot.value(QStringLiteral("SuorituksellaMaksetuksiJosEiLoppusummaa")), QStringLiteral("0"));
+        QCOMPARE(M::OsoiteMuoto, 2);
+        QVERIFY(M::SuuretSuorituksetMaksetuksi);
+        QCOMPARE(M::OsoiteTiedosto, s.tOsoitteidenVienti);
+        QCOMPARE(dialogs.allTexts(), QStringList());
+    }
+
+    void mxVastaus_data()
+    {
+        QTest::addColumn<QString>("vastaus");
+        QTest::addColumn<QString>("nykyinen");
+        QTest::addColumn<QString>("kayttaja"); // answer to the question, "" when none is expected
+        QTest::addColumn<QString>("tulos");
+        QTest::addColumn<QStringList>("tekstit");
+        const QString kysymys = QStringLiteral("Kysely löysi palvelimen: mx.example.fi\n"
+                                               "Haluatko korvata nykyisen palvelinasetuksen?");
+        QTest::newRow("ei löytynyt") << "" << "smtp.example.fi" << "" << "smtp.example.fi"
+                                     << QStringList{QStringLiteral("Kysely ei löytänyt sähköpostipalvelinta.")};
+        QTest::newRow("kenttä tyhjä") << "mx.example.fi" << "" << "" << "mx.example.fi" << QStringList();
+        QTest::newRow("sama") << "mx.example.fi" << "mx.example.fi" << "" << "mx.example.fi" << QStringList();
+        QTest::newRow("eri, korvataan") << "mx.example.fi" << "smtp.example.fi" << "kyllä" << "mx.example.fi"
+                                        << QStringList{kysymys};
+        QTest::newRow("eri, pidetään") << "mx.example.fi" << "smtp.example.fi" << "ei" << "smtp.example.fi"
+                                       << QStringList{kysymys};
+    }
+
+    void mxVastaus()
+    {
+        QFETCH(QString, vastaus);
+        QFETCH(QString, nykyinen);
+        QFETCH(QString, kayttaja);
+        QFETCH(QString, tulos);
+        QFETCH(QStringList, tekstit);
+        ScriptedDialogs dialogs;
+        if (kayttaja == QStringLiteral("kyllä"))
+            dialogs.yes();
+        else if (kayttaja == QLatin1String("ei"))
+            dialogs.no();
+        QCOMPARE(MxVastauksenKasittely(vastaus, nykyinen), tulos);
+        QCOMPARE(dialogs.allTexts(), tekstit);
+        QVERIFY(dialogs.unexpected.isEmpty());
+    }
+
+    void mxKysyySahkopostinVerkkotunnusta()
+    {
+        QStringList kysytyt;
+        mx::setResolver([&](const QString &domain) {
+            kysytyt << domain;
+            return QStringLiteral("mx1.example.fi");
+        });
+        QCOMPARE(mx::mailServerFor(QStringLiteral(" sihteeri@Example.fi ")), QStringLiteral("mx1.example.fi"));
+        QCOMPARE(mx::mailServerFor(QStringLiteral("ei-osoite")), QString());
+        QCOMPARE(mx::mailServerFor(QStringLiteral("sihteeri@")), QString());
+        QCOMPARE(kysytyt, QStringList{QStringLiteral("Example.fi")});
+        mx::setResolver({});
+        // A name that cannot exist gives nothing, whether or not there is a network.
+        QCOMPARE(mx::preferredExchange(QStringLiteral("ei-ole.invalid"), 2000), QString());
+        QCOMPARE(mx::preferredExchange(QString()), QString());
+    }
+};
+
+QTEST_MAIN(TestAsetustenTallennus)
+#include "tst_asetustentallennus.moc"

@@ -1,0 +1,450 @@
+#include "core/MainModule.h"
+#include "core/Malli.h"
+#include "core/UpdateDatabase.h"
+#include "core/ui/frmAsetukset.h"
+#include "core/ui/frmAsetuksetLisa.h"
+#include "platform/database.h"
+#include "platform/mxlookup.h"
+#include "scripteddialogs.h"
+#include "testenv.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSettings>
+#include <QTabWidget>
+#include <QTimer>
+#include <QtTest>
+
+namespace M = MainModule;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+template <typename T>
+T *osa(QWidget &w, const QString &nimi)
+{
+    T *c = w.findChild<T *>(nimi);
+    if (!c)
+        qFatal("control %s missing", qPrintable(nimi));
+    return c;
+}
+
+void kirjoita(QWidget *w, const QString &teksti)
+{
+    for (QChar c : teksti) {
+        // Qt's key codes of the Latin-1 letters are their upper-case code points (Ä = Key_Adiaeresis).
+        const auto key = Qt::Key(c.toUpper().unicode());
+        QTest::sendKeyEvent(QTest::Click, w, key, QString(c), Qt::NoModifier);
+    }
+}
+
+QString teeKanta(const TestEnv &env)
+{
+    const QString polku = env.path(u"seura.mdb"_s);
+    LuoMalliTietokanta(polku);
+    UpdateDatabase(*db::Database::open(polku));
+    return polku;
+}
+
+QString kannanArvo(const QString &polku, const QString &avain)
+{
+    auto d = db::Database::open(polku);
+    return d->scalar(u"SELECT setString FROM Settings WHERE setSection = 'VONARI' AND setKey = ?"_s, {avain}).toString();
+}
+
+// A club whose settings have been read, with its database in place.
+void seuranAsetukset(const TestEnv &env)
+{
+    M::DatabasePath = teeKanta(env);
+    M::BackupPath = env.path(u"varmistus/"_s);
+    M::RegName = u"Latu ry"_s;
+    M::Email = u"sihteeri@example.fi"_s;
+    M::SMTP = u"smtp.example.fi"_s;
+    M::EmailSystem = true;
+    M::EmailPerMin = 25;
+    M::Laskunro = 1200;
+    M::Jasennro = 351;
+    M::AutoJasennumero = true;
+    M::Muistutuskulut = Currency::fromRaw(25000);
+    M::Viivastyskorko = 7.5;
+    M::MuistutusAlku = u"Lasku on vielä maksamatta."_s;
+    M::Fontti = u"Kirjasin jota ei ole"_s;
+    M::FonttiKoko = 13;
+    M::MargYla = 5;
+}
+
+void nayta(QWidget &w)
+{
+    w.show();
+    QApplication::setActiveWindow(&w);
+    QVERIFY(QTest::qWaitForWindowActive(&w));
+}
+
+} // namespace
+
+class TestFrmAsetukset : public QObject {
+    Q_OBJECT
+
+private slots:
+    void kentatTaytetaanGlobaaleista()
+    {
+        TestEnv env;
+        ScriptedDialogs dialogs;
+        seuranAsetukset(env);
+        frmAsetukset w;
+        QCOMPARE(w.windowTitle(), u"Vonari - Asetukset"_s);
+        QCOMPARE(osa<QLineEdit>(w, u"tNimi"_s)->text(), u"Latu ry"_s);
+        QVERIFY(osa<QRadioButton>(w, u"optEmailSystem_1"_s)->isChecked());
+        QCOMPARE(osa<QRadioButton>(w, u"optEmailSystem_1"_s)->text(), u"Suora SMTP"_s);
+        QCOMPARE(osa<QLineEdit>(w, u"tEmailPerMin"_s)->text(), u"25"_s);
+        QCOMPARE(osa<QLineEdit>(w, u"tTietokanta"_s)->text(), M::DatabasePath);
+        QCOMPARE(osa<QLineEdit>(w, u"tLaskunumero"_s)->text(), u"1200"_s);
+        QCOMPARE(osa<QLineEdit>(w, u"tLaskunumero"_s)->toolTip(), u"Seuraavan laskun laskunumero"_s);
+        QVERIFY(osa<QCheckBox>(w, u"chkJasennumero"_s)->isChecked());
+        QCOMPARE(osa<QLineEdit>(w, u"tMuistutuskulut"_s)->text(), u"2,50"_s);
+        QCOMPARE(osa<QLineEdit>(w, u"tViivastysKorko"_s)->text(), u"7,5"_s);
+        QCOMPARE(osa<QPlainTextEdit>(w, u"tMuistutusAlkuteksti"_s)->toPlainText(), M::MuistutusAlku);
+        // A font this machine lacks is kept, not replaced by the first of the list.
+        QCOMPARE(osa<QComboBox>(w, u"cmbFonts"_s)->currentText(), u"Kirjasin jota ei ole"_s);
+        QCOMPARE(osa<QComboBox>(w, u"cmbFonttiKoko"_s)->currentText(), u"13"_s);
+        QCOMPARE(osa<QLineEdit>(w, u"tMargYla"_s)->text(), u"5"_s);
+        QVERIFY(!w.muuttunut());
+        QVERIFY(dialogs.allTexts().isEmpty());
+    }
+
+    void numerokenttaTyhjeneeKirjaimesta_data()
+    {
+        QTest::addColumn<QString>("kentta");
+        QTest::addColumn<QString>("viesti");
+        QTest::newRow("viestejä/min") << "tEmailPerMin" << "Syötä viestiä / minuutti rajoitukseksi ainoastaan numeroita.";
+        QTest::newRow("jäsennumero") << "tJasennumero" << "Syötä jäsennumeroksi ainoastaan numeroita.";
+        QTest::newRow("laskunumero") << "tLaskunumero" << "Syötä laskunumeroksi ainoastaan numeroita.";
+        QTest::newRow("alamarginaali") << "tMargAla" << "Syötä marginaaliksi ainoastaan numeroita.";
+        QTest::newRow("oikea marginaali") << "tMargOik" << "Syötä marginaaliksi ainoastaan numeroita.";
+        QTest::newRow("vasen marginaali") << "tMargVas" << "Syötä marginaaliksi ainoastaan numeroita.";
+        QTest::newRow("ylämarginaali") << "tMargYla" << "Syötä marginaaliksi ainoastaan numeroita.";
+        QTest::newRow("muistutuskulut") << "tMuistutuskulut" << "Syötä Muistutuskulut -kenttään ainoastaan numeroita.";
+        QTest::newRow("tulostuserä") << "tTulostusEra" << "Syötä tulostuseräksi ainoastaan numeroita.";
+        QTest::newRow("varmuuskopiot") << "tVarmuuskopioPv" << "Syötä Varmuuskopiot -kenttään ainoastaan numeroita.";
+    }
+
+    void numerokenttaTyhjeneeKirjaimesta()
+    {
+        QFETCH(QString, kentta);
+        QFETCH(QString, viesti);
+        TestEnv env;
+        ScriptedDialogs dialogs;
+        frmAsetukset w;
+        QLineEdit *t = osa<QLineEdit>(w, kentta);
+        t->clear();
+        QTest::keyClicks(t, u"12"_s);
+        QCOMPARE(t->text(), u"12"_s);
+        QVERIFY(dialogs.allTexts().isEmpty());
+        QTest::keyClicks(t, u"k"_s);
+        QCOMPARE(dialogs.allTexts(), QStringList{viesti});
+        QCOMPARE(t->text(), QString());
+        QVERIFY(w.muuttunut());
+    }
+
+    void kentastaPoistuttaessa()
+    {
+        TestEnv env;
+        ScriptedDialogs dialogs;
+        frmAsetukset w;
+        nayta(w);
+        auto *perMin = osa<QLineEdit>(w, u"tEmailPerMin"_s);
+        auto *varmistus = osa<QLineEdit>(w, u"tVarmistus"_s);
+        auto *nimi = osa<QLineEdit>(w, u"tNimi"_s);
+        perMin->setFocus();
+        perMin->clear();
+        nimi->setFocus();
+        QCOMPARE(perMin->text(), u"0"_s);
+        varmistus->setFocus();
+        varmistus->setText(u"/media/tikku/varmistus"_s);
+        nimi->setFocus();
+        QCOMPARE(varmistus->text(), u"/media/tikku/varmistus/"_s);
+        varmistus->setFocus();
+        nimi->setFocus();
+        QCOMPARE(varmistus->text(), u"/media/tikku/varmistus/"_s);
+        QVERIFY(dialogs.allTexts().isEmpty());
+    }
+
+    void muistutustekstiPysyyYhdellaRivilla_data()
+    {
+        QTest::addColumn<QString>("kentta");
+        QTest::newRow("alkuteksti") << "tMuistutusAlkuteksti";
+        QTest::newRow("lopputeksti") << "tMuistutusLopputeksti";
+    }
+
+    void muistutustekstiPysyyYhdellaRivilla()
+    {
+        QFETCH(QString, kentta);
+        TestEnv env;
+        ScriptedDialogs dialogs;
+        frmAsetukset w;
+        auto *t = osa<QPlainTextEdit>(w, kentta);
+        kirjoita(t, u"Hyvä"_s);
+        QTest::keyClick(t, Qt::Key_Return);
+        QTest::keyClick(t, Qt::Key_Enter);
+        kirjoita(t, u" jäsen"_s);
+        QCOMPARE(t->toPlainText(), u"Hyvä jäsen"_s);
+        QCOMPARE(dialogs.allTexts(),
+                 QStringList(2, u"Muistutuksen teksteissä ei saa olla rivinvaihtoja."_s));
+        // Pasted lines join into one.
+        t->insertPlainText(u"\nmaksathan\r\npian"_s);
+        QCOMPARE(t->toPlainText(), u"Hyvä jäsen maksathan pian"_s);
+        t->setPlainText(QString(300, u'x'));
+        QCOMPARE(t->toPlainText().size(), 255);
+    }
+
+    void suljeKysyyMuutoksista_data()
+    {
+        QTest::addColumn<bool>("muuta");
+        QTest::addColumn<QString>("vastaus");
+        QTest::addColumn<QString>("tallennettu");
+        QTest::newRow("kyllä tallentaa") << true << "kyllä" << "Uusi seura";
+        QTest::newRow("ei jättää tallentamatta") << true << "ei" << "";
+        QTest::newRow("ei muutoksia, ei kysytä") << false << "" << "";
+    }
+
+    void suljeKysyyMuutoksista()
+    {
+        QFETCH(bool, muuta);
+        QFETCH(QString, vastaus);
+        QFETCH(QString, tallennettu);
+        TestEnv env;
+        ScriptedDialogs dialogs;
+        seuranAsetukset(env);
+        frmAsetukset w;
+        w.show();
+        if (muuta)
+            osa<QLineEdit>(w, u"tNimi"_s)->setText(u"Uusi seura"_s);
+        if (vastaus == u"kyllä"_s)
+            dialogs.yes();
+        else if (vastaus == u"ei"_s)
+            dialogs.no();
+        QTest::mouseClick(osa<QPushButton>(w, u"cSulje"_s), Qt::LeftButton);
+
+        QVERIFY(!w.isVisible());
+        QVERIFY(dialogs.unexpected.isEmpty());
+        QCOMPARE(dialogs.allTexts(), muuta ? QStringList{u"Asetuksiin on tehty muutoksia, tallennetaanko muutokset?"_s}
+                                           : QStringList());
+        QCOMPARE(kannanArvo(M::DatabasePath, u"RegName"_s), tallennettu);
+        QCOMPARE(M::RegName, tallennettu.isEmpty() ? u"Latu ry"_s : tallennettu);
+    }
+
+    void tallennusPysahtyyHuonoonNumeroon()
+    {
+        TestEnv env;
+        ScriptedDialogs dialogs;
+        seuranAsetukset(env);
+        frmAsetukset w;
+        w.show();
+        auto *marginaali = osa<QLineEdit>(w, u"tMargYla"_s);
+        marginaali->clear();
+        osa<QLineEdit>(w, u"tNimi"_s)->setText(u"Uusi seura"_s);
+        QTest::mouseClick(osa<QPushButton>(w, u"cTallenna"_s), Qt::LeftButton);
+
+        QVERIFY(w.isVisible());
+        QCOMPARE(dialogs.allTexts(), QStringList{u"Syötä marginaaliksi ainoastaan numeroita."_s});
+        auto *tabs = osa<QTabWidget>(w, u"TabStrip1"_s);
+        QVERIFY(tabs->currentWidget()->isAncestorOf(marginaali));
+        QCOMPARE(w.focusWidget(), marginaali);
+        QCOMPARE(kannanArvo(M::DatabasePath, u"RegName"_s), u"Uusi seura"_s);
+        QCOMPARE(kannanArvo(M::DatabasePath, u"MargYla"_s), QString());
+    }
+
+    void tallennusKirjoittaaKantaanJaPaaikkunaan()
+    {
+        TestEnv env;
+        ScriptedDialogs dialogs;
+        seuranAsetukset(env);
+        QWidget paaikkuna;
+        paaikkuna.setObjectName(u"frmMain"_s);
+        paaikkuna.setWindowTitle(u"Vonari - Latu ry"_s);
+        frmAsetukset w;
+        nayta(w);
+        auto *nimi = osa<QLineEdit>(w, u"tNimi"_s);
+        nimi->clear();
+        kirjoita(nimi, u"Äänekosken Latu"_s);
+        osa<QLineEdit>(w, u"tVarmistus"_s)->setText(env.path(u"tikku"_s));
+        QTest::mouseClick(osa<QPushButton>(w, u"cTallenna"_s), Qt::LeftButton);
+
+        QVERIFY(dialogs.allTexts().isEmpty());
+        QVERIFY(!w.isVisible());
+        QCOMPARE(w.result(), int(QDialog::Accepted));
+        QCOMPARE(paaikkuna.windowTitle(), u"Vonari - Äänekosken Latu"_s);
+        QCOMPARE(kannanArvo(M::DatabasePath, u"RegName"_s), u"Äänekosken Latu"_s);
+        QCOMPARE(kannanArvo(M::DatabasePath, u"Laskunro"_s), u"1200"_s);
+        QCOMPARE(kannanArvo(M::DatabasePath, u"Muistutuskulut"_s), u"2,50"_s);
+        QCOMPARE(kannanArvo(M::DatabasePath, u"Fontti"_s), u"Kirjasin jota ei ole"_s);
+        QCOMPARE(M::BackupPath, env.path(u"tikku/"_s));
+        QSettings ini(env.iniPath(), QSettings::IniFormat);
+        QCOMPARE(ini.value(u"VONARI/DatabaseBackup"_s).toString(), env.path(u"tikku/"_s));
+    }
+
+    void lisaasetuksetKysyvatTallennusta_data()
+    {
+        QTest::addColumn<bool>("muuta");
+        QTest::addColumn<QString>("vastaus");
+        QTest::addColumn<QString>("tallennettu");
+        QTest::newRow("kyllä") << true << "kyllä" << "Uusi seura";
+        QTest::newRow("ei") << true << "ei" << "";
+        QTest::newRow("ei muutoksia") << false << "" << "";
+    }
+
+    void lisaasetuksetKysyvatTallennusta()
+    {
+        QFETCH(bool, muuta);
+        QFETCH(QString, vastaus);
+        QFETCH(QString, tallennettu);
+        TestEnv env;
+        ScriptedDialogs dialogs;
+        seuranAsetukset(env);
+        frmAsetukset w;
+        w.show();
+        if (muuta)
+            osa<QLineEdit>(w, u"tNimi"_s)->setText(u"Uusi seura"_s);
+        if (vastaus == u"kyllä"_s)
+            dialogs.yes();
+        else if (vastaus == u"ei"_s)
+            dialogs.no();
+        bool avattiin = false;
+        QTimer::singleShot(0, this, [&] {
+            auto *lisa = qobject_cast<frmAsetuksetLisa *>(QApplication::activeModalWidget());
+            avattiin = lisa && lisa->windowTitle() == u"Vonari - Lisäasetukset"_s;
+            if (lisa)
+                lisa->findChild<QPushButton *>(u"cPeru"_s)->click();
+        });
+        w.findChild<QAction *>(u"mLisaasetukset"_s)->trigger();
+
+        QVERIFY(avattiin);
+        QVERIFY(w.isVisible());
+        QVERIFY(dialogs.unexpected.isEmpty());
+        QCOMPARE(dialogs.allTexts(),
+                 muuta ? QStringList{u"Asetuksiin on tehty muutoksia ja ne pitää tallentaa ennen lisäasetusten "
+                                     "avaamista, tallennetaanko muutokset?"_s}
+                       : QStringList());
+        QCOMPARE(kannanArvo(M::DatabasePath, u"RegName"_s), tallennettu);
+        QCOMPARE(w.muuttunut(), vastaus == u"ei"_s);
+    }
+
+    void tiedostonValinnat_data()
+    {
+        QTest::addColumn<QString>("nappi");
+        QTest::addColumn<QString>("kentta");
+        QTest::addColumn<QString>("otsikko");
+        QTest::addColumn<QString>("suodatin");
+        QTest::newRow("email-laskupohja") << "cLaskupohjavalinta" << "tEmailLaskupohja"
+                                          << "Vonari - email-laskupohjatiedosto" << "Teksti (*.txt)|*.txt";
+        QTest::newRow("email-muistutuspohja") << "cKarhupohjavalinta" << "tEmailKarhupohja"
+                                              << "Vonari - email-karhulaskupohjatiedosto" << "Teksti (*.txt)|*.txt";
+        QTest::newRow("laskupohja") << "cValitseLaskupohjatiedosto" << "tLaskupohjaTiedosto"
+                                    << "Vonari - Laskupohjatiedosto" << "Report (*.rpt)|*.rpt";
+        QTest::newRow("historian laskupohja") << "cValitseLaskupohjatiedostoH" << "tLaskupohjaHTiedosto"
+                                              << "Vonari - LaskupohjatiedostoH" << "Report (*.rpt)|*.rpt";
+    }
+
+    void tiedostonValinnat()
+    {
+        QFETCH(QString, nappi);
+        QFETCH(QString, kentta);
+        QFETCH(QString, otsikko);
+        QFETCH(QString, suodatin);
+        TestEnv env;
+        ScriptedDialogs dialogs;
+        frmAsetukset w;
+        dialogs.choosePath(u"/pohjat/valittu"_s);
+        dialogs.choosePath(QString()); // cancelled
+        osa<QPushButton>(w, nappi)->click();
+        QCOMPARE(osa<QLineEdit>(w, kentta)->text(), u"/pohjat/valittu"_s);
+        osa<QPushButton>(w, nappi)->click();
+        QCOMPARE(osa<QLineEdit>(w, kentta)->text(), u"/pohjat/valittu"_s);
+        QCOMPARE(dialogs.fileRequests.size(), 2);
+        QCOMPARE(dialogs.fileRequests[0].title, otsikko);
+        QCOMPARE(dialogs.fileRequests[0].filter, suodatin);
+        QCOMPARE(dialogs.shown[0].kind, u"open"_s);
+        QVERIFY(dialogs.messages().isEmpty());
+    }
+
+    void tietokannanValintaTallentuuHeti()
+    {
+        TestEnv env;
+        ScriptedDialogs dialogs;
+        seuranAsetukset(env);
+        const QString vanha = M::DatabasePath;
+        const QString uusi = env.path(u"toinen.mdb"_s);
+        frmAsetukset w;
+        dialogs.choosePath(vanha);
+        osa<QPushButton>(w, u"cTietokantavalita"_s)->click();
+        QVERIFY(dialogs.messages().isEmpty());
+
+        dialogs.choosePath(uusi);
+        osa<QPushButton>(w, u"cTietokantavalita"_s)->click();
+        QCOMPARE(dialogs.fileRequests[1].title, u"Vonari - tietokantahakemisto"_s);
+        QCOMPARE(dialogs.fileRequests[1].filter, u"Database (*.mdb)|*.mdb"_s);
+        QCOMPARE(dialogs.fileRequests[1].defaultExt, u"mdb"_s);
+        QCOMPARE(dialogs.messages(), QStringList{u"Tietokantaa on vaihdettu. Vonari tulee käynnistää nyt uudestaan."_s});
+        QCOMPARE(osa<QLineEdit>(w, u"tTietokanta"_s)->text(), uusi);
+        QSettings ini(env.iniPath(), QSettings::IniFormat);
+        QCOMPARE(ini.value(u"VONARI/Database"_s).toString(), uusi);
+        QCOMPARE(M::DatabasePath, uusi);
+    }
+
+    void postipalvelimenKysely()
+    {
+        TestEnv env;
+        ScriptedDialogs dialogs;
+        seuranAsetukset(env);
+        QString kysytty;
+        mx::setResolver([&](const QString &domain) {
+            kysytty = domain;
+            return u"mx.latu.fi"_s;
+        });
+        frmAsetukset w;
+        osa<QLineEdit>(w, u"tEmail"_s)->setText(u"rahastonhoitaja@latu.fi"_s);
+        dialogs.yes();
+        osa<QPushButton>(w, u"cMXQuery"_s)->click();
+        mx::setResolver({});
+        QCOMPARE(kysytty, u"latu.fi"_s);
+        QCOMPARE(osa<QLineEdit>(w, u"tSMTP"_s)->text(), u"mx.latu.fi"_s);
+        QVERIFY(dialogs.unexpected.isEmpty());
+    }
+
+    void lisaasetustenIkkuna()
+    {
+        TestEnv env;
+        ScriptedDialogs dialogs;
+        seuranAsetukset(env);
+        M::OsoiteMuoto = 2;
+        M::SuorituksellaMaksetuksiJosEiLoppusummaa = true;
+        frmAsetuksetLisa w;
+        w.show();
+        auto *excel = osa<QRadioButton>(w, u"optOsoitemuoto_2"_s);
+        QCOMPARE(excel->text(), u"Excel"_s);
+        QVERIFY(excel->isChecked());
+        QVERIFY(osa<QCheckBox>(w, u"chkSuorituksellaMaksetuksiJosEiLoppusummaa"_s)->isChecked());
+        QVERIFY(!w.muuttunut());
+
+        osa<QRadioButton>(w, u"optOsoitemuoto_1"_s)->click();
+        dialogs.choosePath(u"/siirrot/osoitteet.txt"_s);
+        osa<QPushButton>(w, u"cOsoitetiedostonValinta"_s)->click();
+        QCOMPARE(osa<QLineEdit>(w, u"tOsoitteidenVienti"_s)->text(), u"/siirrot/osoitteet.txt"_s);
+        QVERIFY(w.muuttunut());
+        QTest::mouseClick(osa<QPushButton>(w, u"cTallenna"_s), Qt::LeftButton);
+
+        QVERIFY(!w.isVisible());
+        QVERIFY(dialogs.messages().isEmpty());
+        QCOMPARE(M::OsoiteMuoto, 1);
+        QCOMPARE(M::OsoiteTiedosto, u"/siirrot/osoitteet.txt"_s);
+        QCOMPARE(kannanArvo(M::DatabasePath, u"OsoiteMuoto"_s), u"1"_s);
+        QCOMPARE(kannanArvo(M::DatabasePath, u"OsoiteTiedosto"_s), u"/siirrot/osoitteet.txt"_s);
+    }
+};
+
+QTEST_MAIN(TestFrmAsetukset)
+#include "tst_frmasetukset.moc"

@@ -1,0 +1,116 @@
+// A backup killed at any moment never leaves the working database damaged, missing or short of
+// a row; the copy in the backup folder is either the former good one or a new good one.
+#include "core/MainModule.h"
+#include "core/Tietokanta.h"
+#include "kerhokanta.h"
+#include "scripteddialogs.h"
+#include "testenv.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QThread>
+#include <QtTest>
+
+using namespace MainModule;
+
+namespace {
+
+const char *const kLapsenKanta = "VONARI_KESKEYTYS_KANTA";
+const char *const kLapsenKansio = "VONARI_KESKEYTYS_KANSIO";
+
+// The child backs up over and over until it is killed.
+int lapsi()
+{
+    DatabasePath = qEnvironmentVariable(kLapsenKanta);
+    BackupPath = qEnvironmentVariable(kLapsenKansio);
+    ScriptedDialogs dialogit;
+    for (;;) {
+        TeeVarmuuskopio();
+        dialogit.shown.clear();
+    }
+}
+
+} // namespace
+
+class TestKeskeytys : public QObject {
+    Q_OBJECT
+
+private slots:
+    void tapettuVarmuuskopioEiVahingoita()
+    {
+        TestEnv env;
+        ScriptedDialogs dlgs;
+        QDir(env.root()).mkpath(QStringLiteral("seura"));
+        QDir(env.root()).mkpath(QStringLiteral("varmuus"));
+        const QString kanta = env.path(QStringLiteral("seura/kerho.mdb"));
+        const QString kansio = env.path(QStringLiteral("varmuus/"));
+        const QString kopio = kansio + QStringLiteral("kerho.mdb");
+        kerho::luo(kanta, 3000);
+        DatabasePath = kanta;
+        BackupPath = kansio;
+
+        QElapsedTimer kello;
+        kello.start();
+        QVERIFY(TeeVarmuuskopio());
+        const qint64 kesto = std::max<qint64>(kello.elapsed(), 5);
+        const kerho::Maarat ennen = kerho::rivit(kanta); // with the backup date's row
+
+        const quint32 siemen = quint32(QDateTime::currentMSecsSinceEpoch());
+        QRandomGenerator satunnainen(siemen);
+        QProcessEnvironment ymparisto = QProcessEnvironment::systemEnvironment();
+        ymparisto.insert(QString::fromLatin1(kLapsenKanta), kanta);
+        ymparisto.insert(QString::fromLatin1(kLapsenKansio), kansio);
+
+        int kerrat = 0, merkintoja = 0, keskeneraisia = 0;
+        kello.restart();
+        while (kello.elapsed() < 30000 && kerrat < 300) {
+            QProcess prosessi;
+            prosessi.setProcessEnvironment(ymparisto);
+            prosessi.start(QCoreApplication::applicationFilePath(), {});
+            QVERIFY(prosessi.waitForStarted());
+            QThread::usleep(satunnainen.bounded(quint32(20000 + 3000 * kesto)));
+            prosessi.kill();
+            QVERIFY(prosessi.waitForFinished());
+            ++kerrat;
+
+            const QString tiedot = QStringLiteral("siemen %1, kerta %2").arg(siemen).arg(kerrat);
+            QVERIFY2(QFile::exists(kanta), qPrintable(tiedot));
+            {
+                // As the next start opens it.
+                auto d = db::Database::open(kanta);
+                QVERIFY2(d->scalar(QStringLiteral("PRAGMA integrity_check")).toString() == QLatin1String("ok"), qPrintable(tiedot));
+            }
+            QVERIFY2(kerho::rivit(kanta) == ennen, qPrintable(tiedot));
+            if (QFile::exists(kopio)) {
+                QVERIFY2(kerho::ehja(kopio), qPrintable(tiedot));
+                QVERIFY2(kerho::rivit(kopio) == ennen, qPrintable(tiedot));
+            }
+            merkintoja += kerho::merkittyja(kanta) > 0;
+            keskeneraisia += QFile::exists(JarjestelynTulos(kanta)) || QFile::exists(kopio + QStringLiteral(".kesken"));
+        }
+        qInfo("%d killed backups (one takes %lld ms): marked rows left %d times, unfinished copies %d times; seed %u",
+              kerrat, kesto, merkintoja, keskeneraisia, siemen);
+
+        // Whatever was left, the next backup clears it.
+        dlgs.shown.clear();
+        QVERIFY(TeeVarmuuskopio());
+        QCOMPARE(kerho::merkittyja(kanta), qint64(0));
+        QCOMPARE(kerho::rivit(kanta), ennen);
+        QCOMPARE(kerho::rivit(kopio), ennen);
+        QVERIFY(!QFile::exists(JarjestelynTulos(kanta)));
+        QVERIFY(!QFile::exists(kopio + QStringLiteral(".kesken")));
+    }
+};
+
+int main(int argc, char **argv)
+{
+    QCoreApplication app(argc, argv);
+    if (qEnvironmentVariableIsSet(kLapsenKanta))
+        return lapsi();
+    TestKeskeytys testi;
+    return QTest::qExec(&testi, argc, argv);
+}
+
+#include "tst_tietokanta_keskeytys.moc"
