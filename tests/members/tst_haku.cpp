@@ -1,0 +1,430 @@
+#include "hakuseura.h"
+#include "members/Jasenhaku.h"
+#include "members/Koodilistat.h"
+#include "members/Postinumerot.h"
+#include "testenv.h"
+
+#include <QSignalSpy>
+#include <QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+using hakuseura::Jasen;
+
+namespace {
+
+QStringList tekstit(const QVector<HakuRivi> &rivit)
+{
+    QStringList t;
+    for (const HakuRivi &r : rivit)
+        t << r.teksti;
+    return t;
+}
+
+// Members whose names carry what users type: apostrophes, quotes, ; and %, Finnish letters.
+std::unique_ptr<db::Database> nimiseura(TestEnv &env)
+{
+    auto db = hakuseura::luo(env.path(u"nimet.mdb"_s));
+    const QList<Jasen> jasenet = {
+        {u"Virtanen"_s, u"Matti"_s, u"Helsinki"_s},
+        {u"Virtala"_s, u"Maija"_s, u"Turku"_s},
+        {u"O'Connor"_s, u"Seán"_s, u"Cork"_s},
+        {u"Mäkinen"_s, u"Äijö"_s, u"Oulu"_s},
+        {u"100% Oy"_s, {}, {}},
+        {u"1000 Oy"_s, {}, u"Espoo"_s},
+        {u"A_b"_s, u"x"_s, {}},
+        {u"Axb"_s, u"x"_s, {}},
+        {u"Say \"Hi\"; DROP TABLE jr"_s, u"Bobby"_s, {}},
+        {{}, u"Nimetön"_s, {}},
+    };
+    for (const Jasen &j : jasenet)
+        hakuseura::lisaa(*db, j);
+    return db;
+}
+
+} // namespace
+
+class TestHaku : public QObject {
+    Q_OBJECT
+
+private slots:
+    void nameSearchFindsInsideTheNamesAsTyped_data()
+    {
+        QTest::addColumn<QString>("sukunimi");
+        QTest::addColumn<QString>("etunimi");
+        QTest::addColumn<QStringList>("loydetyt");
+        QTest::newRow("part inside") << u"irta"_s << QString() << QStringList{u"Virtanen Matti - Helsinki"_s, u"Virtala Maija - Turku"_s};
+        QTest::newRow("both names narrow") << u"virta"_s << u"aij"_s << QStringList{u"Virtala Maija - Turku"_s};
+        QTest::newRow("first name only") << QString() << u"matti"_s << QStringList{u"Virtanen Matti - Helsinki"_s};
+        QTest::newRow("Finnish letters, any case") << u"MÄKI"_s << u"äijÖ"_s << QStringList{u"Mäkinen Äijö - Oulu"_s};
+        QTest::newRow("apostrophe") << u"o'con"_s << QString() << QStringList{u"O'Connor Seán - Cork"_s};
+        QTest::newRow("percent is a percent") << u"100%"_s << QString() << QStringList{u"100% Oy - "_s};
+        QTest::newRow("underscore is an underscore") << u"A_b"_s << QString() << QStringList{u"A_b x - "_s};
+        QTest::newRow("quote and semicolon") << u"\"Hi\"; DROP"_s << QString()
+                                             << QStringList{u"Say \"Hi\"; DROP TABLE jr Bobby - "_s};
+        QTest::newRow("star is the wild card") << u"Vir*la"_s << QString() << QStringList{u"Virtala Maija - Turku"_s};
+        QTest::newRow("question mark is one letter") << u"A?b"_s << QString() << QStringList{u"A_b x - "_s, u"Axb x - "_s};
+        QTest::newRow("nothing") << u"Zzz"_s << QString() << QStringList();
+        QTest::newRow("no names, no search") << QString() << QString() << QStringList();
+    }
+
+    void nameSearchFindsInsideTheNamesAsTyped()
+    {
+        QFETCH(QString, sukunimi);
+        QFETCH(QString, etunimi);
+        QFETCH(QStringList, loydetyt);
+        TestEnv env;
+        auto db = nimiseura(env);
+        QCOMPARE(tekstit(Jasenhaku::Nimella(*db, sukunimi, etunimi)), loydetyt);
+        QCOMPARE(db->scalar(u"SELECT count(*) FROM jr"_s).toInt(), 10);
+    }
+
+    void nameSearchRowsLeadToTheirMembers()
+    {
+        TestEnv env;
+        auto db = nimiseura(env);
+        const auto rivit = Jasenhaku::Nimella(*db, {}, u"nimetön"_s);
+        QCOMPARE(rivit.size(), 1);
+        QCOMPARE(rivit[0].teksti, u"Nimetön - "_s);
+        QCOMPARE(db->scalar(u"SELECT jrEtunimi FROM jr WHERE jrID = ?"_s, {rivit[0].jrID}).toString(), u"Nimetön"_s);
+    }
+
+    // The pattern is read once per statement: a statement run again with another pattern, and
+    // the direct and general forms, must all agree with the plain meaning of LIKE.
+    void likeAgreesOverRowsAndReruns_data()
+    {
+        QTest::addColumn<QString>("kuvio");
+        QTest::addColumn<QStringList>("osuvat");
+        QTest::newRow("inside") << u"%KI%"_s << QStringList{u"Mäkinen"_s, u"kiki"_s};
+        QTest::newRow("start") << u"mä%"_s << QStringList{u"Mäkinen"_s};
+        QTest::newRow("end") << u"%NEN"_s << QStringList{u"Mäkinen"_s, u"Ärrinen"_s};
+        QTest::newRow("exact") << u"KIKI"_s << QStringList{u"kiki"_s};
+        QTest::newRow("escaped percent inside") << u"%5\\%%"_s << QStringList{u"5% ale"_s};
+        QTest::newRow("general") << u"%k_k%"_s << QStringList{u"kiki"_s};
+        QTest::newRow("Kelvin sign is a k") << u"kalle"_s << QStringList{u"\u212Aalle"_s};
+        QTest::newRow("everything") << u"%"_s << QStringList{u"Mäkinen"_s, u"kiki"_s, u"Ärrinen"_s, u"5% ale"_s, u"55 ale"_s, u"\u212Aalle"_s};
+    }
+
+    void likeAgreesOverRowsAndReruns()
+    {
+        QFETCH(QString, kuvio);
+        QFETCH(QStringList, osuvat);
+        TestEnv env;
+        auto db = db::Database::create(env.path(u"like.mdb"_s));
+        db->executeScript(u"CREATE TABLE t (id INTEGER PRIMARY KEY, s TEXT);"
+                          "INSERT INTO t (s) VALUES ('Mäkinen'), ('kiki'), ('Ärrinen'), ('5% ale'), ('55 ale'), (NULL), ('\u212Aalle');"_s);
+        db::Statement st(*db, u"SELECT s FROM t WHERE s LIKE ? ESCAPE '\\' ORDER BY id"_s, {u"%zz%"_s});
+        QVERIFY(!st.next());
+        st.reset({kuvio});
+        QStringList saatu;
+        while (st.next())
+            saatu << st.value(0).toString();
+        QCOMPARE(saatu, osuvat);
+    }
+
+    void memberNumberIsComparedAsText()
+    {
+        TestEnv env;
+        auto db = hakuseura::luo(env.path(u"n.mdb"_s));
+        const qint64 n12 = hakuseura::lisaa(*db, {u"A"_s, {}, {}, u"12"_s});
+        const qint64 n012 = hakuseura::lisaa(*db, {u"B"_s, {}, {}, u"012"_s});
+        const qint64 a7 = hakuseura::lisaa(*db, {u"C"_s, {}, {}, u"A7"_s});
+        QCOMPARE(Jasenhaku::Jasennumerolla(*db, u"12"_s), n12);
+        QCOMPARE(Jasenhaku::Jasennumerolla(*db, u"012"_s), n012);
+        QCOMPARE(Jasenhaku::Jasennumerolla(*db, u"a7"_s), a7);
+        QCOMPARE(Jasenhaku::Jasennumerolla(*db, u"12 "_s), 0);
+        QCOMPARE(Jasenhaku::Jasennumerolla(*db, u"1'2"_s), 0);
+        QCOMPARE(Jasenhaku::Jasennumerolla(*db, QString()), 0);
+    }
+
+    void memoSearchCountsAndLandsOnTheLastRow()
+    {
+        TestEnv env;
+        auto db = hakuseura::luo(env.path(u"m.mdb"_s));
+        const qint64 a = hakuseura::lisaa(*db, {u"Aalto"_s});
+        const qint64 b = hakuseura::lisaa(*db, {u"Berg"_s});
+        const qint64 c = hakuseura::lisaa(*db, {u"Cedar"_s});
+        hakuseura::muistio(*db, b, u"Hallituksen jäsen 2019"_s);
+        hakuseura::muistio(*db, a, u"hallituksen varajäsen"_s);
+        hakuseura::muistio(*db, c, u"'; DELETE FROM jr; --"_s);
+        hakuseura::muistio(*db, c, u"50% alennus"_s);
+        hakuseura::muistio(*db, a, u"500 alennus"_s);
+        hakuseura::muistio(*db, 999, u"Hallituksen entinen jäsen"_s); // a member that is gone
+        hakuseura::muistio(*db, c, {});
+
+        auto t = Jasenhaku::MuistiostaHaku(*db, u"HALLITUKSEN"_s);
+        QCOMPARE(t.maara, 2);
+        QCOMPARE(t.jrID, a); // the last row of the result, not the first
+        t = Jasenhaku::MuistiostaHaku(*db, u"'; DELETE"_s);
+        QCOMPARE(t.maara, 1);
+        QCOMPARE(t.jrID, c);
+        t = Jasenhaku::MuistiostaHaku(*db, u"50%"_s);
+        QCOMPARE(t.maara, 1);
+        QCOMPARE(t.jrID, c);
+        t = Jasenhaku::MuistiostaHaku(*db, u"puheenjohtaja"_s);
+        QCOMPARE(t.maara, 0);
+        QCOMPARE(t.jrID, 0);
+        QCOMPARE(db->scalar(u"SELECT count(*) FROM jr"_s).toInt(), 3);
+
+        // The start is taken literally, and the first row that begins so wins.
+        QCOMPARE(Jasenhaku::MuistionAlulla(*db, u"Hallituksen"_s), b);
+        QCOMPARE(Jasenhaku::MuistionAlulla(*db, u"50%"_s), c);
+        QCOMPARE(Jasenhaku::MuistionAlulla(*db, u"5*"_s), 0);
+
+        const auto alut = Jasenhaku::MuistioAlut(*db);
+        QCOMPARE(tekstit(alut), (QStringList{u"Hallituksen jäsen 2019"_s, u"hallituksen varajäsen"_s, u"'; DELETE FROM jr; --"_s,
+                                             u"50% alennus"_s, u"500 alennus"_s}));
+        QCOMPARE(alut[0].jrID, b);
+    }
+
+    void memoStartsAreThirtyCharacters()
+    {
+        TestEnv env;
+        auto db = hakuseura::luo(env.path(u"m30.mdb"_s));
+        const qint64 a = hakuseura::lisaa(*db, {u"Aalto"_s});
+        hakuseura::muistio(*db, a, u"Ääkköset ensin ja sitten pitkä loppu, jota ei näytetä"_s);
+        const auto alut = Jasenhaku::MuistioAlut(*db);
+        QCOMPARE(alut.size(), 1);
+        QCOMPARE(alut[0].teksti, u"Ääkköset ensin ja sitten pitkä"_s);
+        QCOMPARE(Jasenhaku::MuistionAlulla(*db, alut[0].teksti), a);
+    }
+
+    void contactSearchIsExactAndTakesTheFirst()
+    {
+        TestEnv env;
+        auto db = hakuseura::luo(env.path(u"y.mdb"_s));
+        const qint64 eka = hakuseura::lisaa(*db, {u"A"_s, {}, {}, {}, u"Koulukatu 1"_s, u"09 123"_s, {}, u"a@b.fi"_s});
+        const qint64 toka = hakuseura::lisaa(*db, {u"B"_s, {}, {}, {}, u"Koulukatu 1"_s, {}, u"040 1"_s, {}});
+        hakuseura::lisaa(*db, {u"C"_s, {}, {}, {}, u"Koulukatu 12"_s, {}, {}, u"O'Hara@x.fi"_s});
+        using Y = Jasenhaku::Yhteystieto;
+        QCOMPARE(Jasenhaku::Yhteystiedolla(*db, Y::Osoite, u"Koulukatu 1"_s), eka);
+        QCOMPARE(Jasenhaku::Yhteystiedolla(*db, Y::Osoite, u"KOULUKATU 1"_s), eka);
+        QCOMPARE(Jasenhaku::Yhteystiedolla(*db, Y::Osoite, u"Koulukatu"_s), 0);
+        QCOMPARE(Jasenhaku::Yhteystiedolla(*db, Y::Osoite, u"Koulukatu 1*"_s), 0);
+        QCOMPARE(Jasenhaku::Yhteystiedolla(*db, Y::Matkapuhelin, u"040 1"_s), toka);
+        QCOMPARE(Jasenhaku::Yhteystiedolla(*db, Y::Puhelin, u"040 1"_s), 0);
+        QVERIFY(Jasenhaku::Yhteystiedolla(*db, Y::Email, u"o'hara@X.FI"_s) != 0);
+        QCOMPARE(Jasenhaku::Yhteystiedolla(*db, Y::Email, QString()), 0);
+    }
+
+    void dropDownListsInFinnishOrder()
+    {
+        TestEnv env;
+        auto db = hakuseura::luo(env.path(u"l.mdb"_s));
+        const qint64 o = hakuseura::lisaa(*db, {u"A"_s, {}, {}, {}, u"Öljytie 2"_s});
+        const qint64 z = hakuseura::lisaa(*db, {u"B"_s, {}, {}, {}, u"Zetakuja 1"_s});
+        const qint64 a1 = hakuseura::lisaa(*db, {u"C"_s, {}, {}, {}, u"aittatie 5"_s});
+        hakuseura::lisaa(*db, {u"D"_s});
+        const qint64 aa = hakuseura::lisaa(*db, {u"E"_s, {}, {}, {}, u"Åkerintie 1"_s});
+        const qint64 a2 = hakuseura::lisaa(*db, {u"F"_s, {}, {}, {}, u"aittatie 5"_s});
+        const qint64 ae = hakuseura::lisaa(*db, {u"G"_s, {}, {}, {}, u"Ämmänkuja 3"_s});
+        const auto rivit = Jasenhaku::Arvot(*db, u"jrOsoite"_s);
+        const QVector<HakuRivi> odotettu = {{a1, u"aittatie 5"_s}, {a2, u"aittatie 5"_s}, {z, u"Zetakuja 1"_s},
+                                           {aa, u"Åkerintie 1"_s}, {ae, u"Ämmänkuja 3"_s}, {o, u"Öljytie 2"_s}};
+        QCOMPARE(rivit, odotettu);
+        QVERIFY_THROWS_EXCEPTION(std::invalid_argument, Jasenhaku::Arvot(*db, u"jrID; DROP TABLE jr"_s));
+    }
+
+    // ---- code lists ----
+
+    void codeListRowRoundTrip_data()
+    {
+        QTest::addColumn<QString>("taulu");
+        QTest::newRow("member kinds") << u"Jasenlaji"_s;
+        QTest::newRow("member groups") << u"Jasenryhma"_s;
+        QTest::newRow("countries") << u"Maa"_s;
+    }
+
+    void codeListRowRoundTrip()
+    {
+        QFETCH(QString, taulu);
+        TestEnv env;
+        auto db = hakuseura::luo(env.path(u"k.mdb"_s));
+        std::unique_ptr<cKoodi> r;
+        if (taulu == u"Jasenlaji"_s)
+            r = std::make_unique<cJasenlaji>();
+        else if (taulu == u"Jasenryhma"_s)
+            r = std::make_unique<cJasenryhma>();
+        else
+            r = std::make_unique<cMaa>();
+        r->setTietokanta(db->path());
+        QSignalSpy muuttui(r.get(), &cKoodirivi::Changed);
+        QSignalSpy nimi(r.get(), &cKoodirivi::NameChanged);
+
+        r->setKoodi(u"J'1"_s);
+        r->setNimi(u"Nuoret; \"alle 18\""_s);
+        r->setNimi(u"Nuoret; \"alle 18\""_s);
+        QCOMPARE(muuttui.size(), 1); // when the mark goes on, not at every change
+        QCOMPARE(nimi.size(), 1);
+        QVERIFY(r->Muuttunut());
+        r->Save();
+        QVERIFY(!r->Muuttunut());
+        const qint64 id = r->Id();
+        QVERIFY(id > 0);
+
+        r->setKoodi(QString());
+        QCOMPARE(muuttui.size(), 2);
+        QCOMPARE(nimi.size(), 1);
+        r->Save();
+        QCOMPARE(r->Id(), id);
+        // An empty text goes in as Null.
+        QVERIFY(!db->scalar(u"SELECT %1_Koodi IS NOT NULL FROM %1 WHERE %1_ID = ?"_s.arg(taulu), {id}).toBool());
+
+        cJasenlaji toinen; // any class reads by its own table only
+        toinen.setTietokanta(db->path());
+        r->setNimi(u"muutettu"_s);
+        r->Tyhjenna();
+        QCOMPARE(r->Nimi(), u"Nuoret; \"alle 18\""_s);
+        QVERIFY(!r->Muuttunut());
+        QVERIFY(r->ReadById(id));
+        QCOMPARE(r->Koodi(), QString());
+        QCOMPARE(r->Nimi(), u"Nuoret; \"alle 18\""_s);
+        QVERIFY(!r->ReadById(id + 1));
+        QCOMPARE(r->Id(), id);
+
+        r->Delete();
+        QCOMPARE(db->scalar(u"SELECT count(*) FROM %1"_s.arg(taulu)).toInt(), 0);
+        // Saved again after someone else deleted it: added anew, nothing lost.
+        r->setKoodi(u"X"_s);
+        r->Save();
+        QCOMPARE(db->scalar(u"SELECT %1_Nimi FROM %1 WHERE %1_Koodi = 'X'"_s.arg(taulu)).toString(), u"Nuoret; \"alle 18\""_s);
+    }
+
+    void emptyNewRowIsNotWritten()
+    {
+        TestEnv env;
+        auto db = hakuseura::luo(env.path(u"e.mdb"_s));
+        cJasenryhma r;
+        r.setTietokanta(db->path());
+        r.setNimi(u"x"_s);
+        r.setNimi(QString());
+        r.Save();
+        QCOMPARE(db->scalar(u"SELECT count(*) FROM Jasenryhma"_s).toInt(), 0);
+        QCOMPARE(r.Id(), 0);
+    }
+
+    void countryKeepsItsPrintText()
+    {
+        TestEnv env;
+        auto db = hakuseura::luo(env.path(u"maa.mdb"_s));
+        cMaa m;
+        m.setTietokanta(db->path());
+        m.setKoodi(u"SE"_s);
+        m.setNimi(u"Ruotsi"_s);
+        m.setTulosteTeksti(u"SVERIGE"_s);
+        m.Save();
+        cMaa luettu;
+        luettu.setTietokanta(db->path());
+        QVERIFY(luettu.ReadById(m.Id()));
+        QCOMPARE(luettu.TulosteTeksti(), u"SVERIGE"_s);
+    }
+
+    void stepsByKeyAndStayAtTheEnds()
+    {
+        TestEnv env;
+        auto db = hakuseura::luo(env.path(u"s.mdb"_s));
+        cJasenlaji r;
+        r.setTietokanta(db->path());
+        QVERIFY(!r.GetFirst());
+        QVERIFY(!r.GetLast());
+        QVERIFY(r.Luettelo().isEmpty());
+
+        db->execute(u"INSERT INTO Jasenlaji (Jasenlaji_Koodi, Jasenlaji_Nimi) VALUES ('B', 'Varsinainen'), ('A', 'Kunnia'), "
+                    "('C', 'Ääni'), ('C', 'Öljy'), ('c', 'Zeta')"_s);
+        QVERIFY(r.GetFirst());
+        QCOMPARE(r.Id(), 1);
+        QSignalSpy nimi(&r, &cKoodirivi::NameChanged);
+        QVERIFY(!r.GetPrevious());
+        QCOMPARE(r.Id(), 1);
+        QCOMPARE(r.Nimi(), u"Varsinainen"_s);
+        QCOMPARE(nimi.size(), 0);
+        QVERIFY(r.GetNext());
+        QCOMPARE(r.Nimi(), u"Kunnia"_s);
+        QCOMPARE(nimi.size(), 1);
+        QVERIFY(r.GetLast());
+        QCOMPARE(r.Id(), 5);
+        QVERIFY(!r.GetNext());
+        QCOMPARE(r.Id(), 5);
+        QVERIFY(r.GetPrevious());
+        QCOMPARE(r.Id(), 4);
+
+        QStringList lista;
+        for (const auto &rivi : r.Luettelo())
+            lista << rivi.avain.toString() + u":"_s + rivi.teksti;
+        QCOMPARE(lista, (QStringList{u"2:A Kunnia"_s, u"1:B Varsinainen"_s, u"5:c Zeta"_s, u"3:C Ääni"_s, u"4:C Öljy"_s}));
+    }
+
+    void postalCodeKeyIsText()
+    {
+        TestEnv env;
+        auto db = hakuseura::luo(env.path(u"p.mdb"_s));
+        const QString polku = db->path();
+        auto tallenna = [&](const QString &koodi, const QString &paikka) {
+            cPostinumero p;
+            p.setTietokanta(polku);
+            p.setPostinumero(koodi);
+            p.setPostitoimipaikka(paikka);
+            p.Save();
+            return p.Id();
+        };
+        tallenna(u"00100"_s, u"HELSINKI"_s);
+        tallenna(u"100"_s, u"Sata"_s);
+        tallenna(u"00200"_s, u"Helsinki"_s);
+        tallenna(u"99999"_s, u"KORVATUNTURI"_s);
+
+        cPostinumero p;
+        p.setTietokanta(polku);
+        QVERIFY(p.ReadById(u"100"_s));
+        QCOMPARE(p.Postitoimipaikka(), u"Sata"_s);
+        QVERIFY(!p.ReadById(u"0100"_s));
+        QCOMPARE(p.Postinumero(), u"100"_s);
+
+        // Text order: "00100" < "00200" < "100" < "99999".
+        QVERIFY(p.GetFirst());
+        QCOMPARE(p.Postinumero(), u"00100"_s);
+        QVERIFY(!p.GetPrevious());
+        QVERIFY(p.GetNext());
+        QCOMPARE(p.Postinumero(), u"00200"_s);
+        QVERIFY(p.GetNext());
+        QCOMPARE(p.Postinumero(), u"100"_s);
+        QVERIFY(p.GetLast());
+        QCOMPARE(p.Postinumero(), u"99999"_s);
+
+        // A code another row has, or none at all, is refused with a message and nothing written.
+        cPostinumero kopio;
+        kopio.setTietokanta(polku);
+        kopio.setPostinumero(u"00100"_s);
+        kopio.setPostitoimipaikka(u"Toinen"_s);
+        try {
+            kopio.Save();
+            QFAIL("a taken code was saved");
+        } catch (const KoodilistaVirhe &e) {
+            QCOMPARE(e.viesti(), u"Postinumero 00100 on jo luettelossa."_s);
+        }
+        kopio.setPostinumero(QString());
+        QVERIFY_THROWS_EXCEPTION(KoodilistaVirhe, kopio.Save());
+        QCOMPARE(db->scalar(u"SELECT count(*) FROM Postinumero"_s).toInt(), 4);
+
+        // Its own code saved again is no duplicate; a changed code moves the row.
+        QVERIFY(p.ReadById(u"100"_s));
+        p.setPostinumero(u"00300"_s);
+        p.Save();
+        QCOMPARE(db->scalar(u"SELECT Postitoimipaikka FROM Postinumero WHERE Postinumero = '00300'"_s).toString(), u"Sata"_s);
+        QCOMPARE(db->scalar(u"SELECT count(*) FROM Postinumero WHERE Postinumero = '100'"_s).toInt(), 0);
+
+        p.Delete();
+        QCOMPARE(db->scalar(u"SELECT count(*) FROM Postinumero"_s).toInt(), 3);
+
+        cPostinumerot haku(polku);
+        QCOMPARE(haku.Postitoimipaikka(u"00100"_s), u"HELSINKI"_s);
+        QCOMPARE(haku.Postitoimipaikka(u"100"_s), QString());
+        QCOMPARE(haku.Postitoimipaikka(u"'"_s), QString());
+        const auto helsinki = haku.Postinumerot(u"helsinki"_s);
+        QCOMPARE(helsinki.size(), 2);
+        QCOMPARE(helsinki[0].Postinumero, u"00100"_s);
+        QCOMPARE(helsinki[1].Postinumero, u"00200"_s);
+        QVERIFY(haku.Postinumerot(u"Tampere"_s).isEmpty());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestHaku)
+#include "tst_haku.moc"
