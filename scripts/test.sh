@@ -19,7 +19,11 @@ bash scripts/deps.sh
 
 export CCACHE_BASEDIR="$ROOT" CCACHE_NOHASHDIR=1
 cmake -S . -B "$BUILD" -G Ninja -DVONARI_SANITIZE=$SANITIZE -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
-cmake --build "$BUILD" -j"$(nproc)"
+cmake --build "$BUILD" -j"$(nproc)" || {
+  # A stale moc cache can miss windows that arrived with an update: redo it once.
+  rm -rf "$BUILD"/src/vonari_ui_autogen "$BUILD"/src/vonari_logic_autogen
+  cmake --build "$BUILD" -j"$(nproc)"
+}
 
 export QT_QPA_PLATFORM=offscreen
 if [ "$SANITIZE" = ON ]; then
