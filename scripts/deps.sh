@@ -9,7 +9,7 @@ PACKAGES=(
   libgtest-dev libbenchmark-dev
   libgl1-mesa-dev libxkbcommon-dev
   xvfb xauth imagemagick poppler-utils zbar-tools python3-aiosmtpd
-  fonts-dejavu-core fonts-liberation2 locales unzip
+  fonts-dejavu-core fonts-liberation2 locales unzip qt6-translations-l10n
 )
 
 missing=()
