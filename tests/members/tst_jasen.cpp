@@ -174,7 +174,8 @@ private slots:
         TestEnv env;
         auto d = seura(env);
         const qint64 id = lisaa(*d, u"Aalto"_s, u"Anna"_s, u"5"_s);
-        d->execute(u"UPDATE jr SET jrOsoite = 'Tie 1', jrEmail = 'a@b.fi', jrTitteli = 'FT', jrViitenumero = '12344'"_s);
+        d->execute(u"UPDATE jr SET jrOsoite = 'Tie 1', jrEmail = 'a@b.fi', jrTitteli = 'FT', jrViitenumero = '12344', "
+                   "jrPostinumero = '00100', jrPostitoimipaikka = 'Helsinki'"_s);
         const JasenLomake l = KopioitavatTiedot(*d, id);
         QCOMPARE(l.tYhteystiedot[iSukunimi], u"Aalto"_s);
         QCOMPARE(l.tYhteystiedot[iEtunimi], u"Anna"_s);
@@ -183,6 +184,7 @@ private slots:
         QVERIFY(l.tYhteystiedot[iJasennumero].isEmpty());
         QVERIFY(l.tYhteystiedot[iTitteli].isEmpty());
         QVERIFY(l.tYhteystiedot[iViitenumero].isEmpty());
+        QCOMPARE(YhteystiedotLeikepoydalle(l), u"Anna Aalto\nTie 1\n00100 Helsinki"_s);
     }
 
     // Deleting one member takes his attributes; invoices and family links stay behind.
@@ -205,6 +207,10 @@ private slots:
         QCOMPARE(rivit(*d, u"pt WHERE ptjrID = ?"_s, {paa}), 0);
         QCOMPARE(rivit(*d, u"jrPerhe"_s), 2);
         QCOMPARE(rivit(*d, u"jmhist"_s), 1);
+        // The member left without a head loses his link when he is viewed; the head's own waits.
+        QVERIFY(LataaPerhe(*d, lapsi, false).perheenPaa.isEmpty());
+        QCOMPARE(rivit(*d, u"jrPerhe WHERE jrPSubID = ?"_s, {lapsi}), 0);
+        QCOMPARE(rivit(*d, u"jrPerhe"_s), 1);
 
         QCOMPARE(MaksamattomienMaara(*d), 2);
         QCOMPARE(PoistaMaksamattomat(*d), 2);
@@ -228,7 +234,6 @@ private slots:
     {
         QTest::addColumn<QVariant>("sukunimi");
         QTest::addColumn<QString>("avain");
-        QTest::newRow("iso") << QVariant(u"Aalto"_s) << u"A"_s;
         QTest::newRow("pieni") << QVariant(u"zetterberg"_s) << u"Z"_s;
         QTest::newRow("å") << QVariant(u"åberg"_s) << u"Å"_s;
         QTest::newRow("ä") << QVariant(u"Ärölä"_s) << u"Ä"_s;
@@ -311,23 +316,6 @@ private slots:
         QVERIFY(LataaPerhe(*d, paa, true).jasenet.isEmpty());
     }
 
-    // A family member whose head was deleted loses the link when he is viewed.
-    void vanhentunutLinkkiPoistuuKatsottaessa()
-    {
-        TestEnv env;
-        auto d = seura(env);
-        const qint64 paa = lisaa(*d, u"Aalto"_s);
-        const qint64 jasen = lisaa(*d, u"Aalto"_s, u"Eino"_s);
-        LiitaPaaPerheeseen(*d, paa);
-        LisaaPerheeseen(*d, paa, jasen);
-        PoistaJasen(*d, paa);
-        QCOMPARE(rivit(*d, u"jrPerhe"_s), 2);
-        const PerhePaneeli p = LataaPerhe(*d, jasen, false);
-        QVERIFY(p.perheenPaa.isEmpty());
-        QCOMPARE(rivit(*d, u"jrPerhe WHERE jrPSubID = ?"_s, {jasen}), 0);
-        QCOMPARE(rivit(*d, u"jrPerhe"_s), 1); // the head's own link waits for nobody
-    }
-
     void perheenOsoiteMuuttuu()
     {
         TestEnv env;
@@ -378,17 +366,6 @@ private slots:
         QCOMPARE(l.osat, osat);
         QCOMPARE(l.jasenmaksu, jasenmaksu);
         QCOMPARE(l.emailLasku, emailLasku);
-    }
-
-    void yhteystiedotLeikepoydalle()
-    {
-        JasenLomake l;
-        l.tYhteystiedot[iSukunimi] = u"Aalto"_s;
-        l.tYhteystiedot[iEtunimi] = u"Anna"_s;
-        l.tYhteystiedot[iOsoite] = u"Tie 1"_s;
-        l.tYhteystiedot[iPostinumero] = u"00100"_s;
-        l.tYhteystiedot[iPostitoimipaikka] = u"Helsinki"_s;
-        QCOMPARE(YhteystiedotLeikepoydalle(l), u"Anna Aalto\nTie 1\n00100 Helsinki"_s);
     }
 
     void postinumeroidenTarkistus()
