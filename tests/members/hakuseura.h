@@ -2,9 +2,7 @@
 // test names. Header-only, shared by the tests of this folder.
 #pragma once
 
-#include "core/Malli.h"
-#include "core/UpdateDatabase.h"
-#include "platform/database.h"
+#include "malliseura.h"
 
 #include <QString>
 #include <QVariant>
@@ -19,10 +17,7 @@ struct Jasen {
 
 inline std::unique_ptr<db::Database> luo(const QString &polku)
 {
-    LuoMalliTietokanta(polku);
-    auto db = db::Database::open(polku);
-    UpdateDatabase(*db);
-    return db;
+    return malliseura::kopio(polku);
 }
 
 inline qint64 lisaa(db::Database &db, const Jasen &j)

@@ -2,8 +2,6 @@
 // definitions window, the member window's attribute tab and the four bulk dialogs. The
 // database is checked after each flow.
 #include "core/MainModule.h"
-#include "core/Malli.h"
-#include "core/UpdateDatabase.h"
 #include "members/ui/ArvoPaneeli.h"
 #include "members/ui/LiitosPohja.h"
 #include "members/ui/frmJasenOminaisuudet.h"
@@ -14,6 +12,7 @@
 #include "members/ui/frmPiirre.h"
 #include "platform/database.h"
 #include "scripteddialogs.h"
+#include "malliseura.h"
 #include "testenv.h"
 
 #include <QAction>
@@ -71,7 +70,6 @@ QStringList listanTekstit(QListWidget *l)
 class tst_frmpiirre : public QObject {
     Q_OBJECT
     TestEnv env;
-    QString pohja;
     int kerhoja = 0;
     std::unique_ptr<Database> d;
     std::unique_ptr<ScriptedDialogs> sd;
@@ -102,18 +100,12 @@ class tst_frmpiirre : public QObject {
     QVariant arvo(const QString &sql, const db::Params &p = {}) { return d->scalar(sql, p); }
 
 private slots:
-    void initTestCase()
-    {
-        pohja = env.path(QStringLiteral("pohja.mdb"));
-        LuoMalliTietokanta(pohja);
-        UpdateDatabase(*Database::open(pohja));
-    }
+    // A fresh copy of the upgraded template for every case.
     void init()
     {
         const QString polku = env.path(QStringLiteral("kerho%1.mdb").arg(++kerhoja));
-        QVERIFY(QFile::copy(pohja, polku));
         MainModule::DatabasePath = polku;
-        d = Database::open(polku);
+        d = malliseura::kopio(polku);
         sd = std::make_unique<ScriptedDialogs>();
     }
     void cleanup()

@@ -1,6 +1,5 @@
-#include "core/Malli.h"
+#include "malliseura.h"
 #include "core/Misc.h"
-#include "core/UpdateDatabase.h"
 #include "members/Hakuehdot.h"
 #include "scripteddialogs.h"
 #include "seurat.h"
@@ -16,26 +15,6 @@ using namespace Qt::Literals::StringLiterals;
 Q_DECLARE_METATYPE(HakuParametrit)
 
 namespace {
-
-// An upgraded empty club, made once and copied for each case.
-QString ajantasainenMalli()
-{
-    static QTemporaryDir kansio;
-    static const QString polku = [] {
-        const QString p = kansio.filePath(u"malli.mdb"_s);
-        LuoMalliTietokanta(p);
-        UpdateDatabase(*db::Database::open(p));
-        return p;
-    }();
-    return polku;
-}
-
-std::unique_ptr<db::Database> tyhjaSeura(TestEnv &env)
-{
-    const QString polku = env.path(u"seura.mdb"_s);
-    QFile::copy(ajantasainenMalli(), polku);
-    return db::Database::open(polku);
-}
 
 void jasen(db::Database &d, int id, const QString &nimi, const QVariant &postinumero, const QVariant &numero,
            const QVariant &synt, const QVariant &liit, bool maksettu, bool laskutettava)
@@ -58,7 +37,7 @@ void piirre(db::Database &d, int jr, int pi, const QVariant &pvm = {}, const QVa
 // twice.
 std::unique_ptr<db::Database> kerho(TestEnv &env)
 {
-    auto d = tyhjaSeura(env);
+    auto d = malliseura::kopio(env.path(u"seura.mdb"_s));
     const QVariant Null;
     jasen(*d, 1, u"Aalto"_s, u"00100"_s, 100, u"1960-05-01"_s, u"2000-01-01"_s, true, true);
     jasen(*d, 2, u"Berg"_s, u"00200"_s, 200, u"1975-03-03"_s, u"2010-01-01"_s, false, true);
@@ -249,7 +228,7 @@ const QVector<QDate> &paivat()
 // A random club with random values, Nulls among them, and random flags left from earlier runs.
 std::unique_ptr<db::Database> satunnainenKerho(TestEnv &env, QRandomGenerator &r)
 {
-    auto d = tyhjaSeura(env);
+    auto d = malliseura::kopio(env.path(u"seura.mdb"_s));
     const QStringList koodit{u"00100"_s, u"00200"_s, u"1000"_s, u"200"_s, u"33100"_s, u"99999"_s, u""_s};
     auto pvm = [&r]() -> QVariant {
         if (r.bounded(6) == 0)

@@ -1,6 +1,5 @@
 #include "core/MainModule.h"
-#include "core/Malli.h"
-#include "core/UpdateDatabase.h"
+#include "malliseura.h"
 #include "members/Jasen.h"
 #include "members/JasenMaksut.h"
 #include "members/Nimipuu.h"
@@ -13,25 +12,9 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-// An upgraded empty club, made once and copied for each case.
-QString tyhjaSeura()
-{
-    static QTemporaryDir kansio;
-    static const QString polku = [] {
-        const QString p = kansio.filePath(u"malli.mdb"_s);
-        LuoMalliTietokanta(p);
-        UpdateDatabase(*db::Database::open(p));
-        return p;
-    }();
-    return polku;
-}
-
 std::unique_ptr<db::Database> seura(TestEnv &env)
 {
-    const QString polku = env.path(u"seura.mdb"_s);
-    QFile::copy(tyhjaSeura(), polku);
-    QFile(polku).setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-    return db::Database::open(polku);
+    return malliseura::kopio(env.path(u"seura.mdb"_s));
 }
 
 qint64 lisaa(db::Database &d, const QVariant &suku, const QVariant &etu = {}, const QVariant &numero = {}, int maksu = 1)

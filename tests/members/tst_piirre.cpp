@@ -1,11 +1,10 @@
 // Attributes without windows: typed values, attaching and storing them, definitions and their
 // clean-up, and the bulk runs, each checked in the database afterwards.
-#include "core/Malli.h"
 #include "core/Misc.h"
-#include "core/UpdateDatabase.h"
 #include "members/JasenenPiirteet.h"
 #include "members/PiirreJoukko.h"
 #include "platform/recordset.h"
+#include "malliseura.h"
 #include "testenv.h"
 
 #include <QtTest>
@@ -82,23 +81,15 @@ const Tyypit kaikki{true, true, true, true};
 class tst_piirre : public QObject {
     Q_OBJECT
     TestEnv env;
-    QString pohja;
     int kerhoja = 0;
     std::unique_ptr<Database> d;
 
 private slots:
-    // One upgraded club, copied afresh for every case.
-    void initTestCase()
-    {
-        pohja = env.path(QStringLiteral("pohja.mdb"));
-        LuoMalliTietokanta(pohja);
-        UpdateDatabase(*Database::open(pohja));
-    }
+    // A fresh copy of the upgraded template for every case.
     void init()
     {
         const QString polku = env.path(QStringLiteral("kerho%1.mdb").arg(++kerhoja));
-        QVERIFY(QFile::copy(pohja, polku));
-        d = Database::open(polku);
+        d = malliseura::kopio(polku);
     }
     void cleanup() { d.reset(); }
 
