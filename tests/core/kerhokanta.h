@@ -117,6 +117,18 @@ inline void turmele(const QString &polku, qint64 kohta, int maara)
 
 inline bool root() { return ::geteuid() == 0; }
 
+// Files that are no club's database, and what the message about each must tell.
+inline void vieraatTiedostot()
+{
+    QTest::addColumn<QByteArray>("tavut");
+    QTest::addColumn<QString>("kerrotaan");
+    QByteArray jet(4096, '\0');
+    jet.replace(4, 15, "Standard Jet DB");
+    QTest::newRow("Access") << jet << QStringLiteral("Access-tietokanta");
+    QTest::newRow("teksti") << QByteArray("jäsenet;osoitteet\n") << QStringLiteral("ei ole Vonarin tietokanta");
+    QTest::newRow("tyhjä") << QByteArray() << QStringLiteral("on tyhjä");
+}
+
 // A small file system of its own for a folder (full disk, read-only medium). Needs the right to
 // mount; `ok()` tells whether it was granted.
 class Liitos {

@@ -78,8 +78,6 @@ private slots:
         QTest::addColumn<int>("jasenia");
         QTest::newRow("empty club") << 0;
         QTest::newRow("one member") << 1;
-        QTest::newRow("two members") << 2;
-        QTest::newRow("demonstration size") << 150;
         QTest::newRow("thousand") << 1000;
     }
 

@@ -201,18 +201,24 @@ private slots:
         QCOMPARE(t->toPlainText().size(), 255);
     }
 
-    void suljeKysyyMuutoksista_data()
+    // Closing the window, and opening the additional settings, ask first whether changes are saved.
+    void muutoksistaKysytaan_data()
     {
+        QTest::addColumn<bool>("lisa");
         QTest::addColumn<bool>("muuta");
         QTest::addColumn<QString>("vastaus");
         QTest::addColumn<QString>("tallennettu");
-        QTest::newRow("kyllä tallentaa") << true << "kyllä" << "Uusi seura";
-        QTest::newRow("ei jättää tallentamatta") << true << "ei" << "";
-        QTest::newRow("ei muutoksia, ei kysytä") << false << "" << "";
+        for (bool lisa : {false, true}) {
+            const char *mista = lisa ? "lisäasetukset: " : "sulje: ";
+            QTest::addRow("%skyllä tallentaa", mista) << lisa << true << "kyllä" << "Uusi seura";
+            QTest::addRow("%sei jättää tallentamatta", mista) << lisa << true << "ei" << "";
+            QTest::addRow("%sei muutoksia, ei kysytä", mista) << lisa << false << "" << "";
+        }
     }
 
-    void suljeKysyyMuutoksista()
+    void muutoksistaKysytaan()
     {
+        QFETCH(bool, lisa);
         QFETCH(bool, muuta);
         QFETCH(QString, vastaus);
         QFETCH(QString, tallennettu);
@@ -227,14 +233,30 @@ private slots:
             dialogs.yes();
         else if (vastaus == u"ei"_s)
             dialogs.no();
-        QTest::mouseClick(osa<QPushButton>(w, u"cSulje"_s), Qt::LeftButton);
-
-        QVERIFY(!w.isVisible());
+        QString kysymys;
+        if (lisa) {
+            bool avattiin = false;
+            QTimer::singleShot(0, this, [&] {
+                auto *ikkuna = qobject_cast<frmAsetuksetLisa *>(QApplication::activeModalWidget());
+                avattiin = ikkuna && ikkuna->windowTitle() == u"Vonari - Lisäasetukset"_s;
+                if (ikkuna)
+                    ikkuna->findChild<QPushButton *>(u"cPeru"_s)->click();
+            });
+            w.findChild<QAction *>(u"mLisaasetukset"_s)->trigger();
+            QVERIFY(avattiin);
+            QVERIFY(w.isVisible());
+            QCOMPARE(w.muuttunut(), vastaus == u"ei"_s);
+            kysymys = u"Asetuksiin on tehty muutoksia ja ne pitää tallentaa ennen lisäasetusten "
+                      "avaamista, tallennetaanko muutokset?"_s;
+        } else {
+            QTest::mouseClick(osa<QPushButton>(w, u"cSulje"_s), Qt::LeftButton);
+            QVERIFY(!w.isVisible());
+            QCOMPARE(M::RegName, tallennettu.isEmpty() ? u"Latu ry"_s : tallennettu);
+            kysymys = u"Asetuksiin on tehty muutoksia, tallennetaanko muutokset?"_s;
+        }
         QVERIFY(dialogs.unexpected.isEmpty());
-        QCOMPARE(dialogs.allTexts(), muuta ? QStringList{u"Asetuksiin on tehty muutoksia, tallennetaanko muutokset?"_s}
-                                           : QStringList());
+        QCOMPARE(dialogs.allTexts(), muuta ? QStringList{kysymys} : QStringList());
         QCOMPARE(kannanArvo(M::DatabasePath, u"RegName"_s), tallennettu);
-        QCOMPARE(M::RegName, tallennettu.isEmpty() ? u"Latu ry"_s : tallennettu);
     }
 
     void tallennusPysahtyyHuonoonNumeroon()
@@ -285,52 +307,6 @@ private slots:
         QCOMPARE(M::BackupPath, env.path(u"tikku/"_s));
         QSettings ini(env.iniPath(), QSettings::IniFormat);
         QCOMPARE(ini.value(u"VONARI/DatabaseBackup"_s).toString(), env.path(u"tikku/"_s));
-    }
-
-    void lisaasetuksetKysyvatTallennusta_data()
-    {
-        QTest::addColumn<bool>("muuta");
-        QTest::addColumn<QString>("vastaus");
-        QTest::addColumn<QString>("tallennettu");
-        QTest::newRow("kyllä") << true << "kyllä" << "Uusi seura";
-        QTest::newRow("ei") << true << "ei" << "";
-        QTest::newRow("ei muutoksia") << false << "" << "";
-    }
-
-    void lisaasetuksetKysyvatTallennusta()
-    {
-        QFETCH(bool, muuta);
-        QFETCH(QString, vastaus);
-        QFETCH(QString, tallennettu);
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        seuranAsetukset(env);
-        frmAsetukset w;
-        w.show();
-        if (muuta)
-            osa<QLineEdit>(w, u"tNimi"_s)->setText(u"Uusi seura"_s);
-        if (vastaus == u"kyllä"_s)
-            dialogs.yes();
-        else if (vastaus == u"ei"_s)
-            dialogs.no();
-        bool avattiin = false;
-        QTimer::singleShot(0, this, [&] {
-            auto *lisa = qobject_cast<frmAsetuksetLisa *>(QApplication::activeModalWidget());
-            avattiin = lisa && lisa->windowTitle() == u"Vonari - Lisäasetukset"_s;
-            if (lisa)
-                lisa->findChild<QPushButton *>(u"cPeru"_s)->click();
-        });
-        w.findChild<QAction *>(u"mLisaasetukset"_s)->trigger();
-
-        QVERIFY(avattiin);
-        QVERIFY(w.isVisible());
-        QVERIFY(dialogs.unexpected.isEmpty());
-        QCOMPARE(dialogs.allTexts(),
-                 muuta ? QStringList{u"Asetuksiin on tehty muutoksia ja ne pitää tallentaa ennen lisäasetusten "
-                                     "avaamista, tallennetaanko muutokset?"_s}
-                       : QStringList());
-        QCOMPARE(kannanArvo(M::DatabasePath, u"RegName"_s), tallennettu);
-        QCOMPARE(w.muuttunut(), vastaus == u"ei"_s);
     }
 
     void tiedostonValinnat_data()

@@ -25,7 +25,6 @@ private slots:
         QTest::newRow("tyhjä vastaus") << "Kissa123" << false << "" << false;
         QTest::newRow("peruutettu") << "Kissa123" << true << "" << false;
         QTest::newRow("välilyönnit oikein") << "  " << false << "  " << true;
-        QTest::newRow("välilyönnit väärin") << "  " << false << " " << false;
         QTest::newRow("loppuvälilyönti puuttuu") << "salasana " << false << "salasana" << false;
         QTest::newRow("ääkköset oikein") << "Äänestys-Öljy" << false << "Äänestys-Öljy" << true;
         QTest::newRow("ääkköset pienellä") << "Äänestys-Öljy" << false << "äänestys-öljy" << false;
@@ -129,7 +128,6 @@ private slots:
         QTest::newRow("isot ja välit") << " MK " << true;
         QTest::newRow("sekakirjaimet") << "Mk" << true;
         QTest::newRow("euro") << "€" << false;
-        QTest::newRow("EUR") << "EUR" << false;
         QTest::newRow("mkk") << "mkk" << false;
         QTest::newRow("tyhjä") << "" << false;
     }

@@ -238,12 +238,8 @@ private slots:
             << QStringList{"Laskupohjat.Pankkitili1", "Laskupohjat.KaytaPankkitili1"} << QStringList{};
         QTest::newRow("jrLisatieto2") << QStringList{"ALTER TABLE jr DROP COLUMN jrLisatieto2"}
                                       << QStringList{} << QStringList{"jr.jrLisatieto2"};
-        QTest::newRow("jmKaytaPankkitili1") << QStringList{"ALTER TABLE jm DROP COLUMN jmKaytaPankkitili1"}
-                                            << QStringList{} << QStringList{"jm.jmKaytaPankkitili1"};
         QTest::newRow("jmhjmKaytaPankkitili1") << QStringList{"ALTER TABLE jmhist DROP COLUMN jmhjmKaytaPankkitili1"}
                                                << QStringList{} << QStringList{"jmhist.jmhjmKaytaPankkitili1"};
-        QTest::newRow("KaytaPankkitili1") << QStringList{"ALTER TABLE Laskupohjat DROP COLUMN KaytaPankkitili1"}
-                                          << QStringList{} << QStringList{"Laskupohjat.KaytaPankkitili1"};
         QTest::newRow("reminder fields") << QStringList{"ALTER TABLE jmhist DROP COLUMN jmhjmMuistutusKorko",
                                                         "ALTER TABLE jmhist DROP COLUMN jmhjmMuistutusYhteensa"}
                                          << QStringList{} << QStringList{"jmhist.jmhjmMuistutusKorko", "jmhist.jmhjmMuistutusYhteensa"};
@@ -321,7 +317,6 @@ private slots:
         QTest::newRow("memo is long") << "jr" << "jrMuistio" << QVariant(QString(20000, QLatin1Char('x'))) << ok;
         QTest::newRow("boolean true") << "jr" << "jrJasenmaksu" << QVariant(true) << ok;
         QTest::newRow("boolean 2") << "jr" << "jrJasenmaksu" << QVariant(2) << muu;
-        QTest::newRow("boolean text") << "jr" << "jrJasenmaksu" << QVariant(QStringLiteral("kyllä")) << muu;
         QTest::newRow("leap day") << "jr" << "jrSyntyma" << QVariant(QDate(1980, 2, 29)) << ok;
         QTest::newRow("date with time") << "jmhist" << "jmhMaksuPaiva" << QVariant(QDateTime(QDate(2024, 3, 1), QTime(9, 30))) << ok;
         QTest::newRow("no such day") << "jr" << "jrSyntyma" << QVariant(QStringLiteral("2023-02-29")) << muu;
@@ -329,7 +324,6 @@ private slots:
         QTest::newRow("interest rate") << "jmhist" << "jmhjmMuistutusKorko" << QVariant(7.5) << ok;
         QTest::newRow("interest rate as text") << "jmhist" << "jmhjmMuistutusKorko" << QVariant(QStringLiteral("7,5")) << muu;
         QTest::newRow("long") << "jr" << "jrPostinumeroNumero" << QVariant(100) << ok;
-        QTest::newRow("long as word") << "jr" << "jrPostinumeroNumero" << QVariant(QStringLiteral("sata")) << muu;
         QTest::newRow("long overflow") << "jm" << "jmLaskunumero" << QVariant(qint64(3000000000)) << muu;
         QTest::newRow("integer overflow") << "Laskupohjat" << "Laskutyyppi" << QVariant(40000) << muu;
     }
@@ -379,7 +373,6 @@ private slots:
         QTest::newRow("added field") << "jmhist" << "jmhjmMuistutusOtsake" << 30;
         QTest::newRow("template width") << "jm" << "jmOtsake" << 50;
         QTest::newRow("money has none") << "jm" << "jmHinta" << 0;
-        QTest::newRow("memo has none") << "jr" << "jrMuistio" << 0;
         QTest::newRow("unknown field") << "jr" << "jrEiOle" << 0;
         QTest::newRow("unknown table") << "eiole" << "x" << 0;
     }

@@ -214,16 +214,7 @@ private slots:
         QVERIFY(!files::isReadOnly(kanta));
     }
 
-    void muuTiedostoJaaKoskematta_data()
-    {
-        QTest::addColumn<QByteArray>("tavut");
-        QTest::addColumn<QString>("kerrotaan");
-        QByteArray jet(4096, '\0');
-        jet.replace(4, 15, "Standard Jet DB");
-        QTest::newRow("Access") << jet << "Access-tietokanta";
-        QTest::newRow("teksti") << QByteArray("jäsenet;osoitteet\n") << "ei ole Vonarin tietokanta";
-        QTest::newRow("tyhjä") << QByteArray() << "on tyhjä";
-    }
+    void muuTiedostoJaaKoskematta_data() { kerho::vieraatTiedostot(); }
     void muuTiedostoJaaKoskematta()
     {
         QFETCH(QByteArray, tavut);
