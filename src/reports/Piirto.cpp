@@ -1,5 +1,6 @@
 #include "reports/Piirto.h"
 
+#include "reports/Koodit.h"
 #include "reports/RaporttiVirhe.h"
 
 #include <QFontMetricsF>
@@ -32,8 +33,7 @@ void piirraTeksti(QPainter &p, const Asiakirja &d, const Tulostekohde &k, std::v
     p.drawText(QPointF(x, k.alue.top() + fm->ascent()), k.teksti);
 }
 
-// Barcodes and QR codes are drawn with their content in a frame until the symbol drawing
-// comes; the content is never left out of the print.
+// Content that no symbol can carry is drawn as text in a frame: it is never left out of the print.
 void piirraKoodinPaikka(QPainter &p, const Tulostekohde &k)
 {
     p.save();
@@ -86,7 +86,8 @@ void PiirraSivu(QPainter &p, const Asiakirja &d, int sivu)
         }
         case KohdeLaji::Viivakoodi:
         case KohdeLaji::QrKoodi:
-            piirraKoodinPaikka(p, k);
+            if (!PiirraKoodi(p, k))
+                piirraKoodinPaikka(p, k);
             break;
         }
     }

@@ -1,0 +1,443 @@
+// Member cards, the label sheet table and a member's register information: the cards and labels
+// as laid out on the page, the compiled text section by section, the windows that drive them.
+#include "core/MainModule.h"
+#include "members/Rekisteritiedot.h"
+#include "raporttiseura.h"
+#include "reports/Jasenkortit.h"
+#include "reports/Raporttiajo.h"
+#include "reports/Tarrat.h"
+#include "reports/Tulostus.h"
+#include "reports/ui/frmJasenkortit.h"
+#include "reports/ui/frmRekisteritiedot.h"
+#include "reports/ui/frmTulostus.h"
+#include "scripteddialogs.h"
+#include "seurat.h"
+#include "testenv.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QProcess>
+#include <QPushButton>
+#include <QStandardPaths>
+#include <QTimer>
+#include <QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+struct Kirjaus : Tulostuskohde {
+    std::vector<Asiakirja> esikatsellut;
+    void esikatsele(const Asiakirja &d, bool, bool) override { esikatsellut.push_back(d); }
+    void tulosta(const Asiakirja &, const QString &, int) override {}
+};
+
+// Answers the print settings window that the next modal run opens: preview, one copy.
+void HyvaksyTulostusasetuksetMyohemmin()
+{
+    QTimer::singleShot(0, [] {
+        if (auto *w = qobject_cast<frmTulostus *>(QApplication::activeModalWidget()))
+            w->cTulosta->click();
+    });
+}
+
+Asiakirja Kortit(const QString &kanta, const QString &valinta)
+{
+    Raporttiajo r;
+    r.ResetReportFormulas(kanta);
+    r.ReportFileName = u"jk1.rpt"_s;
+    r.Formulas[0] = u"Seurannimi= 'Kylän Kipinä ry'"_s;
+    r.Formulas[1] = u"Otsaketeksti= 'Jäsenkortti 2026'"_s;
+    r.SelectionFormula = valinta;
+    return r.Laadi();
+}
+
+int Laske(const QStringList &l, const QString &alku)
+{
+    int n = 0;
+    for (const QString &t : l)
+        n += t.startsWith(alku);
+    return n;
+}
+
+qint64 LisaaOminaisuus(db::Database &d, const QString &nimi, const QString &kuvaus)
+{
+    d.execute(u"INSERT INTO pi (piNimi, piKuvaus) VALUES (?, ?)"_s, {nimi, kuvaus});
+    return d.lastInsertId();
+}
+
+} // namespace
+
+class TestKortit : public QObject {
+    Q_OBJECT
+
+private slots:
+    void cleanup()
+    {
+        AsetaTulostuskohde(nullptr);
+        Raportti() = Raporttiajo();
+        TulostusLaite = 0;
+        Kopiot = 1;
+        TulostusPeruttu = false;
+    }
+
+    // Ten cards to an A4 page, two across, each card 85.6 × 54 mm inside the paper.
+    void kortitSivuille()
+    {
+        TestEnv env;
+        const QString kanta = seurat::Kopio(150, env.path(u"demo.mdb"_s));
+        auto d = db::Database::open(kanta);
+        const int jasenia = d->scalar(u"SELECT COUNT(*) FROM jr"_s).toInt();
+        const Asiakirja a = Kortit(kanta, QString());
+        QCOMPARE(a.riveja, jasenia);
+        QCOMPARE(int(a.sivut.size()), (jasenia + 9) / 10);
+        const double mm = 1440 / 25.4;
+        for (size_t s = 0; s < a.sivut.size(); ++s) {
+            int reunat = 0;
+            for (const Tulostekohde &k : a.sivut[s].kohteet) {
+                const QRectF paperi(QPointF(-1, -1), a.koko + QSizeF(2, 2));
+                QVERIFY(paperi.contains(k.alue.topLeft()) && paperi.contains(k.alue.bottomRight()));
+                if (k.laji == KohdeLaji::Laatikko && k.paksuus > 0) {
+                    QVERIFY(qAbs(k.alue.width() - 85.6 * mm) < 2 && qAbs(k.alue.height() - 54 * mm) < 2);
+                    ++reunat;
+                }
+            }
+            QCOMPARE(reunat, s + 1 < a.sivut.size() ? 10 : jasenia - 10 * int(s));
+            QCOMPARE(Laske(a.tekstit(int(s)), u"Kylän Kipinä ry"_s), reunat);
+            QCOMPARE(Laske(a.tekstit(int(s)), u"Jäsenkortti 2026"_s), reunat);
+        }
+        // the first card is the first member by name
+        db::Statement st(*d, u"SELECT jrEtunimi, jrSukunimi FROM jr ORDER BY jrSukunimi COLLATE FI, jrEtunimi COLLATE FI, jrID"_s);
+        QVERIFY(st.next());
+        QVERIFY(a.tekstit(0).contains(st.value(0).toString() + u' ' + st.value(1).toString()));
+    }
+
+    // The person list and the selection of each kind of row, with the cards each one prints.
+    void kortinValinta()
+    {
+        TestEnv env;
+        const QString kanta = seurat::Kopio(150, env.path(u"demo.mdb"_s));
+        auto d = db::Database::open(kanta);
+        const QVector<KorttiHenkilo> rivit = KorttiHenkilot(*d);
+        const int omin = d->scalar(u"SELECT COUNT(*) FROM pi"_s).toInt();
+        const int jasenia = d->scalar(u"SELECT COUNT(*) FROM jr"_s).toInt();
+        QCOMPARE(rivit.size(), 1 + omin + jasenia);
+        QCOMPARE(rivit[0].teksti, u"Kaikki"_s);
+        QCOMPARE(rivit[0].arvo, 0);
+        QVERIFY(rivit[1].teksti.startsWith(u"Om - "_s) && rivit[1].arvo < 0);
+        QVERIFY(rivit[1 + omin].arvo > 0);
+
+        const qint64 piID = -rivit[1].arvo;
+        const int haltijat = d->scalar(u"SELECT COUNT(DISTINCT ptjrID) FROM pt WHERE ptpiID = ?"_s, {piID}).toInt();
+        QVERIFY(haltijat > 0 && haltijat < jasenia);
+
+        QVERIFY(KorttienValinta(*d, 0, true).isEmpty());
+        QCOMPARE(KorttienValinta(*d, 42, false), u"{jr.jrID} = 42"_s);
+        const QString haltijoille = KorttienValinta(*d, -piID, false);
+        QCOMPARE(haltijoille, u"{pt.ptjrID} = {jr.jrID} and {pi.piID} = {pt.ptpiID} and {pt.ptpiID} = "_s + QString::number(piID));
+        QCOMPARE(Kortit(kanta, haltijoille).riveja, haltijat);
+
+        d->execute(u"UPDATE jr SET jrMukaan = 0"_s); // the search conditions' choice is overwritten
+        const QString muille = KorttienValinta(*d, -piID, true);
+        QCOMPARE(muille, u"{jr.jrMukaan} = True"_s);
+        QCOMPARE(d->scalar(u"SELECT COUNT(*) FROM jr WHERE jrMukaan = 1"_s).toInt(), jasenia - haltijat);
+        QCOMPARE(Kortit(kanta, muille).riveja, jasenia - haltijat);
+        QCOMPARE(Kortit(kanta, u"{jr.jrID} = "_s + QString::number(rivit.last().arvo)).riveja, 1);
+    }
+
+    // Rows kept in the order of insertion, the changed flag, removal by key and the bulk delete.
+    void tarraTaulu()
+    {
+        TestEnv env;
+        const QString kanta = env.path(u"seura.mdb"_s);
+        LuoTyhjaSeura(kanta);
+        cTarra t(kanta);
+        QVERIFY(!t.Muuttunut());
+        t.setRivi(1, u"Aino ja Eero Virtanen"_s);
+        t.setRivi(2, u"O'Brienin kuja 3"_s);
+        t.setRivi(7, u"ei seitsemättä riviä"_s);
+        QVERIFY(t.Muuttunut());
+        t.Save();
+        QVERIFY(t.Tarra_ID() > 0 && !t.Muuttunut());
+        const qint64 id = t.Tarra_ID();
+        t.setRivi(2, u"Koulukatu 1"_s);
+        t.Save();
+        QCOMPARE(t.Tarra_ID(), id); // edited through its key, not added again
+
+        cTarra luettu(kanta);
+        QVERIFY(luettu.ReadById(id));
+        QCOMPARE(luettu.Rivi(1), u"Aino ja Eero Virtanen"_s);
+        QCOMPARE(luettu.Rivi(2), u"Koulukatu 1"_s);
+        QCOMPARE(luettu.Rivi(6), QString());
+        QVERIFY(!luettu.ReadById(id + 100));
+        QCOMPARE(luettu.Rivi(1), QString());
+
+        auto d = db::Database::open(kanta);
+        luettu.ReadById(id);
+        luettu.Delete();
+        QCOMPARE(d->scalar(u"SELECT COUNT(*) FROM Tarra"_s).toInt(), 0);
+
+        for (int i = 0; i < 3; ++i) {
+            cTarra u(kanta);
+            u.setRivi(1, QString::number(i));
+            u.Save();
+        }
+        cTarrat(kanta).Tyhjenna();
+        QCOMPARE(d->scalar(u"SELECT COUNT(*) FROM Tarra"_s).toInt(), 0);
+    }
+
+    // 3 × 8 labels to a sheet in the order of insertion, empty lines closed up.
+    void tarratArkeille()
+    {
+        TestEnv env;
+        const QString kanta = env.path(u"seura.mdb"_s);
+        LuoTyhjaSeura(kanta);
+        for (int i = 1; i <= 30; ++i) {
+            cTarra t(kanta);
+            t.setRivi(1, u"Tarra %1"_s.arg(i, 2, 10, QChar(u'0')));
+            t.setRivi(3, u"Rantatie %1"_s.arg(i));
+            t.setRivi(4, u"33100 Tampere"_s);
+            t.Save();
+        }
+        Raporttiajo r;
+        r.ResetReportFormulas(kanta);
+        r.ReportFileName = u"tarrat.rpt"_s;
+        r.SortFields[0] = u"+{Tarra.Tarra_ID}"_s;
+        const Asiakirja a = r.Laadi();
+        QCOMPARE(int(a.sivut.size()), 2);
+        // the first line of each label, in reading order
+        auto ensimmaiset = [&a](int sivu) {
+            std::vector<const Tulostekohde *> v;
+            for (const Tulostekohde *k : a.tekstikohteet(sivu))
+                if (k->teksti.startsWith(u"Tarra "_s))
+                    v.push_back(k);
+            return v;
+        };
+        const auto k0 = ensimmaiset(0);
+        QCOMPARE(int(k0.size()), 24);
+        QCOMPARE(int(ensimmaiset(1).size()), 6);
+        QCOMPARE(k0[0]->teksti, u"Tarra 01"_s);
+        QCOMPARE(k0[1]->teksti, u"Tarra 02"_s); // left to right, then down
+        QCOMPARE(k0[3]->teksti, u"Tarra 04"_s);
+        QVERIFY(qAbs(k0[3]->alue.top() - k0[0]->alue.top() - 37 * 1440 / 25.4) < 2);
+        QCOMPARE(ensimmaiset(1)[5]->teksti, u"Tarra 30"_s);
+        const QStringList sivu1 = a.tekstit(0); // the empty second line is closed up
+        const auto i = sivu1.indexOf(u"Rantatie 1"_s);
+        QVERIFY(i > 0);
+        QVERIFY(sivu1.indexOf(u"Tarra 01"_s) < i);
+    }
+
+    void rekisteritiedot_data()
+    {
+        QTest::addColumn<bool>("omin");
+        QTest::addColumn<bool>("perhe");
+        QTest::addColumn<bool>("maksut");
+        QTest::addColumn<QStringList>("otsikot");
+        QTest::newRow("vain yhteystiedot") << false << false << false << QStringList{u"Yhteystiedot:"_s};
+        QTest::newRow("kaikki") << true << true << true
+                                << QStringList{u"Yhteystiedot:"_s, u"Ominaisuustiedot:"_s, u"Perhetiedot:"_s, u"Maksutiedot:"_s};
+        QTest::newRow("perhe ja maksut") << false << true << true
+                                         << QStringList{u"Yhteystiedot:"_s, u"Perhetiedot:"_s, u"Maksutiedot:"_s};
+    }
+
+    // The sections chosen, always in the same order, each between its rules.
+    void rekisteritiedot()
+    {
+        QFETCH(bool, omin);
+        QFETCH(bool, perhe);
+        QFETCH(bool, maksut);
+        QFETCH(QStringList, otsikot);
+        TestEnv env;
+        auto d = LuoTyhjaSeura(env.path(u"seura.mdb"_s));
+        const qint64 id = LisaaJasen(*d, {u"Virtanen"_s, u"Aino"_s, u"Koulukatu 1"_s, u"33100"_s, u"Tampere"_s, u"040 123"_s, u"7"_s});
+        const QString t = KoostaRekisteritiedot(*d, id, true, omin, perhe, maksut);
+        QStringList loydetyt;
+        const QStringList rivit = t.split(u'\n');
+        for (int i = 0; i + 1 < rivit.size(); ++i)
+            if (rivit[i + 1] == u"-------------------------------"_s) {
+                loydetyt << rivit[i];
+                QVERIFY(i == 0 || rivit[i - 1] == u"==============================="_s);
+            }
+        QCOMPARE(loydetyt, otsikot);
+        QVERIFY(t.endsWith(u"==============================="_s));
+        QCOMPARE(t.count(u"==============================="_s), otsikot.size());
+        if (perhe)
+            QVERIFY(t.contains(u"Perhetiedot:\n-------------------------------\nEi perhetietoja\n====="_s));
+        if (maksut) // no invoices: an empty section
+            QVERIFY(t.contains(u"Maksutiedot:\n-------------------------------\n==============================="_s));
+    }
+
+    // Every line of every section on a member with an attribute, a family and an invoice.
+    void rekisteritiedotKokonaan()
+    {
+        TestEnv env;
+        auto d = LuoTyhjaSeura(env.path(u"seura.mdb"_s));
+        const qint64 paa = LisaaJasen(*d, {u"Virtanen"_s, u"Eero"_s, u"Koulukatu 1"_s, u"33100"_s, u"Tampere"_s, u"040 1"_s, u"12"_s,
+                                          true, QDate(1970, 3, 5)});
+        const qint64 lapsi = LisaaJasen(*d, {u"Virtanen"_s, u"Aino"_s, u"Koulukatu 1"_s, u"33100"_s, u"Tampere"_s, u"040 2"_s,
+                                            u"13"_s, QVariant()});
+        d->execute(u"UPDATE jr SET jrPerheenLaskutettava = 1, jrEmailLasku = 0, jrTitteli = 'FM', "
+                   "jrMuistio = 'O''Brienin ystävä' WHERE jrID = ?"_s, {paa});
+        d->execute(u"UPDATE jr SET jrPerheenLaskutettava = NULL, jrEmailLasku = NULL WHERE jrID = ?"_s, {lapsi});
+        d->execute(u"INSERT INTO jrPerhe (jrPMID, jrPSubID) VALUES (?, ?)"_s, {paa, lapsi});
+        const qint64 pi = LisaaOminaisuus(*d, u"Hallitus"_s, u"Hallituksen jäsen"_s);
+        d->execute(u"INSERT INTO pt (ptjrID, ptpiID, ptValDate, ptValLong, ptValCurrency, ptValMemo) VALUES (?, ?, ?, ?, ?, ?)"_s,
+                   {paa, pi, u"2024-01-15"_s, 3, Currency::fromRaw(125000).raw(), u"puheenjohtaja"_s});
+        d->execute(u"INSERT INTO jmhist (jmhjmjrID, jmhjmLaskunumero, jmhjmLaskupaiva, jmhjmErapaiva, jmhjmViitenumero, "
+                   "jmhjmHinta, jmhjmTeksti, jmhjmOtsake, jmhjmMaksettu) VALUES (?, 1001, '2025-02-01', '2025-02-15', '10016', "
+                   "?, 'Jäsenmaksu 2025', 'Lasku', 1)"_s,
+                   {paa, Currency::fromUnits(25).raw()});
+
+        const QString odotettu =
+            u"Yhteystiedot:\n-------------------------------\n"
+            "Jäsennumero: 12\nTitteli: FM\nSukunimi: Virtanen\nEtunimi: Eero\nOsoite: Koulukatu 1\nPostinumero: 33100\n"
+            "Postitoimipaikka: Tampere\nKotipaikka: \nMaa: \nPuhelin: 040 1\nMatkapuhelin: \nEmail: \n"
+            "Syntymäpäivä: 5.3.1970\nLiittymispäivä: \nViitenumero: \nLisätieto 1: \nLisätieto 2: \n"
+            "Muistio: O'Brienin ystävä\nEmail lasku: Ei\nJäsenmaksu OK: Kyllä\nPerheen laskutettava: Kyllä\n"
+            "===============================\n"
+            "Ominaisuustiedot:\n-------------------------------\n"
+            "Hallitus\n(Hallituksen jäsen)\nPäivämäärä: 15.1.2024\nLuku: 3\nArvo: 12,50\nMuistio: puheenjohtaja\n --- --- \n"
+            "===============================\n"
+            "Perhetiedot:\n-------------------------------\nPerheeseen kuuluvat: \nVirtanen Aino\n"
+            "===============================\n"
+            "Maksutiedot:\n-------------------------------\n"
+            "Lasku\nAihe: Jäsenmaksu 2025\nLaskupäivä: 1.2.2025\nEräpäivä: 15.2.2025\nLoppusumma: 25,00\n"
+            "Laskunumero: 1001\nViitenumero: 10016\nMaksettu: Kyllä\n --- --- \n"
+            "==============================="_s;
+        QCOMPARE(KoostaRekisteritiedot(*d, paa, true, true, true, true), odotettu);
+
+        const QString jasen = KoostaRekisteritiedot(*d, lapsi, true, false, true, false);
+        QVERIFY(jasen.contains(u"\nEmail lasku: \nJäsenmaksu OK: \nPerheen laskutettava: \n"_s)); // Null: the bare label
+        QVERIFY(jasen.contains(u"Perhetiedot:\n-------------------------------\nKuuluu perheeseen: Virtanen Eero\n====="_s));
+
+        TaytaRekisteritiedot(*d, {true, true, true, true});
+        TaytaRekisteritiedot(*d, {true, false, false, false}); // rebuilt whole, not added to
+        QCOMPARE(d->scalar(u"SELECT COUNT(*) FROM Rekisteritiedot"_s).toInt(), 2);
+        QCOMPARE(d->scalar(u"SELECT Tiedot FROM Rekisteritiedot WHERE jrID = ?"_s, {lapsi}).toString(),
+                 KoostaRekisteritiedot(*d, lapsi, true, false, false, false));
+    }
+
+    // The window's captions, the choice of sections and the text in the clipboard.
+    void rekisteritiedotLeikepoydalle()
+    {
+        TestEnv env;
+        ScriptedDialogs dlg;
+        MainModule::DatabasePath = env.path(u"seura.mdb"_s);
+        auto d = LuoTyhjaSeura(MainModule::DatabasePath);
+        const qint64 id = LisaaJasen(*d, {u"Nieminen"_s, u"Onni"_s, {}, {}, {}, {}, {}});
+        {
+            frmRekisteritiedot w;
+            QCOMPARE(w.windowTitle(), u"Vonari - Rekisteritiedot"_s);
+            QCOMPARE(w.chkYhteystiedot->text(), u"Yhteystiedot"_s);
+            QCOMPARE(w.chkOminaisuustiedot->text(), u"Ominaisuustiedot"_s);
+            QCOMPARE(w.chkPerhetiedot->text(), u"Perhetiedot"_s);
+            QCOMPARE(w.chkMaksutiedot->text(), u"Maksutiedot"_s);
+            QCOMPARE(w.cSeuraava->text(), u"Seuraava >>"_s);
+        }
+        QTimer::singleShot(0, [] {
+            auto *w = qobject_cast<frmRekisteritiedot *>(QApplication::activeModalWidget());
+            QVERIFY(w);
+            w->chkOminaisuustiedot->setChecked(false);
+            w->chkPerhetiedot->setChecked(true);
+            w->chkMaksutiedot->setChecked(false);
+            w->cSeuraava->click();
+        });
+        AvaaRekisteritiedot(nullptr, id);
+        QCOMPARE(QApplication::clipboard()->text(), KoostaRekisteritiedot(*d, id, true, false, true, false));
+        QCOMPARE(dlg.messages(), QStringList{u"Jäsenen tiedot koostettu leikepöydälle."_s});
+
+        QApplication::clipboard()->setText(u"ennallaan"_s);
+        QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
+        AvaaRekisteritiedot(nullptr, id); // closed without a choice: nothing composed
+        QCOMPARE(QApplication::clipboard()->text(), u"ennallaan"_s);
+        QCOMPARE(dlg.messages().size(), 1);
+    }
+
+    // The card window: its captions, and a print of one member to the preview with its texts.
+    void jasenkorttiIkkuna()
+    {
+        TestEnv env;
+        ScriptedDialogs dlg;
+        MainModule::DatabasePath = seurat::Kopio(150, env.path(u"demo.mdb"_s));
+        MainModule::RegName = u"Kylän Kipinä ry"_s;
+        Kirjaus kirjaus;
+        AsetaTulostuskohde(&kirjaus);
+        frmJasenkortit w;
+        QCOMPARE(w.windowTitle(), u"Vonari - Jäsenkorttien tulostus"_s);
+        QCOMPARE(w.tOtsake->text(), u"Jäsenkortti"_s);
+        QCOMPARE(w.chkMuille->text(), u"Muille kuin valitulla ominaisuudella rajatuille"_s);
+        QCOMPARE(w.cTulosta->text(), u"Tulosta"_s);
+        QCOMPARE(w.cTulosta->toolTip(), u"Tulosta jäsenkortit [F7]"_s);
+        QCOMPARE(w.cmbNimet->itemText(0), u"Kaikki"_s);
+
+        const int jasen = w.cmbNimet->count() - 1;
+        w.cmbNimet->setCurrentIndex(jasen);
+        w.tOtsake->setText(u"Kausikortti"_s);
+        w.tAlateksti1->setText(u"Voimassa 31.12.2026 asti"_s);
+        w.tAlateksti2->setText(u"Näytä kortti ovella"_s);
+        HyvaksyTulostusasetuksetMyohemmin();
+        w.cTulosta_Click();
+        QCOMPARE(int(kirjaus.esikatsellut.size()), 1);
+        const QStringList tekstit = kirjaus.esikatsellut[0].tekstit(0);
+        for (const QString &t : {u"Kylän Kipinä ry"_s, u"Kausikortti"_s, u"Voimassa 31.12.2026 asti"_s, u"Näytä kortti ovella"_s})
+            QVERIFY2(tekstit.contains(t), qPrintable(tekstit.join(u'|')));
+        QCOMPARE(kirjaus.esikatsellut[0].riveja, 1);
+        QCOMPARE(Raportti().SelectionFormula, u"{jr.jrID} = "_s + w.cmbNimet->itemData(jasen).toString());
+
+        // a cancelled print settings window prints nothing
+        QTimer::singleShot(0, [] {
+            if (auto *t = qobject_cast<frmTulostus *>(QApplication::activeModalWidget()))
+                t->cPeruTulostus->click();
+        });
+        w.cTulosta_Click();
+        QCOMPARE(int(kirjaus.esikatsellut.size()), 1);
+
+        // a selection that matches no one: a message, no preview
+        auto d = db::Database::open(MainModule::DatabasePath);
+        d->execute(u"DELETE FROM jr WHERE jrID = ?"_s, {w.cmbNimet->itemData(jasen)});
+        HyvaksyTulostusasetuksetMyohemmin();
+        w.cTulosta_Click();
+        QCOMPARE(int(kirjaus.esikatsellut.size()), 1);
+        QVERIFY(dlg.messages().value(0).startsWith(u"Virhe tulostettaessa raporttia: "_s));
+        QVERIFY(dlg.unexpected.isEmpty());
+    }
+
+    // The cards as a PDF: the club, the title and the names as text.
+    void korttienPdf()
+    {
+        const QString pdftotext = QStandardPaths::findExecutable(u"pdftotext"_s);
+        if (pdftotext.isEmpty())
+            QSKIP("pdftotext is not installed");
+        TestEnv env;
+        const QString kanta = env.path(u"seura.mdb"_s);
+        auto d = LuoTyhjaSeura(kanta);
+        LisaaGeneroidut(*d, 12);
+        Raporttiajo r;
+        r.ResetReportFormulas(kanta);
+        r.ReportFileName = u"jk1"_s;
+        r.Formulas[0] = u"Seurannimi= 'Pörssiklubi ry'"_s;
+        r.Formulas[1] = u"Alateksti1= 'Kortti on henkilökohtainen'"_s;
+        r.Destination = Raporttiajo::PdfTiedosto;
+        r.PrintFileName = env.path(u"kortit.pdf"_s);
+        r.setAction(1);
+        QProcess p;
+        p.start(pdftotext, {u"-layout"_s, r.PrintFileName, u"-"_s});
+        QVERIFY(p.waitForFinished(30000));
+        const QString teksti = QString::fromUtf8(p.readAllStandardOutput());
+        QCOMPARE(teksti.count(u"Pörssiklubi ry"_s), 12);
+        QCOMPARE(teksti.count(u"Jäsenkortti"_s), 12); // the window's default title is the report's too
+        QCOMPARE(teksti.count(u"Kortti on henkilökohtainen"_s), 12);
+        const TestiJasen j = GeneroituJasen(3);
+        QVERIFY(teksti.contains(j.etunimi + u' ' + j.sukunimi));
+        QVERIFY(teksti.contains(u"Jäsennumero: 4"_s));
+        QCOMPARE(teksti.count(u'\f'), 2);
+        if (const QByteArray kansio = qgetenv("RAPORTTI_PDF_KANSIO"); !kansio.isEmpty())
+            QFile::copy(r.PrintFileName, QString::fromLocal8Bit(kansio) + u"/kortit.pdf"_s);
+    }
+};
+
+QTEST_MAIN(TestKortit)
+#include "tst_kortit.moc"
