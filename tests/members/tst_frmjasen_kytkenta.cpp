@@ -7,6 +7,7 @@
 #include "core/ui/frmMain.h"
 #include "members/ui/ArvoPaneeli.h"
 #include "members/ui/LiitosPohja.h"
+#include "members/ui/frmHaku.h"
 #include "members/ui/frmJasen.h"
 #include "members/ui/frmJasenOminaisuudet.h"
 #include "members/ui/frmJasenlajit.h"
@@ -215,6 +216,40 @@ private slots:
         QCOMPARE(s.w->NykyinenId(), s.berg);
         QCOMPARE(s.w->tYhteystiedot[iSukunimi]->text(), u"Berg"_s);
         QVERIFY(s.dlg.unexpected.isEmpty());
+    }
+
+    // F6 by member number stores the edit in progress first; a member the window does not hold
+    // is told of and the window stays where it was.
+    void numerohakuTallentaaJaSiirtaa()
+    {
+        Seura s;
+        s.d->execute(u"UPDATE jr SET jrJasennumero = '7' WHERE jrID = ?"_s, {s.berg});
+        QVERIFY(s.avaa());
+        auto etsi = [&](const QString &numero, bool nappaimella) {
+            kunAuki<frmHaku>([numero](frmHaku *h) {
+                h->cmbJasenNro->setCurrentIndex(-1);
+                h->cmbJasenNro->setEditText(numero);
+                h->cHae->click();
+            });
+            if (nappaimella)
+                QTest::keyClick(s.w, Qt::Key_F6);
+            else
+                s.w->cHaku->click();
+        };
+        s.w->tYhteystiedot[iEtunimi]->setText(u"Annukka"_s);
+        QCOMPARE(s.w->Data1()->editMode(), EditMode::Edit);
+        etsi(u"7"_s, true);
+        QCOMPARE(s.w->NykyinenId(), s.berg);
+        QCOMPARE(s.d->scalar(u"SELECT jrEtunimi FROM jr WHERE jrID = ?"_s, {s.aalto}).toString(), u"Annukka"_s);
+
+        const qint64 uusi = s.jasen(u"Myöhäinen"_s, u"Mikko"_s);
+        s.d->execute(u"UPDATE jr SET jrJasennumero = '9' WHERE jrID = ?"_s, {uusi});
+        etsi(u"9"_s, false);
+        QCOMPARE(s.dlg.messages(), QStringList{u"Jäsennumerolla ei löydy jäsentä."_s});
+        QCOMPARE(s.w->NykyinenId(), s.berg);
+        QCOMPARE(s.w->tYhteystiedot[iSukunimi]->text(), u"Berg"_s);
+        QVERIFY(s.dlg.unexpected.isEmpty());
+        frmHaku::pura();
     }
 
     // Moniliitos from the menu: the tab and the list condition's count show the new holders.
