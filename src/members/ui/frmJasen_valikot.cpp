@@ -83,8 +83,10 @@ void frmJasen::RakennaValikot()
     mTietue->addSeparator();
     mSelaa = Komento(mTietue, "mSelaa", QStringLiteral("&Selaa"), &frmJasen::cSelaa_Click, Qt::Key_F5,
                      QStringLiteral("Selaa jäsenistöä [F5]"));
-    mHaku = Komento(mTietue, "mHaku", QStringLiteral("&Haku"), &frmJasen::cHaku_Click, Qt::Key_F6, QStringLiteral("Hae jäsenrekisteristä [F6]"));
-    mNimihaku = Komento(mTietue, "mNimihaku", QStringLiteral("&Nimihaku"), &frmJasen::cNimiHaku_Click, Qt::Key_F9, QStringLiteral("Hae nimellä [F9]"));
+    mHaku = Komento(mTietue, "mHaku", QStringLiteral("&Haku"), &frmJasen::cHaku_Click, Qt::Key_F6,
+                    QStringLiteral("Hae jäsenrekisteristä [F6]"));
+    mNimihaku = Komento(mTietue, "mNimihaku", QStringLiteral("&Nimihaku"), &frmJasen::cNimiHaku_Click, Qt::Key_F9,
+                        QStringLiteral("Hae nimellä [F9]"));
     mTietue->addSeparator();
     mEnsimmainen = Komento(mTietue, "mEnsimmainen", QStringLiteral("E&nsimmäinen"), &frmJasen::cEnsimmainen_Click,
                            QKeySequence(Qt::CTRL | Qt::Key_A), QStringLiteral("Siirry ensimmäiseen [Ctrl+A]"));
