@@ -2,6 +2,7 @@
 #include "core/ui/Main.h"
 #include "core/ui/frmMain.h"
 #include "platform/ui/QtDialogs.h"
+#include "reports/ui/Raporttitulostus.h"
 
 #include <QApplication>
 #include <QLibraryInfo>
@@ -22,6 +23,7 @@ int main(int argc, char **argv)
 
     dlg::QtDialogs dialogit;
     dlg::install(&dialogit);
+    AsennaTulostuskohde();
 
     const std::unique_ptr<frmMain> ikkuna = Main();
     const int tulos = ikkuna ? app.exec() : 0;

@@ -31,10 +31,10 @@ private slots:
         QTest::addColumn<QString>("nimi");
         QTest::addColumn<QString>("teksti");
         QTest::addColumn<bool>("kaytossa");
-        QTest::newRow("rekisteri") << "cJasenrekisteri" << "Jäsenrekisteri" << false;
+        QTest::newRow("rekisteri") << "cJasenrekisteri" << "Jäsenrekisteri" << true;
         QTest::newRow("maksukirja") << "cJasenmaksut" << "Maksukirja" << false;
         QTest::newRow("laskutus") << "cLuoJasenmaksut" << "Laskutus" << false;
-        QTest::newRow("ominaisuudet") << "cOminaisuudet" << "Ominaisuudet" << false;
+        QTest::newRow("ominaisuudet") << "cOminaisuudet" << "Ominaisuudet" << true;
         QTest::newRow("tietoja") << "cAboutNorvik" << "" << true;
         QTest::newRow("sulje") << "cSulje" << "Sulje" << true;
     }
@@ -65,10 +65,10 @@ private slots:
         auto rivi = [](const char *v, const char *n, const char *t, bool k) {
             QTest::newRow(n) << QString::fromUtf8(v) << QString::fromUtf8(n) << QString::fromUtf8(t) << k;
         };
-        rivi("mTiedosto", "mJasenrekisteri", "Jäsenrekisteri", false);
+        rivi("mTiedosto", "mJasenrekisteri", "Jäsenrekisteri", true);
         rivi("mTiedosto", "mJasenmaksut", "Maksukirja", false);
         rivi("mTiedosto", "mJasenmaksujenluonti", "Laskutus", false);
-        rivi("mTiedosto", "mPiirteet", "Ominaisuudet", false);
+        rivi("mTiedosto", "mPiirteet", "Ominaisuudet", true);
         rivi("mTiedosto", "mIkajakauma", "Ikäjakauma", false);
         rivi("mTiedosto", "mAsetukset", "&Asetukset", true);
         rivi("mTiedosto", "mEuroMuunnos", "Tee Euro muunnos", false);

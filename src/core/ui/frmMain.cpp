@@ -8,6 +8,8 @@
 #include "core/ui/frmAboutNorvik.h"
 #include "core/ui/frmAsetukset.h"
 #include "core/ui/uihelpers.h"
+#include "members/ui/frmJasen.h"
+#include "members/ui/frmPiirre.h"
 #include "reports/Tulostus.h"
 
 #include <QCloseEvent>
@@ -79,8 +81,10 @@ void frmMain::luoNapit()
     cSulje->setToolTip(QStringLiteral("Sulje Vonari [Alt+F4]"));
 
     // The windows behind these buttons come with their own parts of the program.
-    for (QToolButton *b : {cJasenrekisteri, cJasenmaksut, cLuoJasenmaksut, cOminaisuudet})
+    for (QToolButton *b : {cJasenmaksut, cLuoJasenmaksut})
         b->setEnabled(false);
+    connect(cJasenrekisteri, &QToolButton::clicked, this, [this] { suojattu([this] { AvaaJasenrekisteri(this); }); });
+    connect(cOminaisuudet, &QToolButton::clicked, this, [this] { suojattu([this] { AvaaOminaisuudet(this); }); });
     connect(cAboutNorvik, &QToolButton::clicked, this, &frmMain::avaaTietoja);
     connect(cSulje, &QToolButton::clicked, this, &frmMain::close);
 
@@ -110,10 +114,10 @@ void frmMain::luoValikot()
 {
     mTiedosto = menuBar()->addMenu(QStringLiteral("&Tiedosto"));
     mTiedosto->setObjectName(QStringLiteral("mTiedosto"));
-    mJasenrekisteri = lisaa(mTiedosto, "mJasenrekisteri", QStringLiteral("Jäsenrekisteri"), false);
+    mJasenrekisteri = lisaa(mTiedosto, "mJasenrekisteri", QStringLiteral("Jäsenrekisteri"));
     mJasenmaksut = lisaa(mTiedosto, "mJasenmaksut", QStringLiteral("Maksukirja"), false);
     mJasenmaksujenluonti = lisaa(mTiedosto, "mJasenmaksujenluonti", QStringLiteral("Laskutus"), false);
-    mPiirteet = lisaa(mTiedosto, "mPiirteet", QStringLiteral("Ominaisuudet"), false);
+    mPiirteet = lisaa(mTiedosto, "mPiirteet", QStringLiteral("Ominaisuudet"));
     mIkajakauma = lisaa(mTiedosto, "mIkajakauma", QStringLiteral("Ikäjakauma"), false);
     erotin(mTiedosto, "m2");
     mAsetukset = lisaa(mTiedosto, "mAsetukset", QStringLiteral("&Asetukset"));
@@ -136,6 +140,8 @@ void frmMain::luoValikot()
     erotin(mTietokanta, "m6");
     mTietoja = lisaa(mTietokanta, "mTietoja", QStringLiteral("Tietoja"));
 
+    connect(mJasenrekisteri, &QAction::triggered, cJasenrekisteri, &QToolButton::click);
+    connect(mPiirteet, &QAction::triggered, cOminaisuudet, &QToolButton::click);
     connect(mAsetukset, &QAction::triggered, this, &frmMain::avaaAsetukset);
     connect(mVarmistus, &QAction::triggered, this, &frmMain::teeVarmuuskopio);
     connect(mPalautus, &QAction::triggered, this, &frmMain::palauta);

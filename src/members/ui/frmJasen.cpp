@@ -4,6 +4,7 @@
 #include "core/Misc.h"
 #include "core/ui/uihelpers.h"
 #include "members/ui/NimipuuMalli.h"
+#include "members/ui/frmJasenOminaisuudet.h"
 #include "platform/dialogs.h"
 
 #include <QAction>
@@ -117,6 +118,7 @@ bool frmJasen::Lataa()
         m_data1 = db::Recordset::openTable(*m_db, QStringLiteral("jr"));
         LataaIkkunanPaikka(this);
         TaytaListaehto();
+        m_ominaisuusSivu->paivitaPiirteet();
         PaivitaJasenmaara();
         RakennaNimipuu(true);
         Siirretty();

@@ -31,6 +31,7 @@ class QToolButton;
 class QTreeView;
 class NimipuuMalli;
 class NimiListaMalli;
+class frmJasenOminaisuudet;
 
 // Opens the member window, or brings the open one to the front.
 void AvaaJasenrekisteri(QWidget *parent);
@@ -107,6 +108,8 @@ public:
     void cTallenna_Click();
     void cPoista_Click();
     void cSelaa_Click();
+    void cHaku_Click();
+    void cNimiHaku_Click();
     void cKopio_Click();
     void cPeru_Click();
     void cEnsimmainen_Click();
@@ -120,6 +123,11 @@ public:
     void mLiimaaLeikepoydalta_Click();
     void mMaksamattomienPoisto_Click();
     void mPostinumeroidenTarkistus_Click();
+    // The bulk attribute dialogs; the tab, the count and the tree follow what they did.
+    void mMoniliitos_Click();
+    void mOminLisaysSP_Click();
+    void mOminaisuudenPoisto_Click();
+    void mOminaisuudenYhdistaminen_Click();
     void cmbListaEhto_LostFocus();
 
     void cLisaaPerhJas_Click();
@@ -144,6 +152,7 @@ private:
     QWidget *RakennaMaksut();
     QAction *Komento(QMenu *menu, const char *nimi, const QString &teksti, void (frmJasen::*kasittelija)() = nullptr,
                      const QKeySequence &nappain = {}, const QString &vihje = {});
+    QAction *Komento(QMenu *menu, const char *nimi, const QString &teksti, std::function<void()> toiminto);
     QToolButton *Painike(const char *nimi, QAction *komento);
     void KytkeKentat();
 
@@ -167,6 +176,8 @@ private:
     void SiirryListaehtoon();
     void PuuValinta(const QModelIndex &i);
     bool SiirryJaseneen(qint64 jrId);
+    // The end of a search: the found member into view, or the message and the row kept.
+    void SiirryLoydettyyn(qint64 jrId, const QString &eiLoydy);
 
     // Basic fields (frmJasen_perustiedot.cpp)
     void KenttaMuuttui(int i);
@@ -186,9 +197,12 @@ private:
     void lstMaksut_Click();
 
     // Attribute page (frmJasen_ominaisuudet.cpp)
-    QWidget *LuoOminaisuusSivu();
+    frmJasenOminaisuudet *LuoOminaisuusSivu();
     void NaytaOminaisuudet(qint64 jrId);
+    void PeruPiirre();
+    void PiirteenFokusListaan();
     bool TallennaPiirreArvo();
+    void AjaJoukkotoiminto(void (*avaa)(QWidget *));
 
     std::unique_ptr<db::Database> m_db;
     std::unique_ptr<db::Recordset> m_data1;
@@ -197,7 +211,7 @@ private:
     QStackedWidget *m_perheLista = nullptr;
     QSplitter *m_jako = nullptr;
     QVector<QAction *> m_komennot;
-    QWidget *m_ominaisuusSivu = nullptr;
+    frmJasenOminaisuudet *m_ominaisuusSivu = nullptr;
     QVector<QAction *> m_eiKaytossa; // disabled until their windows exist
     bool m_lataa = false;            // controls are being filled from the row
     bool m_postinumeroMuuttui = false;

@@ -5,6 +5,9 @@
 #include "core/MainModule.h"
 #include "core/Misc.h"
 #include "members/ui/NimipuuMalli.h"
+#include "members/ui/frmHaku.h"
+#include "members/ui/frmJasenOminaisuudet.h"
+#include "members/ui/frmNimiHaku.h"
 #include "platform/dialogs.h"
 
 #include <QCheckBox>
@@ -21,6 +24,7 @@ void frmJasen::cUusi_Click()
         AsetaTyhjaTila(false);
     if (!TallennaKesken())
         return;
+    m_ominaisuusSivu->palaaSelaukseen();
     m_data1->addNew();
     Siirretty();
     if (MainModule::AutoJasennumero)
@@ -55,6 +59,8 @@ void frmJasen::cSulje_Click() { close(); }
 
 void frmJasen::cPeru_Click()
 {
+    // The attribute value typed is dropped too, before the page is shown again (which would store it).
+    PeruPiirre();
     const bool lisays = m_data1->editMode() == EditMode::AddNew;
     if (m_data1->editMode() != EditMode::None)
         m_data1->cancelUpdate();
@@ -76,6 +82,7 @@ void frmJasen::cPoista_Click()
         return;
     if (bPerheLuokkaMuuttunut)
         TallennaPerheLuokat();
+    m_ominaisuusSivu->palaaSelaukseen();
     // A row being edited is written first; if that fails, the delete goes on without the edit.
     const bool lisays = m_data1->editMode() == EditMode::AddNew;
     if (!KirjoitaRivi(true)) {
@@ -157,6 +164,42 @@ void frmJasen::cEdellinen_Click()
         dlg::current().beep();
     }
     Siirretty();
+}
+
+void frmJasen::cHaku_Click()
+{
+    if (!TallennaKesken())
+        return;
+    const bool ennen = bSiirtoKesken;
+    bSiirtoKesken = true;
+    if (const qint64 id = frmHaku::hae(this); id != 0)
+        SiirryLoydettyyn(id, QStringLiteral("Jäsennumerolla ei löydy jäsentä."));
+    bSiirtoKesken = ennen;
+}
+
+void frmJasen::cNimiHaku_Click()
+{
+    if (!TallennaKesken())
+        return;
+    const bool ennen = bSiirtoKesken;
+    bSiirtoKesken = true;
+    if (const qint64 id = frmNimiHaku::hae(this); id != 0)
+        SiirryLoydettyyn(id, QStringLiteral("Jäsentä ei löydy."));
+    bSiirtoKesken = ennen;
+}
+
+// The found member may have been deleted meanwhile, or be outside the rows this window holds.
+void frmJasen::SiirryLoydettyyn(qint64 jrId, const QString &eiLoydy)
+{
+    const bool oliRivi = m_data1->absolutePosition() >= 0;
+    const db::Recordset::Bookmark oli = oliRivi ? m_data1->bookmark() : 0;
+    if (SiirryJaseneen(jrId)) {
+        Siirretty();
+        return;
+    }
+    Ilmoita(eiLoydy);
+    if (oliRivi)
+        m_data1->setBookmark(oli);
 }
 
 void frmJasen::mKopioiYhteystiedot_Click() { QGuiApplication::clipboard()->setText(YhteystiedotLeikepoydalle(Lomake())); }

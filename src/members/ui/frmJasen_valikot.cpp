@@ -2,6 +2,10 @@
 // two share their key, tip and enabled state.
 #include "members/ui/frmJasen.h"
 
+#include "members/ui/frmJasenlajit.h"
+#include "members/ui/frmJasenryhmat.h"
+#include "members/ui/frmPostinumerot.h"
+
 #include <QAction>
 #include <QHBoxLayout>
 #include <QMenu>
@@ -11,13 +15,22 @@
 QAction *frmJasen::Komento(QMenu *menu, const char *nimi, const QString &teksti, void (frmJasen::*kasittelija)(),
                            const QKeySequence &nappain, const QString &vihje)
 {
-    auto *a = new QAction(teksti, this);
-    a->setObjectName(QString::fromLatin1(nimi));
+    std::function<void()> toiminto;
+    if (kasittelija)
+        toiminto = [this, kasittelija] { (this->*kasittelija)(); };
+    QAction *a = Komento(menu, nimi, teksti, std::move(toiminto));
     a->setShortcut(nappain);
     if (!vihje.isEmpty())
         a->setToolTip(vihje);
-    if (kasittelija)
-        connect(a, &QAction::triggered, this, [this, kasittelija] { Suojaa([this, kasittelija] { (this->*kasittelija)(); }); });
+    return a;
+}
+
+QAction *frmJasen::Komento(QMenu *menu, const char *nimi, const QString &teksti, std::function<void()> toiminto)
+{
+    auto *a = new QAction(teksti, this);
+    a->setObjectName(QString::fromLatin1(nimi));
+    if (toiminto)
+        connect(a, &QAction::triggered, this, [this, toiminto] { Suojaa(toiminto); });
     else {
         a->setEnabled(false);
         m_eiKaytossa.append(a);
@@ -70,8 +83,10 @@ void frmJasen::RakennaValikot()
     mTietue->addSeparator();
     mSelaa = Komento(mTietue, "mSelaa", QStringLiteral("&Selaa"), &frmJasen::cSelaa_Click, Qt::Key_F5,
                      QStringLiteral("Selaa jäsenistöä [F5]"));
-    mHaku = Komento(mTietue, "mHaku", QStringLiteral("&Haku"), nullptr, Qt::Key_F6, QStringLiteral("Hae jäsenrekisteristä [F6]"));
-    mNimihaku = Komento(mTietue, "mNimihaku", QStringLiteral("&Nimihaku"), nullptr, Qt::Key_F9, QStringLiteral("Hae nimellä [F9]"));
+    mHaku = Komento(mTietue, "mHaku", QStringLiteral("&Haku"), &frmJasen::cHaku_Click, Qt::Key_F6,
+                    QStringLiteral("Hae jäsenrekisteristä [F6]"));
+    mNimihaku = Komento(mTietue, "mNimihaku", QStringLiteral("&Nimihaku"), &frmJasen::cNimiHaku_Click, Qt::Key_F9,
+                        QStringLiteral("Hae nimellä [F9]"));
     mTietue->addSeparator();
     mEnsimmainen = Komento(mTietue, "mEnsimmainen", QStringLiteral("E&nsimmäinen"), &frmJasen::cEnsimmainen_Click,
                            QKeySequence(Qt::CTRL | Qt::Key_A), QStringLiteral("Siirry ensimmäiseen [Ctrl+A]"));
@@ -91,11 +106,11 @@ void frmJasen::RakennaValikot()
     mLiimaaLeikepoydalta = Komento(mTietue, "mLiimaaLeikepoydalta", QStringLiteral("Liimaa leikepöydältä"),
                                    &frmJasen::mLiimaaLeikepoydalta_Click);
 
-    // The bulk attribute dialogs are plugged in here.
-    Komento(mOminaisuudet, "mMoniliitos", QStringLiteral("Moniliitos"));
-    Komento(mOminaisuudet, "mOminLisaysSP", QStringLiteral("Lisää syntymäpäivän perusteella"));
-    Komento(mOminaisuudet, "mOminaisuudenPoisto", QStringLiteral("Ominaisuuden poisto"));
-    Komento(mOminaisuudet, "mOminaisuudenYhdistaminen", QStringLiteral("Ominaisuuden yhdistäminen"));
+    Komento(mOminaisuudet, "mMoniliitos", QStringLiteral("Moniliitos"), &frmJasen::mMoniliitos_Click);
+    Komento(mOminaisuudet, "mOminLisaysSP", QStringLiteral("Lisää syntymäpäivän perusteella"), &frmJasen::mOminLisaysSP_Click);
+    Komento(mOminaisuudet, "mOminaisuudenPoisto", QStringLiteral("Ominaisuuden poisto"), &frmJasen::mOminaisuudenPoisto_Click);
+    Komento(mOminaisuudet, "mOminaisuudenYhdistaminen", QStringLiteral("Ominaisuuden yhdistäminen"),
+            &frmJasen::mOminaisuudenYhdistaminen_Click);
 
     // The reports are shown as they will be, and open once the report windows exist.
     QMenu *historia = mRaportit->addMenu(QStringLiteral("Maksuhistoria"));
@@ -132,9 +147,9 @@ void frmJasen::RakennaValikot()
     mEmailValitulle->setIconText(QStringLiteral("Sähköposti"));
     Komento(mTyokalut, "mOsoitetietojenVienti", QStringLiteral("Osoitetietojen vienti"));
     QMenu *koodistot = mTyokalut->addMenu(QStringLiteral("Koodistot"));
-    Komento(koodistot, "mJasenlajit", QStringLiteral("Jäsenlajit"));
-    Komento(koodistot, "mJasenryhmat", QStringLiteral("Jäsenryhmät"));
-    Komento(koodistot, "mPostinumerot", QStringLiteral("Postinumerot"));
+    Komento(koodistot, "mJasenlajit", QStringLiteral("Jäsenlajit"), [this] { AvaaJasenlajit(this); });
+    Komento(koodistot, "mJasenryhmat", QStringLiteral("Jäsenryhmät"), [this] { AvaaJasenryhmat(this); });
+    Komento(koodistot, "mPostinumerot", QStringLiteral("Postinumerot"), [this] { AvaaPostinumerot(this); });
 }
 
 QWidget *frmJasen::RakennaPainikkeet()

@@ -1,0 +1,316 @@
+// The member window with the windows it opens: the attribute tab, the name search, the bulk
+// attach of the attribute menu, and the main window's way in.
+#include "core/Esittelyseura.h"
+#include "core/MainModule.h"
+#include "core/Malli.h"
+#include "core/UpdateDatabase.h"
+#include "core/ui/frmMain.h"
+#include "members/ui/ArvoPaneeli.h"
+#include "members/ui/LiitosPohja.h"
+#include "members/ui/frmHaku.h"
+#include "members/ui/frmJasen.h"
+#include "members/ui/frmJasenOminaisuudet.h"
+#include "members/ui/frmJasenlajit.h"
+#include "members/ui/frmMoniliitos.h"
+#include "members/ui/frmNimiHaku.h"
+#include "members/ui/frmPiirre.h"
+#include "scripteddialogs.h"
+#include "testenv.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListView>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTimer>
+#include <QToolButton>
+#include <QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+using EditMode = db::Recordset::EditMode;
+
+namespace {
+
+QString tyhjaSeura()
+{
+    static QTemporaryDir kansio;
+    static const QString polku = [] {
+        const QString p = kansio.filePath(u"malli.mdb"_s);
+        LuoMalliTietokanta(p);
+        UpdateDatabase(*db::Database::open(p));
+        return p;
+    }();
+    return polku;
+}
+
+// Two members and the memo attribute "Kuoro", the member window open on the first.
+struct Seura {
+    TestEnv env;
+    ScriptedDialogs dlg;
+    std::unique_ptr<db::Database> d;
+    QPointer<frmJasen> w;
+    frmJasenOminaisuudet *sivu = nullptr;
+    qint64 aalto = 0, berg = 0, kuoro = 0;
+
+    Seura()
+    {
+        MainModule::DatabasePath = env.path(u"seura.mdb"_s);
+        QFile::copy(tyhjaSeura(), MainModule::DatabasePath);
+        QFile(MainModule::DatabasePath).setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+        d = db::Database::open(MainModule::DatabasePath);
+        aalto = jasen(u"Aalto"_s, u"Anna"_s);
+        berg = jasen(u"Berg"_s, u"Bo"_s);
+        d->execute(u"INSERT INTO pi (piNimi, piKuvaus, piEnbldDate, piEnbldLong, piEnbldCurrency, piEnbldMemo) "
+                   u"VALUES ('Kuoro', 'Laulaa kuorossa', 0, 0, 0, 1)"_s);
+        kuoro = d->lastInsertId();
+    }
+    ~Seura() { delete w.data(); }
+
+    qint64 jasen(const QString &suku, const QString &etu)
+    {
+        d->execute(u"INSERT INTO jr (jrSukunimi, jrEtunimi, jrJasenmaksu) VALUES (?, ?, 0)"_s, {suku, etu});
+        return d->lastInsertId();
+    }
+
+    bool avaa()
+    {
+        w = new frmJasen;
+        if (!w->Lataa())
+            return false;
+        sivu = w->findChild<frmJasenOminaisuudet *>();
+        w->show();
+        w->activateWindow();
+        if (!sivu || !QTest::qWaitForWindowActive(w))
+            return false;
+        w->TabStr1->setCurrentWidget(sivu);
+        return true;
+    }
+
+    QVariant muistio(qint64 jr)
+    {
+        return d->scalar(u"SELECT ptValMemo FROM pt WHERE ptjrID = ? AND ptpiID = ?"_s, {jr, kuoro});
+    }
+    void liitaKuoro(qint64 jr) { d->execute(u"INSERT INTO pt (ptjrID, ptpiID) VALUES (?, ?)"_s, {jr, kuoro}); }
+};
+
+// Works the next modal dialog of type T once it is up.
+template <class T>
+void kunAuki(std::function<void(T *)> tehtava)
+{
+    auto *ajastin = new QTimer;
+    ajastin->setInterval(10);
+    QObject::connect(ajastin, &QTimer::timeout, [ajastin, tehtava] {
+        if (auto *d = qobject_cast<T *>(QApplication::activeModalWidget())) {
+            ajastin->stop();
+            ajastin->deleteLater();
+            tehtava(d);
+        }
+    });
+    ajastin->start();
+}
+
+template <class T>
+T *ikkuna()
+{
+    for (QWidget *w : QApplication::topLevelWidgets())
+        if (auto *t = qobject_cast<T *>(w); t && t->isVisible())
+            return t;
+    return nullptr;
+}
+
+void kirjoita(QPlainTextEdit *kohde, const QString &teksti)
+{
+    kohde->setFocus();
+    QTest::keyClicks(kohde, teksti);
+}
+
+} // namespace
+
+class TestFrmJasenKytkenta : public QObject {
+    Q_OBJECT
+
+private slots:
+    // Lisää, Enter on the definition, a value typed and F3: the attachment and its value are stored.
+    void ominaisuusLiitetaanJaTallennetaan()
+    {
+        Seura s;
+        QVERIFY(s.avaa());
+        QCOMPARE(s.sivu->lstAllPt->count(), 0);
+        s.sivu->cLisaaPiirre->click();
+        QVERIFY(!s.sivu->lstAllPi->isHidden());
+        QCOMPARE(s.sivu->lstAllPi->count(), 1);
+        s.sivu->lstAllPi->setCurrentRow(0);
+        QTest::keyClick(s.sivu->lstAllPi, Qt::Key_Return);
+        QCOMPARE(s.sivu->lstAllPt->count(), 1);
+        QCOMPARE(s.sivu->lstAllPt->item(0)->text(), u"Kuoro"_s);
+        QVERIFY(s.muistio(s.aalto).isNull());
+
+        kirjoita(s.sivu->arvot->tMemo, u"Basso"_s);
+        QCOMPARE(s.w->Data1()->editMode(), EditMode::Edit);
+        QTest::keyClick(s.sivu->arvot->tMemo, Qt::Key_F3);
+        QCOMPARE(s.muistio(s.aalto).toString(), u"Basso"_s);
+        QCOMPARE(s.w->Data1()->editMode(), EditMode::None);
+        QVERIFY(!s.w->bPiirreMuuttunut());
+        QVERIFY(s.dlg.unexpected.isEmpty());
+    }
+
+    // A move stores the typed value (together with an edit of the member); Ctrl+Z drops it.
+    void arvoTallentuuSiirrossaJaPeruuntuu()
+    {
+        Seura s;
+        s.liitaKuoro(s.aalto);
+        s.liitaKuoro(s.berg);
+        QVERIFY(s.avaa());
+        QCOMPARE(s.sivu->lstAllPt->count(), 1);
+
+        kirjoita(s.sivu->arvot->tMemo, u"Tenori"_s);
+        s.w->tYhteystiedot[iEtunimi]->setText(u"Annukka"_s);
+        QTest::keyClick(s.sivu->arvot->tMemo, Qt::Key_D, Qt::ControlModifier);
+        QCOMPARE(s.w->NykyinenId(), s.berg);
+        QCOMPARE(s.muistio(s.aalto).toString(), u"Tenori"_s);
+        QCOMPARE(s.d->scalar(u"SELECT jrEtunimi FROM jr WHERE jrID = ?"_s, {s.aalto}).toString(), u"Annukka"_s);
+        QVERIFY(s.sivu->arvot->tMemo->toPlainText().isEmpty());
+
+        // The box in which Ctrl+D was typed was disabled by the move; the focus stayed on the page.
+        QVERIFY(s.sivu->isAncestorOf(QApplication::focusWidget()));
+        kirjoita(s.sivu->arvot->tMemo, u"Altto"_s);
+        QCOMPARE(s.w->NykyinenId(), s.berg);
+        QTest::keyClick(s.sivu->arvot->tMemo, Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(!s.w->bPiirreMuuttunut());
+        QCOMPARE(s.sivu->arvot->tMemo->toPlainText(), QString());
+        QTest::keyClick(s.sivu->arvot->tMemo, Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(s.w->NykyinenId(), s.aalto);
+        QVERIFY(s.muistio(s.berg).isNull());
+        QCOMPARE(s.sivu->arvot->tMemo->toPlainText(), u"Tenori"_s);
+        QVERIFY(s.dlg.unexpected.isEmpty());
+    }
+
+    // The name search moves the window to the member chosen; one added behind its back is told of.
+    void nimihakuSiirtaaJaseneen()
+    {
+        Seura s;
+        s.liitaKuoro(s.berg);
+        QVERIFY(s.avaa());
+        auto etsi = [&](const QString &suku) {
+            kunAuki<frmNimiHaku>([suku](frmNimiHaku *h) {
+                h->tSukunimi->setText(suku);
+                h->cSearch->click();
+                h->lstFoundJR->setCurrentIndex(h->lstFoundJR->model()->index(0, 0));
+                h->cOpen->click();
+            });
+            s.w->cNimiHaku->click();
+        };
+        QVERIFY(s.w->cNimiHaku->isEnabled());
+        etsi(u"erg"_s);
+        QCOMPARE(s.w->NykyinenId(), s.berg);
+        QCOMPARE(s.w->tYhteystiedot[iSukunimi]->text(), u"Berg"_s);
+        QCOMPARE(s.sivu->lstAllPt->count(), 1);
+
+        s.jasen(u"Myöhäinen"_s, u"Mikko"_s);
+        etsi(u"Myöh"_s);
+        QCOMPARE(s.dlg.messages().value(0), u"Jäsentä ei löydy."_s);
+        QCOMPARE(s.w->NykyinenId(), s.berg);
+        QCOMPARE(s.w->tYhteystiedot[iSukunimi]->text(), u"Berg"_s);
+        QVERIFY(s.dlg.unexpected.isEmpty());
+    }
+
+    // F6 by member number stores the edit in progress first; a member the window does not hold
+    // is told of and the window stays where it was.
+    void numerohakuTallentaaJaSiirtaa()
+    {
+        Seura s;
+        s.d->execute(u"UPDATE jr SET jrJasennumero = '7' WHERE jrID = ?"_s, {s.berg});
+        QVERIFY(s.avaa());
+        auto etsi = [&](const QString &numero, bool nappaimella) {
+            kunAuki<frmHaku>([numero](frmHaku *h) {
+                h->cmbJasenNro->setCurrentIndex(-1);
+                h->cmbJasenNro->setEditText(numero);
+                h->cHae->click();
+            });
+            if (nappaimella)
+                QTest::keyClick(s.w, Qt::Key_F6);
+            else
+                s.w->cHaku->click();
+        };
+        s.w->tYhteystiedot[iEtunimi]->setText(u"Annukka"_s);
+        QCOMPARE(s.w->Data1()->editMode(), EditMode::Edit);
+        etsi(u"7"_s, true);
+        QCOMPARE(s.w->NykyinenId(), s.berg);
+        QCOMPARE(s.d->scalar(u"SELECT jrEtunimi FROM jr WHERE jrID = ?"_s, {s.aalto}).toString(), u"Annukka"_s);
+
+        const qint64 uusi = s.jasen(u"Myöhäinen"_s, u"Mikko"_s);
+        s.d->execute(u"UPDATE jr SET jrJasennumero = '9' WHERE jrID = ?"_s, {uusi});
+        etsi(u"9"_s, false);
+        QCOMPARE(s.dlg.messages(), QStringList{u"Jäsennumerolla ei löydy jäsentä."_s});
+        QCOMPARE(s.w->NykyinenId(), s.berg);
+        QCOMPARE(s.w->tYhteystiedot[iSukunimi]->text(), u"Berg"_s);
+        QVERIFY(s.dlg.unexpected.isEmpty());
+        frmHaku::pura();
+    }
+
+    // Moniliitos from the menu: the tab and the list condition's count show the new holders.
+    void moniliitosNakyyValilehdella()
+    {
+        Seura s;
+        QVERIFY(s.avaa());
+        s.w->cmbListaEhto->setCurrentIndex(s.w->cmbListaEhto->findText(u"Kuoro"_s));
+        s.w->cmbListaEhto_LostFocus();
+        QVERIFY(s.w->windowTitle().endsWith(u" - 0"_s));
+
+        kunAuki<frmMoniliitos>([](frmMoniliitos *m) {
+            m->cValitseKaikki->click();
+            m->pohja->lstAllPt->setCurrentRow(0);
+            m->cLisaa->click();
+            m->cSulje->click();
+        });
+        auto *komento = s.w->findChild<QAction *>(u"mMoniliitos"_s);
+        QVERIFY(komento && komento->isEnabled());
+        komento->trigger();
+        QCOMPARE(s.dlg.messages(), QStringList{u"Ominaisuus lisätty!"_s});
+        QCOMPARE(s.d->scalar(u"SELECT COUNT(*) FROM pt WHERE ptpiID = ?"_s, {s.kuoro}).toInt(), 2);
+        QCOMPARE(s.sivu->lstAllPt->count(), 1);
+        QCOMPARE(s.sivu->lstAllPt->item(0)->text(), u"Kuoro"_s);
+        QVERIFY(s.w->windowTitle().endsWith(u" - 2"_s));
+        QCOMPARE(s.w->cmbListaEhto->currentText(), u"Kuoro"_s);
+        QVERIFY(s.dlg.unexpected.isEmpty());
+    }
+
+    // The main window's buttons open the register and the definitions, each once; the code
+    // lists open from the register's menu.
+    void paaikkunastaRekisteriin()
+    {
+        TestEnv env;
+        ScriptedDialogs dlg;
+        MainModule::DatabasePath = env.path(u"demo1.mdb"_s);
+        LuoDemoTietokanta(MainModule::DatabasePath);
+        {
+            frmMain paa;
+            paa.show();
+            paa.findChild<QToolButton *>(u"cJasenrekisteri"_s)->click();
+            frmJasen *w = ikkuna<frmJasen>();
+            QVERIFY(w);
+            QVERIFY(w->NykyinenId() > 0);
+            QVERIFY(w->windowTitle().endsWith(u" - 150"_s));
+            paa.findChild<QToolButton *>(u"cJasenrekisteri"_s)->click();
+            int auki = 0;
+            for (QWidget *t : QApplication::topLevelWidgets())
+                auki += qobject_cast<frmJasen *>(t) && t->isVisible();
+            QCOMPARE(auki, 1);
+
+            w->findChild<QAction *>(u"mJasenlajit"_s)->trigger();
+            QVERIFY(ikkuna<frmJasenlajit>());
+
+            paa.findChild<QToolButton *>(u"cOminaisuudet"_s)->click();
+            QVERIFY(ikkuna<frmPiirre>());
+            QVERIFY(dlg.unexpected.isEmpty());
+        }
+        QVERIFY(!ikkuna<frmJasen>());
+    }
+};
+
+QTEST_MAIN(TestFrmJasenKytkenta)
+#include "tst_frmjasen_kytkenta.moc"
