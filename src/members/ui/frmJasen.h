@@ -35,6 +35,8 @@ class NimiListaMalli;
 // Opens the member window, or brings the open one to the front.
 void AvaaJasenrekisteri(QWidget *parent);
 
+struct JasenRaportti;
+
 class frmJasen : public QMainWindow {
     Q_OBJECT
 
@@ -130,6 +132,16 @@ public:
     void cMaksetuksi_Click();
 
 protected:
+    // ---- The report menu (frmJasen_raportit.cpp) ----
+    void mMaksamattomatPerheetLuettelo_Click();
+    void mMaksamattomatPerheetOsoitetarrat_Click();
+    void mMaksaneetPerheetLuettelo_Click();
+    void mMaksaneetPerheetOsoitetarrat_Click();
+    void mRapRajausOminaisuudella_Click();
+    void TulostaJasenRaportti(const JasenRaportti &r);
+    void AjaJasenRaportti(const JasenRaportti &r);
+    // ---- end of the report menu ----
+
     void closeEvent(QCloseEvent *e) override;
     bool eventFilter(QObject *o, QEvent *e) override;
 
