@@ -296,6 +296,31 @@ private slots:
         sivunumerot(a);
     }
 
+    // Payment history: the member's invoices under his name, and a group's members each under his own.
+    void maksuhistoria()
+    {
+        const qint64 jr = d->scalar(u"SELECT jmhjmjrID FROM jmhist GROUP BY jmhjmjrID ORDER BY count(*) DESC LIMIT 1"_s).toLongLong();
+        const int n = d->scalar(u"SELECT count(*) FROM jmhist WHERE jmhjmjrID = ?"_s, {jr}).toInt();
+        const Asiakirja a = laadi(MaksuhistoriaJasenelle(jr));
+        QCOMPARE(a.riveja, n);
+        QCOMPARE(a.tekstit(0).value(1), u"Maksuhistoria"_s);
+        const qint64 pi = d->scalar(u"SELECT ptpiID FROM pt JOIN jmhist ON jmhjmjrID = ptjrID LIMIT 1"_s).toLongLong();
+        const int m = d->scalar(u"SELECT count(*) FROM jmhist JOIN pt ON ptjrID = jmhjmjrID WHERE ptpiID = ?"_s, {pi}).toInt();
+        QCOMPARE(laadi(MaksuhistoriaRyhmalle(pi)).riveja, m);
+        sivunumerot(a);
+    }
+
+    // Families: one row for each member of a family whose payer is the head.
+    void perheluettelo()
+    {
+        const int n = d->scalar(u"SELECT count(*) FROM jrPerhe JOIN jr h ON h.jrID = jrPMID JOIN jr j ON j.jrID = jrPSubID "
+                                "WHERE coalesce(h.jrPerheenLaskutettava, 0) = 1"_s).toInt();
+        QVERIFY(n > 0);
+        const Asiakirja a = laadi(PerheLuettelo());
+        QCOMPARE(a.riveja, n);
+        sivunumerot(a);
+    }
+
     void pdf_data()
     {
         QTest::addColumn<int>("tyyppi");

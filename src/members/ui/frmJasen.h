@@ -133,6 +133,9 @@ public:
 
 protected:
     // ---- The report menu (frmJasen_raportit.cpp) ----
+    void mMaksuhistoriaJasenelle_Click();
+    void mMaksuhistoriaRyhmalle_Click();
+    void mRapPerheet_Click();
     void mMaksamattomatPerheetLuettelo_Click();
     void mMaksamattomatPerheetOsoitetarrat_Click();
     void mMaksaneetPerheetLuettelo_Click();

@@ -30,6 +30,17 @@ void frmJasen::TulostaJasenRaportti(const JasenRaportti &r)
     AjaJasenRaportti(r);
 }
 
+void frmJasen::mMaksuhistoriaJasenelle_Click()
+{
+    if (NykyinenId() == 0) {
+        Ilmoita(QStringLiteral("Jäsentä ei ole valittuna."));
+        return;
+    }
+    TulostaJasenRaportti(MaksuhistoriaJasenelle(NykyinenId()));
+}
+
+void frmJasen::mMaksuhistoriaRyhmalle_Click() { TulostaJasenRaportti(MaksuhistoriaRyhmalle(ListaehdonPiirre())); }
+void frmJasen::mRapPerheet_Click() { TulostaJasenRaportti(PerheLuettelo()); }
 void frmJasen::mMaksamattomatPerheetLuettelo_Click() { TulostaJasenRaportti(MaksamattomatPerheet(false)); }
 void frmJasen::mMaksamattomatPerheetOsoitetarrat_Click() { TulostaJasenRaportti(MaksamattomatPerheet(true)); }
 void frmJasen::mMaksaneetPerheetLuettelo_Click() { TulostaJasenRaportti(MaksaneetPerheet(false)); }

@@ -99,10 +99,10 @@ void frmJasen::RakennaValikot()
 
     // Reports; the ones still disabled open once their windows and report files exist.
     QMenu *historia = mRaportit->addMenu(QStringLiteral("Maksuhistoria"));
-    Komento(historia, "mMaksuhistoriaJasenelle", QStringLiteral("Jäsenelle"));
-    Komento(historia, "mMaksuhistoriaRyhmalle", QStringLiteral("Ryhmälle"));
+    Komento(historia, "mMaksuhistoriaJasenelle", QStringLiteral("Jäsenelle"), &frmJasen::mMaksuhistoriaJasenelle_Click);
+    Komento(historia, "mMaksuhistoriaRyhmalle", QStringLiteral("Ryhmälle"), &frmJasen::mMaksuhistoriaRyhmalle_Click);
     QMenu *perheet = mRaportit->addMenu(QStringLiteral("Perheet"));
-    Komento(perheet, "mRapPerheet", QStringLiteral("Luettelo"));
+    Komento(perheet, "mRapPerheet", QStringLiteral("Luettelo"), &frmJasen::mRapPerheet_Click);
     Komento(perheet, "mRapPerhetarrat", QStringLiteral("Perhetarrat"));
     QMenu *maksamattomat = perheet->addMenu(QStringLiteral("Maksamattomat perheet"));
     Komento(maksamattomat, "mMaksamattomatPerheetLuettelo", QStringLiteral("Luettelo"), &frmJasen::mMaksamattomatPerheetLuettelo_Click);
