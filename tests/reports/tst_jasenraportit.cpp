@@ -321,6 +321,15 @@ private slots:
         sivunumerot(a);
     }
 
+    // The address sheet: one member on each page, the club as the sender.
+    void osoiteArkille()
+    {
+        const int n = d->scalar(u"SELECT count(*) FROM jr WHERE coalesce(jrJasenmaksu, 0) = 0"_s).toInt();
+        const Asiakirja a = laadi(ListaRaportti(5, 0, u"{jr.jrJasenmaksu} = False"_s, {}));
+        QCOMPARE(int(a.sivut.size()), n);
+        QCOMPARE(a.tekstit(n - 1).value(0), MainModule::RegName);
+    }
+
     void pdf_data()
     {
         QTest::addColumn<int>("tyyppi");
@@ -328,6 +337,7 @@ private slots:
         QTest::newRow("luettelo") << 2 << u"Jäsenluettelo"_s;
         QTest::newRow("tarrat") << 4 << QString();
         QTest::newRow("kaduittain") << 8 << u"Jäsenluettelo kaduittain"_s;
+        QTest::newRow("arkki") << 5 << QString();
     }
     void pdf()
     {
@@ -350,6 +360,28 @@ private slots:
         }
         if (const QByteArray kansio = qgetenv("RAPORTTI_PDF_KANSIO"); !kansio.isEmpty())
             QFile::copy(Raportti().PrintFileName, QString::fromLocal8Bit(kansio) + u"/r%1.pdf"_s.arg(tyyppi));
+    }
+
+    void pdfHistoriaJaPerheet()
+    {
+        if (QStandardPaths::findExecutable(u"pdftotext"_s).isEmpty())
+            QSKIP("pdftotext is not installed");
+        const qint64 jr = d->scalar(u"SELECT jmhjmjrID FROM jmhist LIMIT 1"_s).toLongLong();
+        const QString sukunimi = d->scalar(u"SELECT jrSukunimi FROM jr WHERE jrID = ?"_s, {jr}).toString();
+        for (const auto &[r, odotettu] : {std::pair{MaksuhistoriaJasenelle(jr), u"Maksuhistoria"_s},
+                                          std::pair{PerheLuettelo(), u"Perheet"_s}}) {
+            ValmisteleJasenRaportti(r);
+            Raportti().Destination = Raporttiajo::PdfTiedosto;
+            Raportti().PrintFileName = env->path(r.tiedosto + u".pdf"_s);
+            Raportti().setAction(1);
+            const QString t = pdfTeksti(Raportti().PrintFileName);
+            QVERIFY(t.contains(odotettu));
+            QVERIFY(t.contains(MainModule::RegName));
+            if (odotettu == u"Maksuhistoria"_s)
+                QVERIFY(t.contains(sukunimi));
+            if (const QByteArray kansio = qgetenv("RAPORTTI_PDF_KANSIO"); !kansio.isEmpty())
+                QFile::copy(Raportti().PrintFileName, QString::fromLocal8Bit(kansio) + u"/"_s + r.tiedosto + u".pdf"_s);
+        }
     }
 };
 
