@@ -573,7 +573,7 @@ private slots:
         QCOMPARE(s.w->cSulje->toolTip(), u"Sulje Jäsenrekisteri [Alt+F4]"_s);
         QCOMPARE(s.w->mNimihaku->shortcut(), QKeySequence(Qt::Key_F9));
         QVERIFY(s.w->cHaku->isEnabled());
-        QVERIFY(!s.w->findChild<QAction *>(u"mRapPerheet"_s)->isEnabled());
+        QVERIFY(s.w->findChild<QAction *>(u"mRapPerheet"_s)->isEnabled());
         QCOMPARE(s.w->tYhteystiedot[iSukunimi]->maxLength(), 50);
         QCOMPARE(s.w->tYhteystiedot[iJasennumero]->maxLength(), 10);
     }

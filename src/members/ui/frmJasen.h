@@ -36,6 +36,8 @@ class frmJasenOminaisuudet;
 // Opens the member window, or brings the open one to the front.
 void AvaaJasenrekisteri(QWidget *parent);
 
+struct JasenRaportti;
+
 class frmJasen : public QMainWindow {
     Q_OBJECT
 
@@ -138,6 +140,19 @@ public:
     void cMaksetuksi_Click();
 
 protected:
+    // ---- The report menu (frmJasen_raportit.cpp) ----
+    void mMaksuhistoriaJasenelle_Click();
+    void mMaksuhistoriaRyhmalle_Click();
+    void mRapPerheet_Click();
+    void mMaksamattomatPerheetLuettelo_Click();
+    void mMaksamattomatPerheetOsoitetarrat_Click();
+    void mMaksaneetPerheetLuettelo_Click();
+    void mMaksaneetPerheetOsoitetarrat_Click();
+    void mRapRajausOminaisuudella_Click();
+    void TulostaJasenRaportti(const JasenRaportti &r);
+    void AjaJasenRaportti(const JasenRaportti &r);
+    // ---- end of the report menu ----
+
     void closeEvent(QCloseEvent *e) override;
     bool eventFilter(QObject *o, QEvent *e) override;
 

@@ -112,20 +112,20 @@ void frmJasen::RakennaValikot()
     Komento(mOminaisuudet, "mOminaisuudenYhdistaminen", QStringLiteral("Ominaisuuden yhdistäminen"),
             &frmJasen::mOminaisuudenYhdistaminen_Click);
 
-    // The reports are shown as they will be, and open once the report windows exist.
+    // Reports; the ones still disabled open once their windows and report files exist.
     QMenu *historia = mRaportit->addMenu(QStringLiteral("Maksuhistoria"));
-    Komento(historia, "mMaksuhistoriaJasenelle", QStringLiteral("Jäsenelle"));
-    Komento(historia, "mMaksuhistoriaRyhmalle", QStringLiteral("Ryhmälle"));
+    Komento(historia, "mMaksuhistoriaJasenelle", QStringLiteral("Jäsenelle"), &frmJasen::mMaksuhistoriaJasenelle_Click);
+    Komento(historia, "mMaksuhistoriaRyhmalle", QStringLiteral("Ryhmälle"), &frmJasen::mMaksuhistoriaRyhmalle_Click);
     QMenu *perheet = mRaportit->addMenu(QStringLiteral("Perheet"));
-    Komento(perheet, "mRapPerheet", QStringLiteral("Luettelo"));
+    Komento(perheet, "mRapPerheet", QStringLiteral("Luettelo"), &frmJasen::mRapPerheet_Click);
     Komento(perheet, "mRapPerhetarrat", QStringLiteral("Perhetarrat"));
     QMenu *maksamattomat = perheet->addMenu(QStringLiteral("Maksamattomat perheet"));
-    Komento(maksamattomat, "mMaksamattomatPerheetLuettelo", QStringLiteral("Luettelo"));
-    Komento(maksamattomat, "mMaksamattomatPerheetOsoitetarrat", QStringLiteral("Osoitetarrat"));
+    Komento(maksamattomat, "mMaksamattomatPerheetLuettelo", QStringLiteral("Luettelo"), &frmJasen::mMaksamattomatPerheetLuettelo_Click);
+    Komento(maksamattomat, "mMaksamattomatPerheetOsoitetarrat", QStringLiteral("Osoitetarrat"), &frmJasen::mMaksamattomatPerheetOsoitetarrat_Click);
     QMenu *maksaneet = perheet->addMenu(QStringLiteral("Maksaneet perheet"));
-    Komento(maksaneet, "mMaksaneetPerheetLuettelo", QStringLiteral("Luettelo"));
-    Komento(maksaneet, "mMaksaneetPerheetOsoitetarrat", QStringLiteral("Osoitetarrat"));
-    Komento(mRaportit, "mRapRajausOminaisuudella", QStringLiteral("Luettelot ja tarrat"));
+    Komento(maksaneet, "mMaksaneetPerheetLuettelo", QStringLiteral("Luettelo"), &frmJasen::mMaksaneetPerheetLuettelo_Click);
+    Komento(maksaneet, "mMaksaneetPerheetOsoitetarrat", QStringLiteral("Osoitetarrat"), &frmJasen::mMaksaneetPerheetOsoitetarrat_Click);
+    Komento(mRaportit, "mRapRajausOminaisuudella", QStringLiteral("Luettelot ja tarrat"), &frmJasen::mRapRajausOminaisuudella_Click);
     Komento(mRaportit, "mJasenkortti", QStringLiteral("Jäsenkortit"));
     QMenu *rekisteritiedot = mRaportit->addMenu(QStringLiteral("Rekisteritiedot"));
     Komento(rekisteritiedot, "mRekisteritiedotEmailiin", QStringLiteral("Sähköpostiin"));

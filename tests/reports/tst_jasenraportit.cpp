@@ -1,0 +1,389 @@
+// The member window's printouts on the demonstration club: which report and formulas each
+// command gives, the street names of the list by street, and the laid-out documents: the right
+// members in the right order, headings, page numbers and label sheets; one PDF per family.
+#include "core/Esittelyseura.h"
+#include "core/MainModule.h"
+#include "members/JasenRaportit.h"
+#include "reports/Tulostus.h"
+#include "testenv.h"
+
+#include <QProcess>
+#include <QStandardPaths>
+#include <QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+// Members (surname + first name) as the database orders them for `jarjestys`.
+QStringList nimet(db::Database &d, const QString &ehto, const QString &jarjestys)
+{
+    QStringList t;
+    db::Statement s(d, u"SELECT trim(coalesce(jrSukunimi, '') || ' ' || coalesce(jrEtunimi, '')) FROM jr WHERE "_s + ehto
+                           + u" ORDER BY "_s + jarjestys);
+    while (s.next())
+        t << s.value(0).toString();
+    return t;
+}
+
+QStringList loydetyt(const Asiakirja &a, const QStringList &haettavat)
+{
+    const QSet<QString> joukko(haettavat.begin(), haettavat.end());
+    QStringList t;
+    for (int i = 0; i < int(a.sivut.size()); ++i)
+        for (const QString &s : a.tekstit(i))
+            if (joukko.contains(s))
+                t << s;
+    return t;
+}
+
+// Labels on a page: the texts that are a member's name as a label writes it.
+int tarroja(db::Database &d, const Asiakirja &a, int sivu)
+{
+    QSet<QString> nimet;
+    db::Statement s(d, u"SELECT trim(coalesce(jrEtunimi, '') || ' ' || coalesce(jrSukunimi, '')) FROM jr"_s);
+    while (s.next())
+        nimet.insert(s.value(0).toString());
+    int n = 0;
+    for (const QString &t : a.tekstit(sivu))
+        n += nimet.contains(t);
+    return n;
+}
+
+void sivunumerot(const Asiakirja &a)
+{
+    const int n = int(a.sivut.size());
+    for (int i = 0; i < n; ++i)
+        QVERIFY2(a.tekstit(i).contains(u"sivu %1 / %2"_s.arg(i + 1).arg(n)), qPrintable(u"sivu %1"_s.arg(i + 1)));
+}
+
+QString pdfTeksti(const QString &pdf)
+{
+    QProcess p;
+    p.start(QStandardPaths::findExecutable(u"pdftotext"_s), {u"-layout"_s, pdf, u"-"_s});
+    p.waitForFinished(30000);
+    return QString::fromUtf8(p.readAllStandardOutput());
+}
+
+} // namespace
+
+class TestJasenraportit : public QObject {
+    Q_OBJECT
+    std::unique_ptr<TestEnv> env;
+    std::unique_ptr<db::Database> d;
+
+    Asiakirja laadi(const JasenRaportti &r)
+    {
+        ValmisteleJasenRaportti(r);
+        return Raportti().Laadi();
+    }
+
+private slots:
+    void initTestCase()
+    {
+        env = std::make_unique<TestEnv>();
+        MainModule::DatabasePath = env->path(u"demo.mdb"_s);
+        LuoDemoTietokanta(MainModule::DatabasePath);
+        d = db::Database::open(MainModule::DatabasePath);
+        MainModule::RegName = u"Vanhankylän Urheiluseura ry"_s;
+        MainModule::RegPuhelin = u"09 123 4567"_s;
+    }
+
+    void kadunNimi_data()
+    {
+        QTest::addColumn<QString>("osoite");
+        QTest::addColumn<QString>("katu");
+        QTest::newRow("numero ja kirjain") << u"Koulukatu 12 B 4"_s << u"Koulukatu"_s;
+        QTest::newRow("kaksisanainen") << u"Vanha Porvoontie 3"_s << u"Vanha Porvoontie"_s;
+        QTest::newRow("pelkkä katu") << u"Rantatie"_s << u"Rantatie"_s;
+        QTest::newRow("ensimmäisessä numero") << u"2. linja 5"_s << u"2. linja"_s;
+        QTest::newRow("tyhjä") << QString() << QString();
+        QTest::newRow("välilyönnit") << u"  Mäntypolku  7"_s << u"Mäntypolku"_s;
+    }
+    void kadunNimi()
+    {
+        QFETCH(QString, osoite);
+        QFETCH(QString, katu);
+        QCOMPARE(KadunNimi(osoite), katu);
+    }
+
+    void tulostetyypit_data()
+    {
+        QTest::addColumn<int>("tyyppi");
+        QTest::addColumn<QString>("tiedosto");
+        QTest::addColumn<QStringList>("kaavat");
+        const QString seura = u"Seurannimi= 'Vanhankylän Urheiluseura ry'"_s;
+        const QString otsake = u"Otsake= 'Jäsenluettelo'"_s;
+        QTest::newRow("luettelo") << 0 << u"jrluetlo.rpt"_s << QStringList{otsake, seura, u"Otsake2= \"Maksaneet\""_s};
+        QTest::newRow("ominaisuudet") << 1 << u"jrlomins.rpt"_s << QStringList{seura, u"Otsake2= 'Maksaneet'"_s};
+        QTest::newRow("laaja") << 2 << u"jrlaajlu.rpt"_s << QStringList{otsake, seura, u"Otsake2= 'Maksaneet'"_s};
+        QTest::newRow("tarrat") << 3 << u"jrosoite.rpt"_s << QStringList{};
+        QTest::newRow("tittelit") << 4 << u"jrosoitt.rpt"_s << QStringList{};
+        QTest::newRow("arkki") << 5 << u"jroosa4.rpt"_s
+                               << QStringList{seura, u"Seuranosoite= ''"_s, u"Seuranpostiosoite= ' '"_s, u"Puhelin= '09 123 4567'"_s};
+        QTest::newRow("jäsenluettelo") << 6 << u"jrluetvi.rpt"_s << QStringList{otsake, seura, u"Otsake2= 'Maksaneet'"_s};
+        QTest::newRow("kaduittain") << 8 << u"jrkaluet.rpt"_s
+                                    << QStringList{u"Otsake= 'Jäsenluettelo kaduittain'"_s, seura, u"Otsake2= \"Maksaneet\""_s};
+    }
+    void tulostetyypit()
+    {
+        QFETCH(int, tyyppi);
+        QFETCH(QString, tiedosto);
+        QFETCH(QStringList, kaavat);
+        const JasenRaportti r = ListaRaportti(tyyppi, 0, u"{jr.jrJasenmaksu} = True"_s, u"Maksaneet"_s);
+        QCOMPARE(r.tiedosto, tiedosto);
+        QCOMPARE(r.kaavat, kaavat);
+        QCOMPARE(r.valinta, u"{jr.jrJasenmaksu} = True"_s);
+    }
+
+    void jarjestysJaNorvik()
+    {
+        QCOMPARE(ListaRaportti(0, 0, {}, {}).lajittelu, (QStringList{u"+{jr.jrSukunimi}"_s, u"+{jr.jrEtunimi}"_s}));
+        QCOMPARE(ListaRaportti(3, 1, {}, {}).lajittelu, QStringList{u"+{jr.jrPostinumero}"_s});
+        QCOMPARE(ListaRaportti(2, 2, {}, {}).lajittelu, QStringList{u"+{jr.jrSyntyma}"_s});
+        QCOMPARE(ListaRaportti(7, 0, {}, {}).kaavat.size(), 11);
+        const QString vanha = MainModule::RegName;
+        MainModule::RegName = u"Norvik"_s;
+        QCOMPARE(ListaRaportti(3, 0, {}, {}).tiedosto, u"norvikjros.rpt"_s);
+        MainModule::RegName = vanha;
+    }
+
+    // Every list on the whole club and on the unpaid: the members in the order asked, the club
+    // and heading on the first page, page numbers on every page.
+    void luettelot_data()
+    {
+        QTest::addColumn<int>("tyyppi");
+        QTest::addColumn<int>("jarjestys");
+        QTest::addColumn<QString>("valinta");
+        QTest::addColumn<QString>("ehto");
+        QTest::addColumn<QString>("otsikko");
+        const QString maksamatta = u"{jr.jrJasenmaksu} = False"_s;
+        const QString maksamattaSql = u"coalesce(jrJasenmaksu, 0) = 0"_s;
+        QTest::newRow("luettelo") << 0 << 0 << QString() << u"1"_s << u"Jäsenluettelo"_s;
+        QTest::newRow("luettelo maksamattomat") << 0 << 0 << maksamatta << maksamattaSql << u"Jäsenluettelo"_s;
+        QTest::newRow("laaja postinumeroittain") << 2 << 1 << QString() << u"1"_s << u"Jäsenluettelo"_s;
+        QTest::newRow("jäsenluettelo syntymän mukaan") << 6 << 2 << maksamatta << maksamattaSql << u"Jäsenluettelo"_s;
+    }
+    void luettelot()
+    {
+        QFETCH(int, tyyppi);
+        QFETCH(int, jarjestys);
+        QFETCH(QString, valinta);
+        QFETCH(QString, ehto);
+        QFETCH(QString, otsikko);
+        static const QStringList sqlJarjestys = {u"jrSukunimi COLLATE FI, jrEtunimi COLLATE FI, jrID"_s,
+                                                 u"jrPostinumero, jrID"_s, u"jrSyntyma, jrID"_s};
+        const QStringList odotetut = nimet(*d, ehto, sqlJarjestys[jarjestys]);
+        QVERIFY(odotetut.size() > 10);
+        const Asiakirja a = laadi(ListaRaportti(tyyppi, jarjestys, valinta, u"Kaikki jäsenet"_s));
+        QCOMPARE(a.riveja, odotetut.size());
+        // A name too long for its column is cut with dots and cannot be recognised.
+        const QStringList nakyvat = loydetyt(a, odotetut);
+        QVERIFY(nakyvat.size() >= odotetut.size() - 2);
+        if (jarjestys == 0) {
+            QStringList jarjestyksessa;
+            for (const QString &n : odotetut)
+                if (nakyvat.contains(n))
+                    jarjestyksessa << n;
+            QCOMPARE(nakyvat, jarjestyksessa);
+        }
+        const QStringList eka = a.tekstit(0);
+        QCOMPARE(eka.value(0), MainModule::RegName);
+        QCOMPARE(eka.value(1), otsikko);
+        QCOMPARE(eka.value(2), u"Kaikki jäsenet"_s);
+        QVERIFY(a.tekstit(int(a.sivut.size()) - 1).contains(u"Jäseniä yhteensä: %1"_s.arg(odotetut.size())));
+        sivunumerot(a);
+    }
+
+    // The list by street: street names are made first, and every member stands under his street.
+    void kaduittain()
+    {
+        PaivitaKadut(*d);
+        QMultiHash<QString, QString> katu;
+        QStringList kadut;
+        {
+            db::Statement s(*d, u"SELECT trim(coalesce(jrSukunimi,'') || ' ' || coalesce(jrEtunimi,'')), jrKatu, jrOsoite FROM jr"_s);
+            while (s.next()) {
+                katu.insert(s.value(0).toString(), s.value(1).toString());
+                QCOMPARE(s.value(1).toString(), KadunNimi(s.value(2).toString()));
+                if (!kadut.contains(s.value(1).toString()) && !s.value(1).toString().isEmpty())
+                    kadut << s.value(1).toString();
+            }
+        }
+        const Asiakirja a = laadi(ListaRaportti(8, 0, {}, u"Kaikki jäsenet"_s));
+        QString nyt;
+        int tarkistettu = 0;
+        for (int i = 0; i < int(a.sivut.size()); ++i)
+            for (const QString &t : a.tekstit(i)) {
+                if (kadut.contains(t))
+                    nyt = t;
+                else if (katu.contains(t) && !katu.value(t).isEmpty()) {
+                    QVERIFY2(katu.values(t).contains(nyt), qPrintable(t));
+                    ++tarkistettu;
+                }
+            }
+        QVERIFY(tarkistettu > 10);
+        sivunumerot(a);
+    }
+
+    // The lists and labels of families that have or have not paid: the family payers alone.
+    void perheet_data()
+    {
+        QTest::addColumn<bool>("maksaneet");
+        QTest::addColumn<bool>("tarrat");
+        QTest::newRow("maksamattomat") << false << false;
+        QTest::newRow("maksamattomat tarrat") << false << true;
+        QTest::newRow("maksaneet") << true << false;
+        QTest::newRow("maksaneet tarrat") << true << true;
+    }
+    void perheet()
+    {
+        QFETCH(bool, maksaneet);
+        QFETCH(bool, tarrat);
+        const JasenRaportti r = maksaneet ? MaksaneetPerheet(tarrat) : MaksamattomatPerheet(tarrat);
+        const int n = d->scalar(u"SELECT count(*) FROM jr WHERE coalesce(jrJasenmaksu, 0) = %1 AND coalesce(jrPerheenLaskutettava, 0) = 1"_s
+                                    .arg(maksaneet ? 1 : 0)).toInt();
+        QVERIFY(n > 0);
+        const Asiakirja a = laadi(r);
+        QCOMPARE(a.riveja, n);
+        if (tarrat) {
+            QCOMPARE(int(a.sivut.size()), (n + 23) / 24);
+            QCOMPARE(tarroja(*d, a, 0), qMin(n, 24));
+        } else {
+            QCOMPARE(a.tekstit(0).value(1), maksaneet ? u"Maksaneet perheet"_s : u"Maksamattomat perheet"_s);
+            sivunumerot(a);
+        }
+    }
+
+    // Labels: 24 to a sheet, the title above the name where the member has one.
+    void tarratTittelilla()
+    {
+        const int n = d->scalar(u"SELECT count(*) FROM jr"_s).toInt();
+        const Asiakirja a = laadi(ListaRaportti(4, 0, {}, {}));
+        QCOMPARE(a.riveja, n);
+        QCOMPARE(int(a.sivut.size()), (n + 23) / 24);
+        for (int i = 0; i + 1 < int(a.sivut.size()); ++i)
+            QCOMPARE(tarroja(*d, a, i), 24);
+        db::Statement s(*d, u"SELECT jrTitteli, trim(jrEtunimi || ' ' || jrSukunimi) FROM jr WHERE coalesce(jrTitteli, '') <> '' "
+                            "AND coalesce(jrYritys, '') = ''"_s);
+        int titteleita = 0;
+        while (s.next()) {
+            // The title line stands in the same label right above the name.
+            bool ylla = false;
+            for (const Sivu &sivu : a.sivut)
+                for (const Tulostekohde &nimi : sivu.kohteet)
+                    if (nimi.teksti == s.value(1).toString())
+                        for (const Tulostekohde &t : sivu.kohteet)
+                            ylla = ylla || (t.teksti == s.value(0).toString() && qAbs(t.alue.left() - nimi.alue.left()) < 1
+                                            && nimi.alue.top() > t.alue.top() && nimi.alue.top() - t.alue.top() < 400);
+            QVERIFY2(ylla, qPrintable(s.value(1).toString()));
+            ++titteleita;
+        }
+        QVERIFY(titteleita > 0);
+    }
+
+    // Each member once per attribute, the attribute beside him.
+    void ominaisuuksineen()
+    {
+        const int n = d->scalar(u"SELECT count(*) FROM jr LEFT JOIN pt ON ptjrID = jrID LEFT JOIN pi ON piID = ptpiID"_s).toInt();
+        const Asiakirja a = laadi(ListaRaportti(1, 0, {}, u"Kaikki jäsenet"_s));
+        QCOMPARE(a.riveja, n);
+        const QString piirre = d->scalar(u"SELECT piNimi FROM pi JOIN pt ON ptpiID = piID LIMIT 1"_s).toString();
+        bool loytyi = false;
+        for (int i = 0; i < int(a.sivut.size()); ++i)
+            loytyi = loytyi || a.tekstit(i).contains(piirre);
+        QVERIFY(loytyi);
+        sivunumerot(a);
+    }
+
+    // Payment history: the member's invoices under his name, and a group's members each under his own.
+    void maksuhistoria()
+    {
+        const qint64 jr = d->scalar(u"SELECT jmhjmjrID FROM jmhist GROUP BY jmhjmjrID ORDER BY count(*) DESC LIMIT 1"_s).toLongLong();
+        const int n = d->scalar(u"SELECT count(*) FROM jmhist WHERE jmhjmjrID = ?"_s, {jr}).toInt();
+        const Asiakirja a = laadi(MaksuhistoriaJasenelle(jr));
+        QCOMPARE(a.riveja, n);
+        QCOMPARE(a.tekstit(0).value(1), u"Maksuhistoria"_s);
+        const qint64 pi = d->scalar(u"SELECT ptpiID FROM pt JOIN jmhist ON jmhjmjrID = ptjrID LIMIT 1"_s).toLongLong();
+        const int m = d->scalar(u"SELECT count(*) FROM jmhist JOIN pt ON ptjrID = jmhjmjrID WHERE ptpiID = ?"_s, {pi}).toInt();
+        QCOMPARE(laadi(MaksuhistoriaRyhmalle(pi)).riveja, m);
+        sivunumerot(a);
+    }
+
+    // Families: one row for each member of a family whose payer is the head.
+    void perheluettelo()
+    {
+        const int n = d->scalar(u"SELECT count(*) FROM jrPerhe JOIN jr h ON h.jrID = jrPMID JOIN jr j ON j.jrID = jrPSubID "
+                                "WHERE coalesce(h.jrPerheenLaskutettava, 0) = 1"_s).toInt();
+        QVERIFY(n > 0);
+        const Asiakirja a = laadi(PerheLuettelo());
+        QCOMPARE(a.riveja, n);
+        sivunumerot(a);
+    }
+
+    // The address sheet: one member on each page, the club as the sender.
+    void osoiteArkille()
+    {
+        const int n = d->scalar(u"SELECT count(*) FROM jr WHERE coalesce(jrJasenmaksu, 0) = 0"_s).toInt();
+        const Asiakirja a = laadi(ListaRaportti(5, 0, u"{jr.jrJasenmaksu} = False"_s, {}));
+        QCOMPARE(int(a.sivut.size()), n);
+        QCOMPARE(a.tekstit(n - 1).value(0), MainModule::RegName);
+    }
+
+    void pdf_data()
+    {
+        QTest::addColumn<int>("tyyppi");
+        QTest::addColumn<QString>("odotettu");
+        QTest::newRow("luettelo") << 2 << u"Jäsenluettelo"_s;
+        QTest::newRow("tarrat") << 4 << QString();
+        QTest::newRow("kaduittain") << 8 << u"Jäsenluettelo kaduittain"_s;
+        QTest::newRow("arkki") << 5 << QString();
+    }
+    void pdf()
+    {
+        QFETCH(int, tyyppi);
+        QFETCH(QString, odotettu);
+        if (QStandardPaths::findExecutable(u"pdftotext"_s).isEmpty())
+            QSKIP("pdftotext is not installed");
+        PaivitaKadut(*d);
+        ValmisteleJasenRaportti(ListaRaportti(tyyppi, 0, {}, u"Kaikki jäsenet"_s));
+        Raportti().Destination = Raporttiajo::PdfTiedosto;
+        Raportti().PrintFileName = env->path(u"r%1.pdf"_s.arg(tyyppi));
+        Raportti().setAction(1);
+        const QString t = pdfTeksti(Raportti().PrintFileName);
+        const QString eka = d->scalar(u"SELECT jrSukunimi FROM jr ORDER BY jrSukunimi COLLATE FI LIMIT 1"_s).toString();
+        QVERIFY2(t.contains(eka), qPrintable(t.left(400)));
+        if (!odotettu.isEmpty()) {
+            QVERIFY(t.contains(MainModule::RegName));
+            QVERIFY(t.contains(odotettu));
+            QVERIFY(t.contains(u"sivu 1 / "_s));
+        }
+        if (const QByteArray kansio = qgetenv("RAPORTTI_PDF_KANSIO"); !kansio.isEmpty())
+            QFile::copy(Raportti().PrintFileName, QString::fromLocal8Bit(kansio) + u"/r%1.pdf"_s.arg(tyyppi));
+    }
+
+    void pdfHistoriaJaPerheet()
+    {
+        if (QStandardPaths::findExecutable(u"pdftotext"_s).isEmpty())
+            QSKIP("pdftotext is not installed");
+        const qint64 jr = d->scalar(u"SELECT jmhjmjrID FROM jmhist LIMIT 1"_s).toLongLong();
+        const QString sukunimi = d->scalar(u"SELECT jrSukunimi FROM jr WHERE jrID = ?"_s, {jr}).toString();
+        for (const auto &[r, odotettu] : {std::pair{MaksuhistoriaJasenelle(jr), u"Maksuhistoria"_s},
+                                          std::pair{PerheLuettelo(), u"Perheet"_s}}) {
+            ValmisteleJasenRaportti(r);
+            Raportti().Destination = Raporttiajo::PdfTiedosto;
+            Raportti().PrintFileName = env->path(r.tiedosto + u".pdf"_s);
+            Raportti().setAction(1);
+            const QString t = pdfTeksti(Raportti().PrintFileName);
+            QVERIFY(t.contains(odotettu));
+            QVERIFY(t.contains(MainModule::RegName));
+            if (odotettu == u"Maksuhistoria"_s)
+                QVERIFY(t.contains(sukunimi));
+            if (const QByteArray kansio = qgetenv("RAPORTTI_PDF_KANSIO"); !kansio.isEmpty())
+                QFile::copy(Raportti().PrintFileName, QString::fromLocal8Bit(kansio) + u"/"_s + r.tiedosto + u".pdf"_s);
+        }
+    }
+};
+
+QTEST_MAIN(TestJasenraportit)
+#include "tst_jasenraportit.moc"
