@@ -1,10 +1,13 @@
 // The member window's menu bar and command buttons. A button shows its menu command, so the
 // two share their key, tip and enabled state.
 #include "members/ui/frmJasen.h"
+#include "reports/ui/frmJasenkortit.h"
+#include "reports/ui/frmRekisteritiedot.h"
 
 #include "members/ui/frmJasenlajit.h"
 #include "members/ui/frmJasenryhmat.h"
 #include "members/ui/frmPostinumerot.h"
+#include "core/Misc.h"
 
 #include <QAction>
 #include <QHBoxLayout>
@@ -126,10 +129,20 @@ void frmJasen::RakennaValikot()
     Komento(maksaneet, "mMaksaneetPerheetLuettelo", QStringLiteral("Luettelo"), &frmJasen::mMaksaneetPerheetLuettelo_Click);
     Komento(maksaneet, "mMaksaneetPerheetOsoitetarrat", QStringLiteral("Osoitetarrat"), &frmJasen::mMaksaneetPerheetOsoitetarrat_Click);
     Komento(mRaportit, "mRapRajausOminaisuudella", QStringLiteral("Luettelot ja tarrat"), &frmJasen::mRapRajausOminaisuudella_Click);
-    Komento(mRaportit, "mJasenkortti", QStringLiteral("Jäsenkortit"));
+    Komento(mRaportit, "mJasenkortti", QStringLiteral("Jäsenkortit"), [this] {
+        if (TallennaKesken())
+            AvaaJasenkortit(this);
+    });
     QMenu *rekisteritiedot = mRaportit->addMenu(QStringLiteral("Rekisteritiedot"));
     Komento(rekisteritiedot, "mRekisteritiedotEmailiin", QStringLiteral("Sähköpostiin"));
-    Komento(rekisteritiedot, "mRekisteritiedotLeikepoydalle", QStringLiteral("Leikepöydälle"));
+    Komento(rekisteritiedot, "mRekisteritiedotLeikepoydalle", QStringLiteral("Leikepöydälle"), [this] {
+        if (!TallennaKesken())
+            return;
+        if (NykyinenId() == 0)
+            Ilmoita(QStringLiteral("Jäsentä ei ole valittuna."));
+        else
+            AvaaRekisteritiedot(this, NykyinenId());
+    });
     mRaportit->addSeparator();
     Komento(mRaportit, "mMuokkaaRaportteja", QStringLiteral("Muokkaa raportteja"));
     Komento(mRaportit, "mMuokattavaRaporttiX", QStringLiteral("Raportti"))->setVisible(false);
