@@ -1,10 +1,30 @@
 // The composition root: Qt application, Finnish locale, real dialogs, then the start-up.
+#include "core/ui/Main.h"
+#include "core/ui/frmMain.h"
+#include "platform/ui/QtDialogs.h"
+
 #include <QApplication>
+#include <QLibraryInfo>
 #include <QLocale>
+#include <QTranslator>
 
 int main(int argc, char **argv)
 {
     QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Vonari"));
     QLocale::setDefault(QLocale(QLocale::Finnish, QLocale::Finland));
-    return 0;
+
+    // Qt's own texts (file dialog details, context menus) in Finnish where the translation exists.
+    QTranslator qtSuomi;
+    if (qtSuomi.load(QLocale(QLocale::Finnish, QLocale::Finland), QStringLiteral("qtbase"), QStringLiteral("_"),
+                     QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&qtSuomi);
+
+    dlg::QtDialogs dialogit;
+    dlg::install(&dialogit);
+
+    const std::unique_ptr<frmMain> ikkuna = Main();
+    const int tulos = ikkuna ? app.exec() : 0;
+    dlg::install(nullptr);
+    return tulos;
 }

@@ -1,0 +1,209 @@
+// The member register's working window: one member at a time, edited in place, with the name
+// tree, the family, payment and attribute tabs and the register's menus.
+#pragma once
+
+#include "members/Jasen.h"
+#include "platform/database.h"
+#include "platform/recordset.h"
+
+#include <QMainWindow>
+#include <QVector>
+#include <array>
+#include <functional>
+#include <memory>
+
+class QAction;
+class QCheckBox;
+class QComboBox;
+class QKeyEvent;
+class QLabel;
+class QLineEdit;
+class QListView;
+class QListWidget;
+class QMenu;
+class QModelIndex;
+class QPlainTextEdit;
+class QPushButton;
+class QSplitter;
+class QStackedWidget;
+class QTabWidget;
+class QToolButton;
+class QTreeView;
+class NimipuuMalli;
+class NimiListaMalli;
+
+// Opens the member window, or brings the open one to the front.
+void AvaaJasenrekisteri(QWidget *parent);
+
+class frmJasen : public QMainWindow {
+    Q_OBJECT
+
+public:
+    explicit frmJasen(QWidget *parent = nullptr);
+    ~frmJasen() override;
+
+    // Opens the database and fills the window. False when it cannot be used (the reason has
+    // been shown); the window is then not to be shown.
+    bool Lataa();
+
+    // The member in view (during an add, the new member's reserved id); 0 when there is none.
+    qint64 NykyinenId() const;
+    // Puts the row in edit mode at the first change; the attribute page calls this as well.
+    void AloitaMuokkaus();
+    // Stores the pending attribute value, the pending family classes and a row being edited or
+    // added, in that order. False when the row could not be written: the command stops.
+    bool TallennaKesken();
+    db::Recordset *Data1() const { return m_data1.get(); }
+
+    // ---- Controls, named and indexed as the register has always named them ----
+    std::array<QLineEdit *, YhteystietoMaara> tYhteystiedot{};
+    QCheckBox *chkJasenmaksu = nullptr;
+    QCheckBox *chkEmailLasku = nullptr;
+    QPushButton *cLisaaViiteTarkiste = nullptr;
+    QPlainTextEdit *tMuistio = nullptr;
+    QTabWidget *TabStr1 = nullptr;
+
+    QTreeView *tvwNimet = nullptr;
+    QPushButton *cAvaaKaikki = nullptr;
+    QComboBox *cmbListaEhto = nullptr;
+
+    QToolButton *cUusi = nullptr, *cTallenna = nullptr, *cPoista = nullptr, *cSelaa = nullptr, *cHaku = nullptr,
+                *cNimiHaku = nullptr, *cKopio = nullptr, *cPeru = nullptr, *cEnsimmainen = nullptr,
+                *cEdellinen = nullptr, *cSeuraava = nullptr, *cViimeinen = nullptr, *cEmail = nullptr, *cSulje = nullptr;
+
+    QMenu *mTiedosto = nullptr, *mTietue = nullptr, *mOminaisuudet = nullptr, *mRaportit = nullptr, *mTyokalut = nullptr;
+    QAction *mUusi = nullptr, *mTallenna = nullptr, *mPoista = nullptr, *mSelaa = nullptr, *mHaku = nullptr,
+            *mNimihaku = nullptr, *mKopio = nullptr, *mPeru = nullptr, *mEnsimmainen = nullptr, *mEdellinen = nullptr,
+            *mSeuraava = nullptr, *mViimeinen = nullptr, *mEmailValitulle = nullptr, *mSulje = nullptr;
+    QAction *mKopioiYhteystiedot = nullptr, *mLiimaaLeikepoydalta = nullptr, *mMaksamattomienPoisto = nullptr,
+            *mPostinumeroidenTarkistus = nullptr;
+
+    // Family tab
+    QCheckBox *chkPerhLaskutettava = nullptr;
+    QListWidget *lstFamily = nullptr;
+    QListView *lstPersons = nullptr;
+    QLineEdit *tPerheenPaa = nullptr;
+    QPushButton *cLisaaPerhJas = nullptr, *cPoistaPerhJas = nullptr, *cSelaaPerhJas = nullptr,
+                *cMuutaPerheenOsoitteet = nullptr;
+    std::array<QCheckBox *, 8> chkPerheLuokka{};
+
+    // Payment tab
+    QListWidget *lstMaksut = nullptr;
+    QLabel *lbljmhjmID = nullptr, *lblOtsake = nullptr, *lblErapaiva = nullptr, *lblLaskupaiva = nullptr,
+           *lblLaskunumero = nullptr, *lblViitenumero = nullptr, *lblHinta = nullptr, *lblTeksti = nullptr,
+           *lblPerhemaksu = nullptr, *lblOminaisuusmaksu = nullptr, *lblJasenmaksu = nullptr, *lblMaksettu = nullptr;
+    QPushButton *cMaksetuksi = nullptr;
+
+    // ---- Window state ----
+    bool bPerheLuokkaMuuttunut = false;
+    bool bEiPuunValintaa = false;
+    bool bSiirtoKesken = false;
+    int iValittuVali = 1;
+    int iPerheRivi = -1;
+    bool bPiirreMuuttunut() const;
+
+    // ---- Commands ----
+    void cUusi_Click();
+    void cTallenna_Click();
+    void cPoista_Click();
+    void cSelaa_Click();
+    void cKopio_Click();
+    void cPeru_Click();
+    void cEnsimmainen_Click();
+    void cEdellinen_Click();
+    void cSeuraava_Click();
+    void cViimeinen_Click();
+    void cAvaaKaikki_Click();
+    void cSulje_Click();
+    void cLisaaViiteTarkiste_Click();
+    void mKopioiYhteystiedot_Click();
+    void mLiimaaLeikepoydalta_Click();
+    void mMaksamattomienPoisto_Click();
+    void mPostinumeroidenTarkistus_Click();
+    void cmbListaEhto_LostFocus();
+
+    void cLisaaPerhJas_Click();
+    void cPoistaPerhJas_Click();
+    void cSelaaPerhJas_Click();
+    void cMuutaPerheenOsoitteet_Click();
+    void lstPersons_Valitse();
+    void cMaksetuksi_Click();
+
+protected:
+    void closeEvent(QCloseEvent *e) override;
+    bool eventFilter(QObject *o, QEvent *e) override;
+
+private:
+    // Building (frmJasen_valikot.cpp, frmJasen_perustiedot.cpp, frmJasen_perhe.cpp …)
+    void RakennaValikot();
+    QWidget *RakennaPainikkeet();
+    QWidget *RakennaPuuPaneeli();
+    QWidget *RakennaPerustiedot();
+    QWidget *RakennaMuistio();
+    QWidget *RakennaPerhe();
+    QWidget *RakennaMaksut();
+    QAction *Komento(QMenu *menu, const char *nimi, const QString &teksti, void (frmJasen::*kasittelija)() = nullptr,
+                     const QKeySequence &nappain = {}, const QString &vihje = {});
+    QToolButton *Painike(const char *nimi, QAction *komento);
+    void KytkeKentat();
+
+    // State (frmJasen.cpp)
+    void Suojaa(const std::function<void()> &f);
+    JasenLomake Lomake() const;
+    void PaivitaKontrollit();
+    void Siirretty();
+    void PaivitaJasenmaara();
+    void AsetaTyhjaTila(bool tyhja);
+    bool OnTyhja() const { return m_tyhja; }
+    bool KirjoitaRivi(bool hiljaa);
+
+    // Tree and list condition (frmJasen_puu.cpp)
+    // The tree of the list condition's members; at opening also the family tab's list of all.
+    void RakennaNimipuu(bool henkilotMyos = false);
+    void TaytaListaehto();
+    qint64 ListaehdonPiirre() const;
+    QVector<qint64> ListanJasenet();
+    void ListaSiirto(int kohde);
+    void SiirryListaehtoon();
+    void PuuValinta(const QModelIndex &i);
+    bool SiirryJaseneen(qint64 jrId);
+
+    // Basic fields (frmJasen_perustiedot.cpp)
+    void KenttaMuuttui(int i);
+    void KenttaPoistui(int i);
+    bool LiittymaNappain(QKeyEvent *k);
+
+    // Family tab (frmJasen_perhe.cpp)
+    void LataaPerhe();
+    void lstFamily_Click();
+    void chkPerheLuokka_Click(int i);
+    void chkPerhLaskutettava_Click();
+    void TallennaPerheLuokat();
+    void NaytaPerheLista();
+
+    // Payment tab (frmJasen_maksut.cpp)
+    void LataaMaksut();
+    void lstMaksut_Click();
+
+    // Attribute page (frmJasen_ominaisuudet.cpp)
+    QWidget *LuoOminaisuusSivu();
+    void NaytaOminaisuudet(qint64 jrId);
+    bool TallennaPiirreArvo();
+
+    std::unique_ptr<db::Database> m_db;
+    std::unique_ptr<db::Recordset> m_data1;
+    NimipuuMalli *m_puu = nullptr;
+    NimiListaMalli *m_henkilot = nullptr;
+    QStackedWidget *m_perheLista = nullptr;
+    QSplitter *m_jako = nullptr;
+    QVector<QAction *> m_komennot;
+    QWidget *m_ominaisuusSivu = nullptr;
+    QVector<QAction *> m_eiKaytossa; // disabled until their windows exist
+    bool m_lataa = false;            // controls are being filled from the row
+    bool m_postinumeroMuuttui = false;
+    bool m_tyhja = false;
+    struct ListanJasenet {
+        qint64 piirre = -1, muutokset = -1, versio = -1;
+        QVector<qint64> idt;
+    } m_lista;
+};

@@ -1,0 +1,174 @@
+// The member window's menu bar and command buttons. A button shows its menu command, so the
+// two share their key, tip and enabled state.
+#include "members/ui/frmJasen.h"
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolButton>
+
+QAction *frmJasen::Komento(QMenu *menu, const char *nimi, const QString &teksti, void (frmJasen::*kasittelija)(),
+                           const QKeySequence &nappain, const QString &vihje)
+{
+    auto *a = new QAction(teksti, this);
+    a->setObjectName(QString::fromLatin1(nimi));
+    a->setShortcut(nappain);
+    if (!vihje.isEmpty())
+        a->setToolTip(vihje);
+    if (kasittelija)
+        connect(a, &QAction::triggered, this, [this, kasittelija] { Suojaa([this, kasittelija] { (this->*kasittelija)(); }); });
+    else {
+        a->setEnabled(false);
+        m_eiKaytossa.append(a);
+    }
+    menu->addAction(a);
+    m_komennot.append(a);
+    return a;
+}
+
+QToolButton *frmJasen::Painike(const char *nimi, QAction *komento)
+{
+    auto *b = new QToolButton;
+    b->setObjectName(QString::fromUtf8(nimi));
+    b->setDefaultAction(komento);
+    b->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    b->setAutoRaise(false);
+    // A click takes the focus, so the box left behind gets its leaving rules first.
+    b->setFocusPolicy(Qt::StrongFocus);
+    b->setMinimumWidth(qMax(64, b->sizeHint().width()));
+    return b;
+}
+
+void frmJasen::RakennaValikot()
+{
+    QMenuBar *mb = menuBar();
+    mTiedosto = mb->addMenu(QStringLiteral("&Tiedosto"));
+    mTiedosto->setObjectName(QStringLiteral("mTiedosto"));
+    mTietue = mb->addMenu(QStringLiteral("T&ietue"));
+    mTietue->setObjectName(QStringLiteral("mTietue"));
+    mOminaisuudet = mb->addMenu(QStringLiteral("&Ominaisuudet"));
+    mOminaisuudet->setObjectName(QStringLiteral("mOminaisuudet"));
+    mRaportit = mb->addMenu(QStringLiteral("&Raportit"));
+    mRaportit->setObjectName(QStringLiteral("mRaportit"));
+    mTyokalut = mb->addMenu(QStringLiteral("T&yökalut"));
+    mTyokalut->setObjectName(QStringLiteral("mTyokalut"));
+
+    mSulje = Komento(mTiedosto, "mSulje", QStringLiteral("&Sulje"), &frmJasen::cSulje_Click, QKeySequence(Qt::ALT | Qt::Key_F4),
+                     QStringLiteral("Sulje Jäsenrekisteri [Alt+F4]"));
+
+    mUusi = Komento(mTietue, "mUusi", QStringLiteral("&Uusi"), &frmJasen::cUusi_Click, Qt::Key_F2,
+                    QStringLiteral("Lisää uusi jäsen [F2]"));
+    mTallenna = Komento(mTietue, "mTallenna", QStringLiteral("&Tallenna"), &frmJasen::cTallenna_Click, Qt::Key_F3,
+                        QStringLiteral("Tallenna näytöllä olevan jäsen [F3]"));
+    mPoista = Komento(mTietue, "mPoista", QStringLiteral("&Poista"), &frmJasen::cPoista_Click, Qt::Key_F4,
+                      QStringLiteral("Poista näytössä oleva jäsen [F4]"));
+    mPeru = Komento(mTietue, "mPeru", QStringLiteral("P&eru"), &frmJasen::cPeru_Click, QKeySequence(Qt::CTRL | Qt::Key_Z),
+                    QStringLiteral("Peru tehdyt muutokset [Ctrl+Z]"));
+    mKopio = Komento(mTietue, "mKopio", QStringLiteral("&Kopio"), &frmJasen::cKopio_Click, Qt::Key_F8,
+                     QStringLiteral("Tee uusi jäsen kopioimalla [F8]"));
+    mTietue->addSeparator();
+    mSelaa = Komento(mTietue, "mSelaa", QStringLiteral("&Selaa"), &frmJasen::cSelaa_Click, Qt::Key_F5,
+                     QStringLiteral("Selaa jäsenistöä [F5]"));
+    mHaku = Komento(mTietue, "mHaku", QStringLiteral("&Haku"), nullptr, Qt::Key_F6, QStringLiteral("Hae jäsenrekisteristä [F6]"));
+    mNimihaku = Komento(mTietue, "mNimihaku", QStringLiteral("&Nimihaku"), nullptr, Qt::Key_F9, QStringLiteral("Hae nimellä [F9]"));
+    mTietue->addSeparator();
+    mEnsimmainen = Komento(mTietue, "mEnsimmainen", QStringLiteral("E&nsimmäinen"), &frmJasen::cEnsimmainen_Click,
+                           QKeySequence(Qt::CTRL | Qt::Key_A), QStringLiteral("Siirry ensimmäiseen [Ctrl+A]"));
+    mEdellinen = Komento(mTietue, "mEdellinen", QStringLiteral("E&dellinen"), &frmJasen::cEdellinen_Click,
+                         QKeySequence(Qt::CTRL | Qt::Key_S), QStringLiteral("Siirry edelliseen [Ctrl+S]"));
+    mSeuraava = Komento(mTietue, "mSeuraava", QStringLiteral("Seu&raava"), &frmJasen::cSeuraava_Click,
+                        QKeySequence(Qt::CTRL | Qt::Key_D), QStringLiteral("Siirry seuraavaan [Ctrl+D]"));
+    mViimeinen = Komento(mTietue, "mViimeinen", QStringLiteral("&Viimeinen"), &frmJasen::cViimeinen_Click,
+                         QKeySequence(Qt::CTRL | Qt::Key_V), QStringLiteral("Siirry seuraavaan [Ctrl+V]"));
+    mEnsimmainen->setIconText(QStringLiteral("|◀"));
+    mEdellinen->setIconText(QStringLiteral("◀"));
+    mSeuraava->setIconText(QStringLiteral("▶"));
+    mViimeinen->setIconText(QStringLiteral("▶|"));
+    mTietue->addSeparator();
+    mKopioiYhteystiedot = Komento(mTietue, "mKopioiYhteystiedot", QStringLiteral("Kopioi yhteystiedot"),
+                                  &frmJasen::mKopioiYhteystiedot_Click);
+    mLiimaaLeikepoydalta = Komento(mTietue, "mLiimaaLeikepoydalta", QStringLiteral("Liimaa leikepöydältä"),
+                                   &frmJasen::mLiimaaLeikepoydalta_Click);
+
+    // The bulk attribute dialogs are plugged in here.
+    Komento(mOminaisuudet, "mMoniliitos", QStringLiteral("Moniliitos"));
+    Komento(mOminaisuudet, "mOminLisaysSP", QStringLiteral("Lisää syntymäpäivän perusteella"));
+    Komento(mOminaisuudet, "mOminaisuudenPoisto", QStringLiteral("Ominaisuuden poisto"));
+    Komento(mOminaisuudet, "mOminaisuudenYhdistaminen", QStringLiteral("Ominaisuuden yhdistäminen"));
+
+    // The reports are shown as they will be, and open once the report windows exist.
+    QMenu *historia = mRaportit->addMenu(QStringLiteral("Maksuhistoria"));
+    Komento(historia, "mMaksuhistoriaJasenelle", QStringLiteral("Jäsenelle"));
+    Komento(historia, "mMaksuhistoriaRyhmalle", QStringLiteral("Ryhmälle"));
+    QMenu *perheet = mRaportit->addMenu(QStringLiteral("Perheet"));
+    Komento(perheet, "mRapPerheet", QStringLiteral("Luettelo"));
+    Komento(perheet, "mRapPerhetarrat", QStringLiteral("Perhetarrat"));
+    QMenu *maksamattomat = perheet->addMenu(QStringLiteral("Maksamattomat perheet"));
+    Komento(maksamattomat, "mMaksamattomatPerheetLuettelo", QStringLiteral("Luettelo"));
+    Komento(maksamattomat, "mMaksamattomatPerheetOsoitetarrat", QStringLiteral("Osoitetarrat"));
+    QMenu *maksaneet = perheet->addMenu(QStringLiteral("Maksaneet perheet"));
+    Komento(maksaneet, "mMaksaneetPerheetLuettelo", QStringLiteral("Luettelo"));
+    Komento(maksaneet, "mMaksaneetPerheetOsoitetarrat", QStringLiteral("Osoitetarrat"));
+    Komento(mRaportit, "mRapRajausOminaisuudella", QStringLiteral("Luettelot ja tarrat"));
+    Komento(mRaportit, "mJasenkortti", QStringLiteral("Jäsenkortit"));
+    QMenu *rekisteritiedot = mRaportit->addMenu(QStringLiteral("Rekisteritiedot"));
+    Komento(rekisteritiedot, "mRekisteritiedotEmailiin", QStringLiteral("Sähköpostiin"));
+    Komento(rekisteritiedot, "mRekisteritiedotLeikepoydalle", QStringLiteral("Leikepöydälle"));
+    mRaportit->addSeparator();
+    Komento(mRaportit, "mMuokkaaRaportteja", QStringLiteral("Muokkaa raportteja"));
+    Komento(mRaportit, "mMuokattavaRaporttiX", QStringLiteral("Raportti"))->setVisible(false);
+
+    mPostinumeroidenTarkistus = Komento(mTyokalut, "mPostinumeroidenTarkistus", QStringLiteral("Postinumeroiden tarkistus"),
+                                        &frmJasen::mPostinumeroidenTarkistus_Click);
+    mMaksamattomienPoisto = Komento(mTyokalut, "mMaksamattomienPoisto", QStringLiteral("Maksamattomien jäsenien poisto"),
+                                    &frmJasen::mMaksamattomienPoisto_Click);
+    mTyokalut->addSeparator();
+    QMenu *email = mTyokalut->addMenu(QStringLiteral("Sähköposti"));
+    Komento(email, "mEmailKaikille", QStringLiteral("Kaikille"));
+    Komento(email, "mEmailOminaisuudella", QStringLiteral("Ominaisuuden perusteella"));
+    mEmailValitulle = Komento(email, "mEmailValitulle", QStringLiteral("Valitulle jäsenelle"), nullptr, {},
+                              QStringLiteral("Lähetä jäsenelle sähköpostia"));
+    mEmailValitulle->setIconText(QStringLiteral("Sähköposti"));
+    Komento(mTyokalut, "mOsoitetietojenVienti", QStringLiteral("Osoitetietojen vienti"));
+    QMenu *koodistot = mTyokalut->addMenu(QStringLiteral("Koodistot"));
+    Komento(koodistot, "mJasenlajit", QStringLiteral("Jäsenlajit"));
+    Komento(koodistot, "mJasenryhmat", QStringLiteral("Jäsenryhmät"));
+    Komento(koodistot, "mPostinumerot", QStringLiteral("Postinumerot"));
+}
+
+QWidget *frmJasen::RakennaPainikkeet()
+{
+    auto *w = new QWidget;
+    w->setObjectName(QStringLiteral("painikkeet"));
+    auto *r = new QHBoxLayout(w);
+    r->setContentsMargins(0, 0, 0, 0);
+    cUusi = Painike("cUusi", mUusi);
+    cTallenna = Painike("cTallenna", mTallenna);
+    cPoista = Painike("cPoista", mPoista);
+    cPeru = Painike("cPeru", mPeru);
+    cKopio = Painike("cKopio", mKopio);
+    cSelaa = Painike("cSelaa", mSelaa);
+    cHaku = Painike("cHaku", mHaku);
+    cNimiHaku = Painike("cNimiHaku", mNimihaku);
+    cEnsimmainen = Painike("cEnsimmäinen", mEnsimmainen);
+    cEdellinen = Painike("cEdellinen", mEdellinen);
+    cSeuraava = Painike("cSeuraava", mSeuraava);
+    cViimeinen = Painike("cViimeinen", mViimeinen);
+    cEmail = Painike("cEmail", mEmailValitulle);
+    cSulje = Painike("cSulje", mSulje);
+    for (QToolButton *b : {cEnsimmainen, cEdellinen, cSeuraava, cViimeinen})
+        b->setMinimumWidth(qMax(40, b->sizeHint().width()));
+    for (QToolButton *b : {cUusi, cTallenna, cPoista, cPeru, cKopio})
+        r->addWidget(b);
+    r->addSpacing(12);
+    for (QToolButton *b : {cSelaa, cHaku, cNimiHaku})
+        r->addWidget(b);
+    r->addSpacing(12);
+    for (QToolButton *b : {cEnsimmainen, cEdellinen, cSeuraava, cViimeinen})
+        r->addWidget(b);
+    r->addStretch(1);
+    r->addWidget(cEmail);
+    r->addWidget(cSulje);
+    return w;
+}

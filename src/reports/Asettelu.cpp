@@ -1,0 +1,627 @@
+#include "reports/Asettelu.h"
+
+#include "platform/files.h"
+#include "reports/RaporttiVirhe.h"
+
+#include <QFileInfo>
+#include <QFontMetricsF>
+#include <array>
+#include <cmath>
+
+namespace {
+
+constexpr double Vara = 0.5; // twips of rounding that never pushes a band to the next page
+
+struct ValmisKohde {
+    const Kohde *k = nullptr;
+    int fontti = -1;
+    bool kokonaissivut = false;
+    QString kuva; // resolved path of an image
+};
+
+struct ValmisOsa {
+    const Osa *o = nullptr;
+    std::vector<ValmisKohde> kohteet;
+};
+
+// One band made for one row: items relative to the band's top-left corner.
+struct Ilmentyma {
+    double korkeus = 0;
+    std::vector<Tulostekohde> kohteet;
+    std::vector<bool> kokonaissivut; // per item: holds the TotalPages mark
+};
+
+bool koskee(const Osiofontti &f, const Osa &o)
+{
+    const QString s = f.osio.toUpper();
+    if (s == QLatin1String("ALL"))
+        return true;
+    switch (o.laji) {
+    case OsaLaji::Rivi: return s == QLatin1String("DETAIL");
+    case OsaLaji::Raporttiotsikko: return s == QLatin1String("TITLE");
+    case OsaLaji::Sivuotsikko: return s == QLatin1String("HEADER");
+    case OsaLaji::Sivualatunniste: return s == QLatin1String("FOOTER");
+    case OsaLaji::Raporttialatunniste: return s == QLatin1String("SUMMARY");
+    case OsaLaji::Ryhmaotsikko: return s == QStringLiteral("GH%1").arg(o.taso);
+    case OsaLaji::Ryhmaalatunniste: return s == QStringLiteral("GF%1").arg(o.taso);
+    }
+    return false;
+}
+
+void yhdista(FonttiMaaritys &f, const FonttiMaaritys &paalle)
+{
+    if (!paalle.nimi.isEmpty())
+        f.nimi = paalle.nimi;
+    if (paalle.koko > 0)
+        f.koko = paalle.koko;
+    if (paalle.lihava)
+        f.lihava = paalle.lihava;
+    if (paalle.kursiivi)
+        f.kursiivi = paalle.kursiivi;
+    if (paalle.alleviivattu)
+        f.alleviivattu = paalle.alleviivattu;
+}
+
+// Text widths as the sum of the characters' advances. The fonts are laid out without kerning, so
+// this is the printed width without shaping every text (a ligature only makes it narrower).
+class Mittari {
+public:
+    explicit Mittari(const QFont &f) : m_fm(f) { m_latin.fill(-1); }
+
+    double leveys(const QString &s)
+    {
+        double w = 0;
+        for (QChar c : s) {
+            if (c.isSurrogate())
+                return m_fm.horizontalAdvance(s);
+            const char16_t u = c.unicode();
+            if (u >= m_latin.size()) {
+                w += m_fm.horizontalAdvance(c);
+                continue;
+            }
+            double &a = m_latin[u];
+            if (a < 0)
+                a = m_fm.horizontalAdvance(c);
+            w += a;
+        }
+        return w;
+    }
+    const QFontMetricsF &fm() const { return m_fm; }
+
+private:
+    QFontMetricsF m_fm;
+    std::array<double, 256> m_latin;
+};
+
+// Word wrap to a width; a word wider than the line is cut where it must be.
+QStringList rivita(const QString &kappale, double leveys, Mittari &fm)
+{
+    QStringList rivit;
+    QString rivi;
+    for (const QString &sana : kappale.split(QLatin1Char(' '))) {
+        const QString koe = rivi.isEmpty() ? sana : rivi + QLatin1Char(' ') + sana;
+        if (fm.leveys(koe) <= leveys) {
+            rivi = koe;
+            continue;
+        }
+        if (!rivi.isEmpty())
+            rivit << rivi;
+        rivi = sana;
+        while (rivi.size() > 1 && fm.leveys(rivi) > leveys) {
+            int n = int(rivi.size()) - 1;
+            while (n > 1 && fm.leveys(rivi.left(n)) > leveys)
+                --n;
+            rivit << rivi.left(n);
+            rivi = rivi.mid(n);
+        }
+    }
+    rivit << rivi;
+    return rivit;
+}
+
+class Asettelija {
+public:
+    Asettelija(const Maaritys &m, const Rivisto &r, const Asetteluvalinnat &v) : m_m(m), m_r(r), m_v(v)
+    {
+        m_d.nimi = m.nimi.isEmpty() ? m.tiedosto : m.nimi;
+        m_d.sivukoko = m.sivukoko;
+        m_d.suunta = m.suunta;
+        m_d.koko = m.sivunKoko();
+        m_d.riveja = r.riveja;
+        const QMarginsF &ohitus = v.reunat;
+        m_reunat = QMarginsF(ohitus.left() > 0 ? ohitus.left() : m.reunat.left(), ohitus.top() > 0 ? ohitus.top() : m.reunat.top(),
+                             ohitus.right() > 0 ? ohitus.right() : m.reunat.right(),
+                             ohitus.bottom() > 0 ? ohitus.bottom() : m.reunat.bottom());
+        m_arv.rivit = &r;
+        m_arv.kaavat = &v.kaavat;
+        m_arv.tanaan = v.tanaan.isValid() ? v.tanaan : QDate::currentDate();
+        valmistele();
+    }
+
+    Asiakirja aseta()
+    {
+        const double alatunniste = m_sivualatunniste.o ? m_sivualatunniste.o->korkeus : 0;
+        m_ala = m_d.koko.height() - m_reunat.bottom() - alatunniste;
+        const double otsikko = m_sivuotsikko.o ? m_sivuotsikko.o->korkeus : 0;
+        if (m_ala - m_reunat.top() - otsikko < yksikko::TwipsiaMillilla * 5)
+            throw RaporttiVirhe(QStringLiteral("Raportin %1 marginaalit, sivuotsikko ja sivualatunniste ovat niin suuret, "
+                                               "ettei sivulle mahdu mitään.").arg(m_m.tiedosto));
+        ryhmittele();
+        const int n = m_r.riveja;
+        m_rivi = n > 0 ? 0 : -1;
+        aloitaSivu(true);
+        const int tasoja = int(m_ryhmat.size());
+        std::vector<int> alku(size_t(tasoja), 0);
+        for (int i = 0; i < n; ++i) {
+            m_rivi = i;
+            const int muutos = m_muutos[size_t(i)];
+            if (i > 0 && muutos > 0)
+                for (int t = tasoja; t >= muutos; --t)
+                    suljeRyhma(t, alku[size_t(t - 1)], i);
+            if (muutos > 0)
+                for (int t = muutos; t <= tasoja; ++t) {
+                    alku[size_t(t - 1)] = i;
+                    avaaRyhma(t, i);
+                }
+            if (m_rivinOsa.o) {
+                const int a = tasoja ? alku[size_t(tasoja - 1)] : 0;
+                const int l = tasoja ? m_loppu[size_t(tasoja - 1)][size_t(a)] : n;
+                sijoita(m_rivinOsa, i, a, l);
+            }
+        }
+        if (n > 0)
+            for (int t = tasoja; t >= 1; --t)
+                suljeRyhma(t, alku[size_t(t - 1)], n);
+        m_rivi = n - 1;
+        if (m_raporttialatunniste.o)
+            sijoita(m_raporttialatunniste, n - 1, 0, n);
+        lopetaSivu();
+        taytaKokonaissivut();
+        return std::move(m_d);
+    }
+
+private:
+    // --- preparation ---
+    int fontti(const FonttiMaaritys &f)
+    {
+        const QString avain = QStringLiteral("%1|%2|%3%4%5").arg(f.nimi).arg(f.koko).arg(f.lihava.value_or(false)).arg(f.kursiivi.value_or(false)).arg(f.alleviivattu.value_or(false));
+        const auto it = m_fontit.constFind(avain);
+        if (it != m_fontit.constEnd())
+            return *it;
+        QFont q(f.nimi);
+        q.setPixelSize(qMax(1, qRound(f.koko * yksikko::TwipsiaPisteella)));
+        q.setBold(f.lihava.value_or(false));
+        q.setItalic(f.kursiivi.value_or(false));
+        q.setUnderline(f.alleviivattu.value_or(false));
+        q.setHintingPreference(QFont::PreferNoHinting);
+        q.setKerning(false);
+        m_d.fontit.push_back(q);
+        m_mitat.emplace_back(q);
+        return *m_fontit.insert(avain, int(m_d.fontit.size()) - 1);
+    }
+
+    ValmisOsa valmista(const Osa *o)
+    {
+        ValmisOsa v;
+        v.o = o;
+        if (!o)
+            return v;
+        if (o->nakyy)
+            TarkistaLauseke(*o->nakyy, m_v.kaavat, QStringLiteral("Raportin määrittely %1, osan näkyvyys").arg(m_m.tiedosto));
+        for (const Kohde &k : o->kohteet) {
+            const QString missa = QStringLiteral("Raportin määrittely %1, %2").arg(m_m.tiedosto, k.tunnus);
+            ValmisKohde vk;
+            vk.k = &k;
+            for (const auto &puu : {k.lauseke, k.nakyy})
+                if (puu) {
+                    TarkistaLauseke(*puu, m_v.kaavat, missa);
+                    vk.kokonaissivut = vk.kokonaissivut || KayttaaKokonaissivuja(*puu, m_v.kaavat);
+                }
+            if (k.laji == KohdeLaji::Teksti) {
+                FonttiMaaritys f = m_m.fontti;
+                yhdista(f, o->fontti);
+                yhdista(f, k.fontti);
+                if (k.osiofontti)
+                    for (const Osiofontti &of : m_v.osiofontit)
+                        if (koskee(of, *o)) {
+                            FonttiMaaritys p;
+                            p.nimi = of.nimi;
+                            p.koko = of.koko;
+                            p.lihava = of.lihava;
+                            p.kursiivi = of.kursiivi;
+                            p.alleviivattu = of.alleviivattu;
+                            yhdista(f, p);
+                        }
+                vk.fontti = fontti(f);
+            }
+            if (k.laji == KohdeLaji::Kuva) {
+                vk.kuva = k.teksti;
+                if (!vk.kuva.startsWith(QLatin1Char(':')) && QFileInfo(vk.kuva).isRelative())
+                    vk.kuva = files::joinPath(files::programFolder(), vk.kuva);
+                if (!QFileInfo(vk.kuva).isFile())
+                    throw RaporttiVirhe(QStringLiteral("%1: kuvaa %2 ei löydy.").arg(missa, k.teksti));
+            }
+            v.kohteet.push_back(vk);
+        }
+        return v;
+    }
+
+    void valmistele()
+    {
+        m_raporttiotsikko = valmista(m_m.raporttiotsikko ? &*m_m.raporttiotsikko : nullptr);
+        m_sivuotsikko = valmista(m_m.sivuotsikko ? &*m_m.sivuotsikko : nullptr);
+        m_rivinOsa = valmista(m_m.rivi ? &*m_m.rivi : nullptr);
+        m_sivualatunniste = valmista(m_m.sivualatunniste ? &*m_m.sivualatunniste : nullptr);
+        m_raporttialatunniste = valmista(m_m.raporttialatunniste ? &*m_m.raporttialatunniste : nullptr);
+        for (const Ryhma &r : m_m.ryhmat) {
+            TarkistaLauseke(*r.lauseke, m_v.kaavat, QStringLiteral("Raportin määrittely %1, ryhmä %2").arg(m_m.tiedosto, r.lausekeTeksti));
+            m_ryhmat.push_back({valmista(r.otsikko ? &*r.otsikko : nullptr), valmista(r.alatunniste ? &*r.alatunniste : nullptr)});
+        }
+    }
+
+    // For each row the outermost group level whose value changes there (1 = outermost; 0 = none),
+    // and for each level where each group that starts at a row ends.
+    void ryhmittele()
+    {
+        const int n = m_r.riveja, tasoja = int(m_m.ryhmat.size());
+        m_muutos.assign(size_t(n), 0);
+        m_loppu.assign(size_t(tasoja), std::vector<int>(size_t(n), n));
+        std::vector<Arvo> edelliset(static_cast<size_t>(tasoja));
+        Arviointi a = m_arv;
+        for (int i = 0; i < n && tasoja > 0; ++i) {
+            a.rivi = i;
+            for (int t = 0; t < tasoja; ++t) {
+                Arvo arvo = Arvioi(*m_m.ryhmat[size_t(t)].lauseke, a);
+                const bool sama = i > 0 && (onTyhja(arvo) ? onTyhja(edelliset[size_t(t)]) : VertaaArvoja(arvo, edelliset[size_t(t)]) == 0);
+                if (!sama && m_muutos[size_t(i)] == 0)
+                    m_muutos[size_t(i)] = t + 1;
+                edelliset[size_t(t)] = std::move(arvo);
+            }
+        }
+        for (int t = 0; t < tasoja; ++t) {
+            int loppu = n;
+            for (int i = n - 1; i >= 0; --i) {
+                m_loppu[size_t(t)][size_t(i)] = loppu;
+                if (m_muutos[size_t(i)] != 0 && m_muutos[size_t(i)] <= t + 1)
+                    loppu = i;
+            }
+        }
+    }
+
+    // --- building one band ---
+    void tekstiksi(const ValmisKohde &vk, const Arviointi &a, Ilmentyma &il, double &korkeus)
+    {
+        const Kohde &k = *vk.k;
+        QString teksti = k.lauseke ? Muotoile(Arvioi(*k.lauseke, a), k.muoto) : k.teksti;
+        const QRectF alue = k.alue;
+        if (k.tausta.isValid()) {
+            Tulostekohde t;
+            t.laji = KohdeLaji::Laatikko;
+            t.alue = alue;
+            t.tausta = k.tausta.rgba();
+            il.kohteet.push_back(t);
+            il.kokonaissivut.push_back(false);
+        }
+        if (teksti.isEmpty())
+            return;
+        Mittari &fm = m_mitat[size_t(vk.fontti)];
+        const double rivivali = fm.fm().lineSpacing();
+        // The mark of TotalPages is measured as if it were three digits wide.
+        const QString mitattava = QStringLiteral("999");
+        auto leveys = [&](const QString &s) {
+            return fm.leveys(vk.kokonaissivut ? QString(s).replace(KokonaissivutMerkki, mitattava) : s);
+        };
+        QStringList rivit;
+        for (const QString &kappale : teksti.split(QLatin1Char('\n'))) {
+            if (k.kasvaa)
+                rivit += rivita(kappale, alue.width(), fm);
+            else if (leveys(kappale) <= alue.width())
+                rivit << kappale;
+            else
+                rivit << fm.fm().elidedText(kappale, Qt::ElideRight, alue.width());
+        }
+        double ylin = alue.top();
+        if (k.kasvaa) {
+            korkeus = qMax(korkeus, alue.top() + qMax(alue.height(), rivit.size() * rivivali));
+        } else {
+            const int mahtuu = qMax(1, int(std::floor(alue.height() / rivivali + 0.01)));
+            if (rivit.size() > mahtuu)
+                rivit = rivit.mid(0, mahtuu);
+            const double vapaa = alue.height() - rivit.size() * rivivali;
+            if (k.tasaus & Qt::AlignVCenter)
+                ylin += vapaa / 2;
+            else if (k.tasaus & Qt::AlignBottom)
+                ylin += vapaa;
+        }
+        for (int i = 0; i < rivit.size(); ++i) {
+            if (rivit[i].isEmpty())
+                continue;
+            Tulostekohde t;
+            t.laji = KohdeLaji::Teksti;
+            t.alue = QRectF(alue.left(), ylin + i * rivivali, alue.width(), rivivali);
+            t.teksti = rivit[i];
+            t.fontti = vk.fontti;
+            t.tasaus = int(k.tasaus & Qt::AlignHorizontal_Mask);
+            t.vari = k.vari.rgba();
+            il.kohteet.push_back(t);
+            il.kokonaissivut.push_back(vk.kokonaissivut);
+        }
+    }
+
+    Ilmentyma rakenna(const ValmisOsa &vo, const Arviointi &a)
+    {
+        Ilmentyma il;
+        double korkeus = vo.o->korkeus;
+        for (const ValmisKohde &vk : vo.kohteet) {
+            const Kohde &k = *vk.k;
+            if (k.nakyy && !ArvioiEhto(*k.nakyy, a))
+                continue;
+            if (k.laji == KohdeLaji::Teksti) {
+                tekstiksi(vk, a, il, korkeus);
+                continue;
+            }
+            Tulostekohde t;
+            t.laji = k.laji;
+            t.alue = k.alue;
+            t.paksuus = float(k.paksuus);
+            t.vari = k.vari.rgba();
+            if (k.tausta.isValid())
+                t.tausta = k.tausta.rgba();
+            if (k.laji == KohdeLaji::Kuva)
+                t.teksti = vk.kuva;
+            else if (k.lauseke)
+                t.teksti = ArvoTekstina(Arvioi(*k.lauseke, a));
+            if ((k.laji == KohdeLaji::Viivakoodi || k.laji == KohdeLaji::QrKoodi) && t.teksti.isEmpty())
+                continue;
+            il.kohteet.push_back(t);
+            il.kokonaissivut.push_back(false);
+        }
+        il.korkeus = korkeus;
+        return il;
+    }
+
+    // --- placing ---
+    Arviointi arviointi(int rivi, int alku, int loppu) const
+    {
+        Arviointi a = m_arv;
+        a.rivi = rivi;
+        a.koosteAlku = qMax(0, alku);
+        a.koosteLoppu = qMax(a.koosteAlku, loppu);
+        a.sivu = int(m_d.sivut.size());
+        return a;
+    }
+
+    void lisaa(Ilmentyma &il, double x, double y)
+    {
+        Sivu &s = m_d.sivut.back();
+        for (size_t i = 0; i < il.kohteet.size(); ++i) {
+            Tulostekohde &t = il.kohteet[i];
+            t.alue.translate(x, y);
+            if (il.kokonaissivut[i])
+                m_kokonaissivut.push_back({int(m_d.sivut.size()) - 1, int(s.kohteet.size())});
+            s.kohteet.push_back(std::move(t));
+        }
+    }
+
+    void aloitaSivu(bool ensimmainen)
+    {
+        m_d.sivut.emplace_back();
+        m_y = m_reunat.top();
+        m_sisaltoa = false;
+        m_sarake = 0;
+        m_sivunEnsimmainen = m_rivi;
+        if (ensimmainen && m_raporttiotsikko.o)
+            sijoita(m_raporttiotsikko, m_rivi, 0, m_r.riveja);
+        if (m_sivuotsikko.o) {
+            const Osa &o = *m_sivuotsikko.o;
+            if (!o.nakyy || ArvioiEhto(*o.nakyy, arviointi(m_rivi, 0, m_r.riveja))) {
+                Ilmentyma il = rakenna(m_sivuotsikko, arviointi(m_rivi, 0, m_r.riveja));
+                lisaa(il, m_reunat.left(), m_y);
+                m_y += il.korkeus;
+            }
+        }
+        m_sisaltoa = false;
+    }
+
+    void lopetaSivu()
+    {
+        suljeSarakerivi();
+        if (!m_sivualatunniste.o)
+            return;
+        const Osa &o = *m_sivualatunniste.o;
+        const int viimeinen = m_rivi;
+        const Arviointi a = arviointi(viimeinen, m_sivunEnsimmainen, viimeinen + 1);
+        if (o.nakyy && !ArvioiEhto(*o.nakyy, a))
+            return;
+        Ilmentyma il = rakenna(m_sivualatunniste, a);
+        lisaa(il, m_reunat.left(), m_d.koko.height() - m_reunat.bottom() - o.korkeus);
+    }
+
+    void uusiSivu()
+    {
+        lopetaSivu();
+        aloitaSivu(false);
+    }
+
+    void suljeSarakerivi()
+    {
+        if (m_sarake == 0)
+            return;
+        m_y = m_riviYla + m_riviKorkeus + m_rivinOsa.o->pystyvali;
+        m_sarake = 0;
+        m_riviKorkeus = 0;
+    }
+
+    void sijoita(const ValmisOsa &vo, int rivi, int alku, int loppu)
+    {
+        const Osa &o = *vo.o;
+        const Arviointi a = arviointi(rivi, alku, loppu);
+        if (o.nakyy && !ArvioiEhto(*o.nakyy, a))
+            return;
+        if (o.laji == OsaLaji::Rivi && o.sarakkeita > 1) {
+            sijoitaSarakkeeseen(vo, a);
+            return;
+        }
+        suljeSarakerivi();
+        Ilmentyma il = rakenna(vo, a);
+        if (o.alaosaan) {
+            if (m_y + il.korkeus > m_ala + Vara)
+                uusiSivu();
+            lisaa(il, m_reunat.left(), qMax(m_y, m_ala - il.korkeus));
+            m_y = m_ala;
+            m_sisaltoa = true;
+            return;
+        }
+        if (m_y + il.korkeus > m_ala + Vara && m_sisaltoa)
+            uusiSivu();
+        while (m_y + il.korkeus > m_ala + Vara)
+            jaa(il);
+        lisaa(il, m_reunat.left(), m_y);
+        m_y += il.korkeus + (o.laji == OsaLaji::Rivi ? o.pystyvali : 0);
+        m_sisaltoa = true;
+    }
+
+    // A band taller than the room left on an empty page: what fits stays here, the rest moves up
+    // to continue on the next page.
+    void jaa(Ilmentyma &il)
+    {
+        const double tila = m_ala - m_y;
+        bool kaikkiMahtuvat = true;
+        for (const Tulostekohde &t : il.kohteet)
+            kaikkiMahtuvat = kaikkiMahtuvat && t.alue.bottom() <= tila + Vara;
+        if (kaikkiMahtuvat) { // only empty space overflows
+            il.korkeus = tila;
+            return;
+        }
+        Ilmentyma tassa, loput;
+        double leikkaus = il.korkeus;
+        for (size_t i = 0; i < il.kohteet.size(); ++i) {
+            const bool mahtuu = il.kohteet[i].alue.bottom() <= tila + Vara;
+            Ilmentyma &kohde = mahtuu ? tassa : loput;
+            kohde.kohteet.push_back(il.kohteet[i]);
+            kohde.kokonaissivut.push_back(il.kokonaissivut[i]);
+            if (!mahtuu)
+                leikkaus = qMin(leikkaus, il.kohteet[i].alue.top());
+        }
+        if (tassa.kohteet.empty() && !m_sisaltoa) {
+            // Not even one item fits on an empty page: it is printed cut rather than never.
+            tassa.kohteet.push_back(loput.kohteet.front());
+            tassa.kokonaissivut.push_back(loput.kokonaissivut.front());
+            loput.kohteet.erase(loput.kohteet.begin());
+            loput.kokonaissivut.erase(loput.kokonaissivut.begin());
+            leikkaus = il.korkeus;
+            for (const Tulostekohde &t : loput.kohteet)
+                leikkaus = qMin(leikkaus, t.alue.top());
+        }
+        lisaa(tassa, m_reunat.left(), m_y);
+        for (Tulostekohde &t : loput.kohteet)
+            t.alue.translate(0, -leikkaus);
+        loput.korkeus = qMax(0.0, il.korkeus - leikkaus);
+        il = std::move(loput);
+        uusiSivu();
+    }
+
+    void sijoitaSarakkeeseen(const ValmisOsa &vo, const Arviointi &a)
+    {
+        const Osa &o = *vo.o;
+        const double runko = m_d.koko.width() - m_reunat.left() - m_reunat.right();
+        const double leveys = o.sarakeleveys > 0 ? o.sarakeleveys : (runko - (o.sarakkeita - 1) * o.vaakavali) / o.sarakkeita;
+        Ilmentyma il = rakenna(vo, a);
+        if (m_sarake == 0) {
+            if (m_y + il.korkeus > m_ala + Vara && m_sisaltoa)
+                uusiSivu();
+            m_riviYla = m_y;
+            m_riviKorkeus = 0;
+        }
+        lisaa(il, m_reunat.left() + m_sarake * (leveys + o.vaakavali), m_riviYla);
+        m_riviKorkeus = qMax(m_riviKorkeus, il.korkeus);
+        m_sisaltoa = true;
+        if (++m_sarake == o.sarakkeita)
+            suljeSarakerivi();
+    }
+
+    void avaaRyhma(int taso, int rivi)
+    {
+        const Ryhma &r = m_m.ryhmat[size_t(taso - 1)];
+        if (r.uusiSivu && rivi > 0 && m_sisaltoa)
+            uusiSivu();
+        const ValmisOsa &vo = m_ryhmat[size_t(taso - 1)].first;
+        if (vo.o)
+            sijoita(vo, rivi, rivi, m_loppu[size_t(taso - 1)][size_t(rivi)]);
+    }
+
+    void suljeRyhma(int taso, int alku, int loppu)
+    {
+        const ValmisOsa &vo = m_ryhmat[size_t(taso - 1)].second;
+        const int edellinen = m_rivi;
+        m_rivi = loppu - 1; // a page started by the footer shows the group's last row
+        if (vo.o)
+            sijoita(vo, loppu - 1, alku, loppu);
+        m_rivi = edellinen;
+    }
+
+    void taytaKokonaissivut()
+    {
+        const QString n = QString::number(m_d.sivut.size());
+        for (const auto &[sivu, kohde] : m_kokonaissivut)
+            m_d.sivut[size_t(sivu)].kohteet[size_t(kohde)].teksti.replace(KokonaissivutMerkki, n);
+    }
+
+    const Maaritys &m_m;
+    const Rivisto &m_r;
+    const Asetteluvalinnat &m_v;
+    Asiakirja m_d;
+    QMarginsF m_reunat;
+    Arviointi m_arv;
+    QHash<QString, int> m_fontit;
+    std::vector<Mittari> m_mitat;
+    ValmisOsa m_raporttiotsikko, m_sivuotsikko, m_rivinOsa, m_sivualatunniste, m_raporttialatunniste;
+    std::vector<std::pair<ValmisOsa, ValmisOsa>> m_ryhmat; // header, footer by level
+    std::vector<int> m_muutos;
+    std::vector<std::vector<int>> m_loppu;
+    std::vector<std::pair<int, int>> m_kokonaissivut; // page, item
+    double m_y = 0, m_ala = 0;
+    bool m_sisaltoa = false;
+    int m_rivi = -1, m_sivunEnsimmainen = -1;
+    int m_sarake = 0;
+    double m_riviYla = 0, m_riviKorkeus = 0;
+};
+
+} // namespace
+
+std::optional<Osiofontti> JasennaOsiofontti(const QString &teksti)
+{
+    if (teksti.trimmed().isEmpty())
+        return std::nullopt;
+    const QStringList osat = teksti.split(QLatin1Char(';'));
+    Osiofontti f;
+    f.osio = osat.value(0).trimmed();
+    if (f.osio.isEmpty())
+        throw RaporttiVirhe(QStringLiteral("Osiofontti \"%1\" ei kelpaa: osion nimi puuttuu.").arg(teksti));
+    auto osa = [&](int i) {
+        const QString s = osat.value(i).trimmed();
+        return s.compare(QLatin1String("X"), Qt::CaseInsensitive) == 0 ? QString() : s;
+    };
+    f.nimi = osa(1);
+    if (!osa(2).isEmpty()) {
+        bool ok = false;
+        f.koko = osa(2).toDouble(&ok);
+        if (!ok || f.koko <= 0 || f.koko > 200)
+            throw RaporttiVirhe(QStringLiteral("Osiofontti \"%1\" ei kelpaa: koko %2 ei ole fonttikoko.").arg(teksti, osa(2)));
+    }
+    auto lippu = [&](int i) -> std::optional<bool> {
+        const QString s = osa(i);
+        if (s.isEmpty())
+            return std::nullopt;
+        return s != QLatin1String("0") && s.compare(QLatin1String("false"), Qt::CaseInsensitive) != 0;
+    };
+    f.kursiivi = lippu(3);
+    f.alleviivattu = lippu(4);
+    f.lihava = lippu(5);
+    return f;
+}
+
+Asiakirja Aseta(const Maaritys &m, const Rivisto &rivit, const Asetteluvalinnat &v)
+{
+    return Asettelija(m, rivit, v).aseta();
+}

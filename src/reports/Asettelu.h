@@ -1,0 +1,33 @@
+// Layout: a definition and its rows become a document of pages. Bands are placed down the page
+// in report order; groups open and close where their value changes; a band that does not fit
+// goes to the next page, and one taller than a page is split between its lines.
+#pragma once
+
+#include "reports/Asiakirja.h"
+#include "reports/Lauseke.h"
+
+// A font handed in for one section of the report at run time. The section is "ALL", "DETAIL",
+// "TITLE" (report header), "HEADER" (page header), "FOOTER" (page footer), "SUMMARY" (report
+// footer), "GH<n>" or "GF<n>" (header and footer of group level n). Unset parts leave the
+// report's own.
+struct Osiofontti {
+    QString osio;
+    QString nimi;
+    double koko = 0;
+    std::optional<bool> kursiivi, alleviivattu, lihava;
+};
+
+// Reads "SECTION;font;size;italic;underline;bold;strikeout" where "X" leaves a part as it is
+// (fewer parts may be given). An empty text gives nothing; a text without a section name throws
+// RaporttiVirhe.
+std::optional<Osiofontti> JasennaOsiofontti(const QString &teksti);
+
+struct Asetteluvalinnat {
+    Kaavat kaavat;                       // in effect: the definition's, replaced by those handed in
+    std::vector<Osiofontti> osiofontit;
+    QMarginsF reunat;                    // twips; a side of 0 keeps the definition's margin
+    QDate tanaan;                        // CurrentDate; today when not set
+};
+
+// Throws RaporttiVirhe for an unknown formula or function, or an image that is not there.
+Asiakirja Aseta(const Maaritys &m, const Rivisto &rivit, const Asetteluvalinnat &v);

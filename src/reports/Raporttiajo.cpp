@@ -1,0 +1,145 @@
+#include "reports/Raporttiajo.h"
+
+#include "platform/database.h"
+#include "platform/files.h"
+#include "reports/Asettelu.h"
+#include "reports/Piirto.h"
+#include "reports/RaporttiVirhe.h"
+#include "reports/Tietolahde.h"
+
+namespace {
+
+Tulostuskohde *g_kohde = nullptr;
+
+// Every tree of the definition gets its columns; `kaavat` are bound once each.
+void sidoKaikki(Maaritys &m, Tietolahde &lahde, const Kaavat &kaavat)
+{
+    const QString tiedosto = QStringLiteral("Raportin määrittely %1").arg(m.tiedosto);
+    for (Osa *o : m.osat()) {
+        if (o->nakyy)
+            lahde.sido(*o->nakyy, tiedosto);
+        for (Kohde &k : o->kohteet) {
+            const QString missa = tiedosto + QStringLiteral(", ") + k.tunnus;
+            if (k.lauseke)
+                lahde.sido(*k.lauseke, missa);
+            if (k.nakyy)
+                lahde.sido(*k.nakyy, missa);
+        }
+    }
+    for (Ryhma &r : m.ryhmat)
+        lahde.sido(*r.lauseke, tiedosto + QStringLiteral(", ryhmä ") + r.lausekeTeksti);
+    for (auto it = kaavat.constBegin(); it != kaavat.constEnd(); ++it)
+        lahde.sido(**it, tiedosto + QStringLiteral(", kaava {@") + it.key() + QLatin1Char('}'));
+}
+
+} // namespace
+
+void AsetaTulostuskohde(Tulostuskohde *kohde)
+{
+    g_kohde = kohde;
+}
+
+Tulostuskohde *NykyinenTulostuskohde()
+{
+    return g_kohde;
+}
+
+void Raporttiajo::ResetReportFormulas(const QString &tietokanta)
+{
+    WindowShowPrintBtn = true;
+    WindowState = 2;
+    for (QString &d : DataFiles)
+        d = tietokanta;
+    SelectionFormula.clear();
+    for (QString &f : Formulas)
+        f.clear();
+    for (QString &s : SortFields)
+        s.clear();
+}
+
+void Raporttiajo::setAction(int arvo)
+{
+    if (arvo == 1)
+        Aja();
+}
+
+Asiakirja Raporttiajo::Laadi() const
+{
+    const QString polku = EtsiRaportti(ReportFileName);
+    Maaritys m = LueMaaritys(polku);
+    const QString raportti = QStringLiteral("Raportti %1").arg(m.tiedosto);
+
+    Asetteluvalinnat v;
+    for (auto it = m.kaavat.constBegin(); it != m.kaavat.constEnd(); ++it)
+        v.kaavat.insert(it.key(), it.value());
+    for (const QString &f : Formulas) {
+        if (f.trimmed().isEmpty())
+            continue;
+        const NimettyKaava k = JasennaNimettyKaava(f);
+        v.kaavat.insert(k.nimi.toLower(), k.lauseke);
+    }
+    for (const QString &s : SectionFont)
+        if (auto f = JasennaOsiofontti(s))
+            v.osiofontit.push_back(*f);
+    v.reunat = QMarginsF(MarginLeft, MarginTop, MarginRight, MarginBottom);
+
+    if (DataFiles[0].trimmed().isEmpty())
+        throw RaporttiVirhe(QStringLiteral("Raportille %1 ei ole annettu tietokantaa.").arg(m.tiedosto));
+    std::unique_ptr<db::Database> tk;
+    try {
+        tk = db::Database::open(DataFiles[0], db::OpenMode::ReadOnly);
+    } catch (const db::DbError &e) {
+        throw RaporttiVirhe(QStringLiteral("Tietokantaa %1 ei voi avata raporttia varten: %2").arg(DataFiles[0], e.message()));
+    }
+
+    Tietolahde lahde(*tk, m, v.kaavat);
+    sidoKaikki(m, lahde, v.kaavat);
+
+    SqlEhto valinta;
+    if (!SelectionFormula.trimmed().isEmpty()) {
+        const QString missa = raportti + QStringLiteral(", valintakaava");
+        const auto puu = JasennaKaava(SelectionFormula, missa);
+        valinta = KaannaEhdoksi(*puu, lahde, missa);
+    }
+
+    QStringList jarjestys;
+    db::Params jarjestysArvot;
+    for (const Ryhma &r : m.ryhmat) {
+        const SqlEhto e = KaannaJarjestykseksi(*r.lauseke, r.laskeva, lahde, raportti + QStringLiteral(", ryhmä ") + r.lausekeTeksti);
+        jarjestys << e.sql;
+        jarjestysArvot += e.arvot;
+    }
+    QStringList lajittelut;
+    for (const QString &s : SortFields)
+        if (!s.trimmed().isEmpty())
+            lajittelut << s;
+    if (lajittelut.isEmpty())
+        lajittelut = m.jarjestys;
+    for (const QString &s : lajittelut) {
+        const Lajittelu l = JasennaLajittelu(s);
+        const SqlEhto e = KaannaJarjestykseksi(*l.kentta, l.laskeva, lahde, raportti + QStringLiteral(", lajittelu ") + s);
+        jarjestys << e.sql;
+        jarjestysArvot += e.arvot;
+    }
+
+    const Rivisto rivit = lahde.hae(valinta, jarjestys, jarjestysArvot);
+    m_sql = lahde.sql();
+    return Aseta(m, rivit, v);
+}
+
+void Raporttiajo::Aja()
+{
+    const Asiakirja d = Laadi();
+    if (d.riveja == 0)
+        throw RaporttiVirhe(QStringLiteral("Raportille ei löytynyt yhtään tulostettavaa tietoa."));
+    if (Destination == PdfTiedosto) {
+        KirjoitaPdf(d, PrintFileName);
+        return;
+    }
+    if (!g_kohde)
+        throw RaporttiVirhe(QStringLiteral("Esikatselu ja tulostus eivät ole käytettävissä; tallenna raportti PDF-tiedostoksi."));
+    if (Destination == Tulostin)
+        g_kohde->tulosta(d, PrinterName, CopiesToPrinter);
+    else
+        g_kohde->esikatsele(d, WindowState == 2, WindowShowPrintBtn);
+}

@@ -1,0 +1,63 @@
+// The report engine as the program drives it: properties set one by one, then a run. Reset
+// first, point it at a report file and the open database, hand over section fonts, named
+// formulas, a selection formula and sort fields, choose the destination, and write 1 to Action.
+//
+// Margins are twips (1/1440 inch): the settings' margins multiplied by 48 arrive here, so one
+// step of a margin setting is 1/30 inch (about 0.85 mm). A margin of 0 keeps the report's own.
+#pragma once
+
+#include "reports/Asiakirja.h"
+
+#include <QString>
+
+class Raporttiajo {
+public:
+    enum Kohde { Esikatselu = 0, Tulostin = 1, PdfTiedosto = 2 };
+
+    QString ReportFileName;     // a path, or a bare name looked up as EtsiRaportti does
+    QString DataFiles[18];      // the database; every slot holds the same path
+    QString SelectionFormula;   // empty: every row
+    QString Formulas[21];       // "Name= 'text'"
+    QString SortFields[6];      // "+{table.field}"; all empty: the report's own order
+    QString SectionFont[9];     // "SECTION;font;size;X;X;X;X"
+    int Destination = Esikatselu;
+    qint16 CopiesToPrinter = 1;
+    QString PrinterName, PrinterDriver, PrinterPort;
+    int WindowState = 0;        // 2: the preview opens maximised
+    bool WindowShowPrintBtn = true;
+    int MarginLeft = 0, MarginRight = 0, MarginTop = 0, MarginBottom = 0;
+    QString PrintFileName;      // the file of the PdfTiedosto destination
+
+    // Back to a clean run: every data slot on `tietokanta`, no selection, formulas or sort
+    // fields, the preview's print button on and the preview maximised.
+    void ResetReportFormulas(const QString &tietokanta);
+
+    // Writing 1 runs the report (Aja); other values do nothing.
+    void setAction(int arvo);
+
+    // Lays out and sends to the destination. Throws RaporttiVirhe, also when nothing matches
+    // the selection: nothing is printed then.
+    void Aja();
+
+    // The laid-out document alone: the preview, tests and tools use it.
+    Asiakirja Laadi() const;
+
+    // The SELECT of the last layout, for messages and tests.
+    QString viimeisinSql() const { return m_sql; }
+
+private:
+    mutable QString m_sql;
+};
+
+// Where the preview and the printer are: the window layer installs its own at start.
+class Tulostuskohde {
+public:
+    virtual ~Tulostuskohde() = default;
+    virtual void esikatsele(const Asiakirja &d, bool maksimoitu, bool tulostusnappi) = 0;
+    // Prints on the named printer (empty: the default one). Throws RaporttiVirhe when there is
+    // no printer.
+    virtual void tulosta(const Asiakirja &d, const QString &tulostin, int kopioita) = 0;
+};
+
+void AsetaTulostuskohde(Tulostuskohde *kohde); // nullptr removes it
+Tulostuskohde *NykyinenTulostuskohde();

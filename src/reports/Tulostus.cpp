@@ -1,0 +1,113 @@
+#include "reports/Tulostus.h"
+
+#include "core/MainModule.h"
+#include "core/Misc.h"
+#include "platform/files.h"
+
+#include <cmath>
+#include <limits>
+
+using namespace MainModule;
+
+Raporttiajo &Raportti()
+{
+    static Raporttiajo ajo;
+    return ajo;
+}
+
+void ResetReportFormulas()
+{
+    Raporttiajo &r = Raportti();
+    r.ResetReportFormulas(DatabasePath);
+    r.MarginLeft = RaporttiMarginaalit.left;
+    r.MarginRight = RaporttiMarginaalit.right;
+    r.MarginTop = RaporttiMarginaalit.top;
+    r.MarginBottom = RaporttiMarginaalit.bottom;
+}
+
+void AsetaOsioFontit(bool ryhmat, bool vainDetail)
+{
+    QString (&f)[9] = Raportti().SectionFont;
+    const QString perus = Fontti + QLatin1Char(';') + QString::number(FonttiKoko) + QStringLiteral(";X;X;X;X");
+    const QString otsikko = QStringLiteral("TITLE;") + Fontti + QStringLiteral(";12;X;X;X;X");
+    for (QString &s : f)
+        s.clear();
+    if (ryhmat) {
+        f[0] = QStringLiteral("DETAIL;") + perus;
+        f[1] = otsikko;
+        f[2] = QStringLiteral("HEADER;") + Fontti + QStringLiteral(";X;X;X;X;X");
+        f[3] = QStringLiteral("GH1;") + perus;
+        f[4] = QStringLiteral("GF1;") + perus;
+        f[5] = QStringLiteral("GF2;") + perus;
+    } else {
+        f[0] = (vainDetail ? QStringLiteral("DETAIL;") : QStringLiteral("ALL;")) + perus;
+        f[1] = otsikko;
+    }
+}
+
+QString KaavaTeksti(const QString &nimi, const QString &arvo)
+{
+    return nimi + QStringLiteral("= '") + arvo + QLatin1Char('\'');
+}
+
+void AsetaSeuraKaavat()
+{
+    QString (&f)[21] = Raportti().Formulas;
+    f[0] = KaavaTeksti(QStringLiteral("Seurannimi"), RegName);
+    f[1] = KaavaTeksti(QStringLiteral("Seuranosoite"), RegOsoite);
+    f[2] = KaavaTeksti(QStringLiteral("Seuranpostiosoite"), RegPostinumero + QLatin1Char(' ') + RegPostitoimipaikka);
+    f[3] = KaavaTeksti(QStringLiteral("Puhelin"), RegPuhelin);
+    f[4] = KaavaTeksti(QStringLiteral("Fax"), RegFax);
+    f[5] = KaavaTeksti(QStringLiteral("Pankkiyhteys1"), RegPankkiyhteys1);
+    f[6] = KaavaTeksti(QStringLiteral("Pankkiyhteys2"), RegPankkiyhteys2);
+    f[7] = KaavaTeksti(QStringLiteral("SeuranPuhelinJaFax"), QStringLiteral("Puh: ") + RegPuhelin + QStringLiteral("  Fax: ") + RegFax);
+    f[8] = KaavaTeksti(QStringLiteral("SeuranEmail"), QStringLiteral("Email: ") + RegSeuranEmail);
+    f[9] = KaavaTeksti(QStringLiteral("SeuranInternet"), QStringLiteral("Internet: ") + RegWWW);
+    f[10] = KaavaTeksti(QStringLiteral("YTunnus"), QStringLiteral("Y-tunnus:") + YTunnus);
+}
+
+void AsetaMuistutusKaavat()
+{
+    AsetaSeuraKaavat();
+    Raportti().Formulas[11] = KaavaTeksti(QStringLiteral("MuistutusAlku"), MuistutusAlku);
+    Raportti().Formulas[12] = KaavaTeksti(QStringLiteral("MuistutusLoppu"), MuistutusLoppu);
+}
+
+bool SaaSeuranNimen(const QString &tiedosto)
+{
+    static const QStringList nimelliset = {
+        QStringLiteral("mvluetl2.rpt"), QStringLiteral("jrluetlo.rpt"), QStringLiteral("mvluetle.rpt"),
+        QStringLiteral("mvluetlo.rpt"), QStringLiteral("jmmkstut.rpt"), QStringLiteral("pilista.rpt"),
+        QStringLiteral("jmlmksma.rpt"), QStringLiteral("jmlmkstu.rpt"), QStringLiteral("jmllista.rpt"),
+        QStringLiteral("jmmksmat.rpt"), QStringLiteral("jrlomins.rpt")};
+    return nimelliset.contains(files::fileNamePart(tiedosto), Qt::CaseInsensitive);
+}
+
+bool HyvaksyTulostusasetukset(int laite, const QString &kopioita)
+{
+    TulostusLaite = qint16(laite);
+    TulostusPeruttu = false;
+    const double n = NumeroArvo(kopioita);
+    if (OnNumeerinen(kopioita) && std::fabs(n) <= std::numeric_limits<qint16>::max()) {
+        Kopiot = qint16(std::nearbyint(n)); // the regional conversion rounds half to even
+        return true;
+    }
+    if (laite == Raporttiajo::Tulostin
+        && !Kysy(QStringLiteral("Antamasi kopiomäärä on virheellinen. Haluatko tulostaa yhden kopion?")))
+        return false;
+    Kopiot = 1;
+    return true;
+}
+
+void AjaRaportti(const QString &tiedosto)
+{
+    ResetReportFormulas();
+    Raporttiajo &r = Raportti();
+    r.Destination = TulostusLaite;
+    r.CopiesToPrinter = Kopiot;
+    r.ReportFileName = files::joinPath(files::programFolder(), tiedosto);
+    AsetaOsioFontit(false, false);
+    if (SaaSeuranNimen(tiedosto))
+        r.Formulas[0] = KaavaTeksti(QStringLiteral("Seurannimi"), RegName);
+    r.setAction(1);
+}

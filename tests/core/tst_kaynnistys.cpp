@@ -1,0 +1,178 @@
+// The checks of the start that need no window: password, backup reminder, currency symbol and
+// the choice of club.
+#include "core/Kaynnistys.h"
+#include "core/MainModule.h"
+#include "platform/files.h"
+#include "scripteddialogs.h"
+#include "testenv.h"
+
+#include <QtTest>
+
+using namespace MainModule;
+
+class TestKaynnistys : public QObject {
+    Q_OBJECT
+
+private slots:
+    void password_data()
+    {
+        QTest::addColumn<QString>("salasana");
+        QTest::addColumn<bool>("peruuta");
+        QTest::addColumn<QString>("vastaus");
+        QTest::addColumn<bool>("jatkuu");
+        QTest::newRow("oikein") << "Kissa123" << false << "Kissa123" << true;
+        QTest::newRow("kirjainkoko väärin") << "Kissa123" << false << "kissa123" << false;
+        QTest::newRow("tyhjä vastaus") << "Kissa123" << false << "" << false;
+        QTest::newRow("peruutettu") << "Kissa123" << true << "" << false;
+        QTest::newRow("välilyönnit oikein") << "  " << false << "  " << true;
+        QTest::newRow("välilyönnit väärin") << "  " << false << " " << false;
+        QTest::newRow("loppuvälilyönti puuttuu") << "salasana " << false << "salasana" << false;
+        QTest::newRow("ääkköset oikein") << "Äänestys-Öljy" << false << "Äänestys-Öljy" << true;
+        QTest::newRow("ääkköset pienellä") << "Äänestys-Öljy" << false << "äänestys-öljy" << false;
+    }
+
+    void password()
+    {
+        QFETCH(QString, salasana);
+        QFETCH(bool, peruuta);
+        QFETCH(QString, vastaus);
+        QFETCH(bool, jatkuu);
+        TestEnv env;
+        ScriptedDialogs d;
+        Salasana = salasana;
+        peruuta ? d.cancelInput() : d.type(vastaus);
+
+        QCOMPARE(TarkistaSalasana(), jatkuu);
+        QCOMPARE(d.shown.first().kind, QStringLiteral("input"));
+        QCOMPARE(d.shown.first().text, QStringLiteral("Anna salasana"));
+        QCOMPARE(d.shown.first().title, QStringLiteral("Vonari"));
+        const QStringList odotettu = jatkuu ? QStringList() : QStringList{QStringLiteral("Annettu salasana on väärin, ohjelma lopetetaan.")};
+        QCOMPARE(d.messages(), odotettu);
+        QVERIFY(d.unexpected.isEmpty());
+    }
+
+    void noPasswordNoPrompt()
+    {
+        TestEnv env;
+        ScriptedDialogs d;
+        QVERIFY(TarkistaSalasana());
+        QVERIFY(d.shown.isEmpty());
+    }
+
+    void backupReminder_data()
+    {
+        QTest::addColumn<bool>("muistuta");
+        QTest::addColumn<int>("paivaaSitten");
+        QTest::addColumn<int>("vali");
+        QTest::addColumn<bool>("kysytaan");
+        QTest::newRow("tasan väli") << true << 30 << 30 << false;
+        QTest::newRow("päivä yli") << true << 31 << 30 << true;
+        QTest::newRow("tänään") << true << 0 << 0 << false;
+        QTest::newRow("tulevaisuudessa") << true << -31 << 30 << true;
+        QTest::newRow("tulevaisuudessa rajalla") << true << -30 << 30 << false;
+        QTest::newRow("muistutus pois") << false << 400 << 30 << false;
+    }
+
+    void backupReminder()
+    {
+        QFETCH(bool, muistuta);
+        QFETCH(int, paivaaSitten);
+        QFETCH(int, vali);
+        QFETCH(bool, kysytaan);
+        TestEnv env;
+        ScriptedDialogs d;
+        const QDate tanaan(2024, 3, 1);
+        MuistutaVarm = muistuta;
+        VarmuuskopioPv = vali;
+        BackupDate = tanaan.addDays(-paivaaSitten);
+        int varmistuksia = 0;
+        if (kysytaan)
+            d.yes();
+
+        MuistutaVarmuuskopiosta(tanaan, [&] { ++varmistuksia; });
+
+        QCOMPARE(varmistuksia, kysytaan ? 1 : 0);
+        QVERIFY(d.unexpected.isEmpty());
+        if (kysytaan) {
+            QCOMPARE(d.shown.size(), 1);
+            QCOMPARE(d.shown.first().kind, QStringLiteral("question"));
+            QCOMPARE(d.shown.first().icon, dlg::Icon::Question);
+            QCOMPARE(d.shown.first().text, QStringLiteral("Varmuuskopion tekemisestä on yli %1 päivää.\n"
+                                                          "Tehdäänkö varmuuskopio nyt?").arg(vali));
+        } else {
+            QVERIFY(d.shown.isEmpty());
+        }
+    }
+
+    void answeringNoChangesNothing()
+    {
+        TestEnv env;
+        ScriptedDialogs d;
+        const QDate tanaan(2024, 3, 1);
+        MuistutaVarm = true;
+        BackupDate = QDate(2023, 1, 1);
+        d.no();
+        int varmistuksia = 0;
+        MuistutaVarmuuskopiosta(tanaan, [&] { ++varmistuksia; });
+        QCOMPARE(varmistuksia, 0);
+        QCOMPARE(BackupDate, QDate(2023, 1, 1));
+        d.no();
+        MuistutaVarmuuskopiosta(tanaan, [&] { ++varmistuksia; }); // and it asks again next time
+        QCOMPARE(d.shown.size(), 2);
+    }
+
+    void currencySymbol_data()
+    {
+        QTest::addColumn<QString>("tunnus");
+        QTest::addColumn<bool>("ilmoitetaan");
+        QTest::newRow("mk") << "mk" << true;
+        QTest::newRow("isot ja välit") << " MK " << true;
+        QTest::newRow("sekakirjaimet") << "Mk" << true;
+        QTest::newRow("euro") << "€" << false;
+        QTest::newRow("EUR") << "EUR" << false;
+        QTest::newRow("mkk") << "mkk" << false;
+        QTest::newRow("tyhjä") << "" << false;
+    }
+
+    void currencySymbol()
+    {
+        QFETCH(QString, tunnus);
+        QFETCH(bool, ilmoitetaan);
+        TestEnv env;
+        ScriptedDialogs d;
+        QCOMPARE(TarkistaValuuttatunnus(tunnus), ilmoitetaan);
+        if (!ilmoitetaan) {
+            QVERIFY(d.shown.isEmpty());
+            return;
+        }
+        const QStringList rivit = d.messages().value(0).split(QLatin1Char('\n'));
+        QCOMPARE(rivit.size(), 3);
+        QCOMPARE(rivit[0], QStringLiteral("Tietokoneen valuuttatunnuksena on vielä 'mk'."));
+        QCOMPARE(rivit[1], QStringLiteral("Muuta valuuttatunnus Ohjauspaneelista kohdasta Kansallisuusasetukset."));
+        QVERIFY(rivit[2].contains(QLatin1Char('@')));
+        QCOMPARE(d.shown.first().title, QStringLiteral("Vonari"));
+    }
+
+    void clubChoice()
+    {
+        TestEnv env;
+        ScriptedDialogs d;
+        QCOMPARE(SeuranValinnanAloitus(QStringLiteral("/data/seura.mdb")), QStringLiteral("/data/seura.mdb"));
+        QCOMPARE(SeuranValinnanAloitus(QStringLiteral("/data/SEURA.MDB")), QStringLiteral("/data/SEURA.MDB"));
+        QCOMPARE(SeuranValinnanAloitus(QStringLiteral("/data/seura.db")), files::programFolder());
+        QCOMPARE(SeuranValinnanAloitus(QString()), files::programFolder());
+
+        DatabasePath = QStringLiteral("/data/seura.mdb");
+        d.choosePath(QStringLiteral("/data/toinen.mdb"));
+        ValitseSeura();
+        QCOMPARE(DatabasePath, QStringLiteral("/data/toinen.mdb"));
+        QCOMPARE(d.shown.last().title, QStringLiteral("Seuran valinta"));
+        d.choosePath(QString()); // cancelled: the path stays
+        ValitseSeura();
+        QCOMPARE(DatabasePath, QStringLiteral("/data/toinen.mdb"));
+        QVERIFY(!QFile::exists(env.iniPath())); // the choice is for this run only
+    }
+};
+
+QTEST_MAIN(TestKaynnistys)
+#include "tst_kaynnistys.moc"

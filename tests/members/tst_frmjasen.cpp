@@ -1,0 +1,583 @@
+#include "core/MainModule.h"
+#include "core/Malli.h"
+#include "core/Misc.h"
+#include "core/UpdateDatabase.h"
+#include "members/ui/frmJasen.h"
+#include "members/ui/frmPerheenUusiOsoite.h"
+#include "scripteddialogs.h"
+#include "seurat.h"
+#include "testenv.h"
+
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QListWidget>
+#include <QPointer>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QToolButton>
+#include <QTreeView>
+#include <QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+using EditMode = db::Recordset::EditMode;
+
+namespace {
+
+QString tyhjaSeura()
+{
+    static QTemporaryDir kansio;
+    static const QString polku = [] {
+        const QString p = kansio.filePath(u"malli.mdb"_s);
+        LuoMalliTietokanta(p);
+        UpdateDatabase(*db::Database::open(p));
+        return p;
+    }();
+    return polku;
+}
+
+// A small club in a scratch home, the member window open on it, and a connection of the test's
+// own to look at the database after each flow.
+struct Seura {
+    TestEnv env;
+    ScriptedDialogs dlg;
+    std::unique_ptr<db::Database> d;
+    QPointer<frmJasen> w;
+
+    // An empty club, or the generated club of `jasenia` members.
+    explicit Seura(int jasenia = 0)
+    {
+        MainModule::DatabasePath = env.path(u"seura.mdb"_s);
+        if (jasenia > 0)
+            seurat::Kopio(jasenia, MainModule::DatabasePath);
+        else
+            QFile::copy(tyhjaSeura(), MainModule::DatabasePath);
+        QFile(MainModule::DatabasePath).setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+        d = db::Database::open(MainModule::DatabasePath);
+    }
+    ~Seura() { delete w.data(); }
+
+    qint64 jasen(const QString &suku, const QString &etu, const QVariant &numero = {})
+    {
+        d->execute(u"INSERT INTO jr (jrSukunimi, jrEtunimi, jrJasennumero, jrJasenmaksu) VALUES (?, ?, ?, 0)"_s, {suku, etu, numero});
+        return d->lastInsertId();
+    }
+
+    bool avaa()
+    {
+        w = new frmJasen;
+        if (!w->Lataa())
+            return false;
+        w->show();
+        w->activateWindow();
+        return QTest::qWaitForWindowActive(w);
+    }
+
+    QVariant arvo(qint64 id, const QString &sarake)
+    {
+        return d->scalar(u"SELECT "_s + sarake + u" FROM jr WHERE jrID = ?"_s, {id});
+    }
+    int maara(const QString &ehto, const db::Params &p = {}) { return d->scalar(u"SELECT COUNT(*) FROM "_s + ehto, p).toInt(); }
+    QString teksti(int i) const { return w->tYhteystiedot[i]->text(); }
+};
+
+// Types as a user does, one key at a time; letters outside ASCII go as text.
+void kirjoita(QWidget *kohde, const QString &teksti)
+{
+    kohde->setFocus();
+    for (QChar c : teksti) {
+        const int koodi = c.isLetter() && c.unicode() < 128 ? int(c.toUpper().unicode()) : int(Qt::Key_unknown);
+        QTest::sendKeyEvent(QTest::Press, kohde, Qt::Key(koodi), QString(c), Qt::NoModifier);
+        QTest::sendKeyEvent(QTest::Release, kohde, Qt::Key(koodi), QString(c), Qt::NoModifier);
+    }
+}
+
+void jata(QWidget *kentta, QWidget *seuraava)
+{
+    kentta->setFocus();
+    seuraava->setFocus(Qt::TabFocusReason);
+}
+
+} // namespace
+
+class TestFrmJasen : public QObject {
+    Q_OBJECT
+
+private slots:
+    // The row goes to edit mode at the first key; Ctrl+Z drops the edit, a move stores it.
+    void muokkausAlkaaEnsimmaisestaNappaimesta()
+    {
+        Seura s;
+        const qint64 a = s.jasen(u"Aalto"_s, u"Anna"_s, u"1"_s);
+        const qint64 b = s.jasen(u"Berg"_s, u"Bo"_s, u"2"_s);
+        QVERIFY(s.avaa());
+        QCOMPARE(s.w->windowTitle(), u"Vonari - Jäsenrekisteri - 2"_s);
+        QCOMPARE(s.w->NykyinenId(), a);
+        QCOMPARE(s.w->Data1()->editMode(), EditMode::None);
+
+        kirjoita(s.w->tYhteystiedot[iSukunimi], u"x"_s);
+        QCOMPARE(s.w->Data1()->editMode(), EditMode::Edit);
+        QTest::keyClick(s.w->tYhteystiedot[iSukunimi], Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(s.w->Data1()->editMode(), EditMode::None);
+        QCOMPARE(s.teksti(iSukunimi), u"Aalto"_s);
+
+        s.w->tYhteystiedot[iSukunimi]->selectAll();
+        kirjoita(s.w->tYhteystiedot[iSukunimi], u"O'Connor; 100%"_s);
+        QTest::keyClick(s.w->tYhteystiedot[iSukunimi], Qt::Key_D, Qt::ControlModifier);
+        QCOMPARE(s.arvo(a, u"jrSukunimi"_s).toString(), u"O'Connor; 100%"_s);
+        QCOMPARE(s.w->NykyinenId(), b);
+        QCOMPARE(s.w->Data1()->editMode(), EditMode::None);
+
+        // A change of a tick or of the memo counts as an edit as well.
+        s.w->chkJasenmaksu->click();
+        QCOMPARE(s.w->Data1()->editMode(), EditMode::Edit);
+        s.w->cTallenna_Click();
+        QCOMPARE(s.arvo(b, u"jrJasenmaksu"_s).toInt(), 1);
+        QVERIFY(s.dlg.unexpected.isEmpty());
+    }
+
+    // F2 with automatic numbers, save with F3; a cancelled new member still uses up his number.
+    void uusiJasenTallennetaanJaPeruutetaan()
+    {
+        Seura s;
+        s.jasen(u"Aalto"_s, u"Anna"_s, u"1"_s);
+        MainModule::AutoJasennumero = true;
+        MainModule::Jasennro = 100;
+        QVERIFY(s.avaa());
+        QTest::keyClick(s.w, Qt::Key_F2);
+        QCOMPARE(s.w->Data1()->editMode(), EditMode::AddNew);
+        QCOMPARE(s.teksti(iJasennumero), u"100"_s);
+        QVERIFY(s.w->tYhteystiedot[iSukunimi]->hasFocus());
+        kirjoita(s.w->tYhteystiedot[iSukunimi], u"Öhman"_s);
+        kirjoita(s.w->tYhteystiedot[iPostinumero], u"ab"_s);
+        QTest::keyClick(s.w, Qt::Key_F3);
+        QCOMPARE(s.maara(u"jr WHERE jrJasennumero = '100' AND jrSukunimi = 'Öhman' AND jrPostinumeroNumero = 0"_s), 1);
+        QCOMPARE(s.teksti(iSukunimi), u"Öhman"_s);
+        QCOMPARE(s.w->windowTitle(), u"Vonari - Jäsenrekisteri - 2"_s);
+
+        s.w->cUusi_Click();
+        QCOMPARE(s.teksti(iJasennumero), u"101"_s);
+        s.w->cPeru_Click();
+        QCOMPARE(s.maara(u"jr"_s), 2);
+        QCOMPARE(MainModule::Jasennro, 102L);
+        QCOMPARE(s.teksti(iSukunimi), u"Öhman"_s);
+        QCOMPARE(s.w->Data1()->editMode(), EditMode::None);
+
+        // A copy takes the name and address, not the number or the rest.
+        s.w->tYhteystiedot[iTitteli]->setText(u"FT"_s);
+        s.w->cTallenna_Click();
+        s.w->cKopio_Click();
+        QCOMPARE(s.teksti(iSukunimi), u"Öhman"_s);
+        QCOMPARE(s.teksti(iJasennumero), u"102"_s);
+        QVERIFY(s.teksti(iTitteli).isEmpty());
+        QVERIFY(s.dlg.unexpected.isEmpty());
+    }
+
+    // A taken number is told, emptied, and nothing else typed is lost; no move happens.
+    void varattuJasennumero()
+    {
+        Seura s;
+        s.jasen(u"Aalto"_s, u"Anna"_s, u"A1"_s);
+        const qint64 b = s.jasen(u"Berg"_s, u"Bo"_s, u"2"_s);
+        QVERIFY(s.avaa());
+        s.w->cUusi_Click();
+        kirjoita(s.w->tYhteystiedot[iJasennumero], u"a1"_s);
+        kirjoita(s.w->tYhteystiedot[iSukunimi], u"Uusi"_s);
+        kirjoita(s.w->tYhteystiedot[iEtunimi], u"Ulla"_s);
+        s.w->cSeuraava_Click();
+        QCOMPARE(s.dlg.messages(), QStringList{u"Jäsennumero #a1 on varattu jo toiselle jäsenelle."_s});
+        QVERIFY(s.teksti(iJasennumero).isEmpty());
+        QCOMPARE(s.teksti(iSukunimi), u"Uusi"_s);
+        QCOMPARE(s.teksti(iEtunimi), u"Ulla"_s);
+        QCOMPARE(s.w->Data1()->editMode(), EditMode::AddNew);
+        QCOMPARE(s.maara(u"jr"_s), 2);
+
+        kirjoita(s.w->tYhteystiedot[iJasennumero], u"3"_s);
+        s.w->cTallenna_Click();
+        QCOMPARE(s.maara(u"jr WHERE jrJasennumero = '3' AND jrEtunimi = 'Ulla'"_s), 1);
+
+        // The same for a member being edited: he keeps his old number in the database.
+        s.w->cEnsimmainen_Click();
+        s.w->cSeuraava_Click();
+        QCOMPARE(s.w->NykyinenId(), b);
+        s.w->tYhteystiedot[iJasennumero]->setText(u"3"_s);
+        s.w->cTallenna_Click();
+        QCOMPARE(s.dlg.messages().size(), 2);
+        QCOMPARE(s.arvo(b, u"jrJasennumero"_s).toString(), u"2"_s);
+        QVERIFY(s.dlg.unexpected.isEmpty());
+    }
+
+    // Plain moves go in the table's order and beep at both ends; with a list condition the
+    // moves go through the attribute's holders in name order.
+    void siirrotMolemmissaTiloissa()
+    {
+        Seura s;
+        const qint64 c = s.jasen(u"Cedar"_s, u"C"_s);
+        const qint64 a = s.jasen(u"Aalto"_s, u"A"_s);
+        const qint64 b = s.jasen(u"Berg"_s, u"B"_s);
+        const qint64 o = s.jasen(u"Öhman"_s, u"Ö"_s);
+        s.d->execute(u"INSERT INTO pi (piNimi) VALUES ('Kuoro')"_s);
+        const qint64 pi = s.d->lastInsertId();
+        for (qint64 j : {o, c, a})
+            s.d->execute(u"INSERT INTO pt (ptjrID, ptpiID) VALUES (?, ?)"_s, {j, pi});
+        QVERIFY(s.avaa());
+
+        s.w->cEdellinen_Click();
+        QCOMPARE(s.dlg.beeps, 1);
+        QCOMPARE(s.w->NykyinenId(), c);
+        s.w->cSeuraava_Click();
+        QCOMPARE(s.w->NykyinenId(), a);
+        s.w->cViimeinen_Click();
+        QCOMPARE(s.w->NykyinenId(), o);
+        s.w->cSeuraava_Click();
+        QCOMPARE(s.dlg.beeps, 2);
+        QCOMPARE(s.w->NykyinenId(), o);
+
+        s.w->cmbListaEhto->setFocus();
+        s.w->cmbListaEhto->setCurrentIndex(1);
+        s.w->tYhteystiedot[iSukunimi]->setFocus();
+        QCOMPARE(s.w->NykyinenId(), a);
+        QCOMPARE(s.w->windowTitle(), u"Vonari - Jäsenrekisteri - 3"_s);
+        s.w->cSeuraava_Click();
+        QCOMPARE(s.w->NykyinenId(), c);
+        s.w->cSeuraava_Click();
+        QCOMPARE(s.w->NykyinenId(), o);
+        s.w->cSeuraava_Click();
+        QCOMPARE(s.dlg.beeps, 3);
+        QCOMPARE(s.w->NykyinenId(), o);
+        s.w->cEnsimmainen_Click();
+        QCOMPARE(s.w->NykyinenId(), a);
+        s.w->cEdellinen_Click();
+        QCOMPARE(s.dlg.beeps, 4);
+
+        // Berg gets the attribute elsewhere; Aalto is renamed here: the moves follow both.
+        s.d->execute(u"INSERT INTO pt (ptjrID, ptpiID) VALUES (?, ?)"_s, {b, pi});
+        s.w->cSeuraava_Click();
+        QCOMPARE(s.w->NykyinenId(), b);
+        s.w->cEdellinen_Click();
+        s.w->tYhteystiedot[iSukunimi]->setText(u"Bäck"_s);
+        s.w->cSeuraava_Click();
+        QCOMPARE(s.w->NykyinenId(), c);
+        s.w->cEdellinen_Click();
+        QCOMPARE(s.w->NykyinenId(), a);
+        s.w->cEnsimmainen_Click();
+        QCOMPARE(s.w->NykyinenId(), b);
+
+        // The tree shows the holders only, and choosing a node moves there.
+        const QModelIndex juuriC = s.w->tvwNimet->model()->index(2, 0);
+        QCOMPARE(juuriC.data().toString(), u" C   (1)"_s);
+        QCOMPARE(s.w->tvwNimet->model()->index(1, 0).data().toString(), u" B   (0)"_s);
+        s.w->tvwNimet->setCurrentIndex(s.w->tvwNimet->model()->index(0, 0, juuriC));
+        QCOMPARE(s.w->NykyinenId(), c);
+        QVERIFY(s.dlg.unexpected.isEmpty());
+    }
+
+    // A name whose member was deleted behind the window rebuilds the tree instead of moving.
+    void puunPoistunutNimiRakentaaPuun()
+    {
+        Seura s;
+        s.jasen(u"Aalto"_s, u"A"_s);
+        const qint64 b = s.jasen(u"Berg"_s, u"B"_s);
+        QVERIFY(s.avaa());
+        QAbstractItemModel *m = s.w->tvwNimet->model();
+        s.d->execute(u"DELETE FROM jr WHERE jrID = ?"_s, {b});
+        s.w->tvwNimet->setCurrentIndex(m->index(0, 0, m->index(1, 0)));
+        QCOMPARE(m->rowCount(m->index(1, 0)), 0);
+        QCOMPARE(m->index(1, 0).data().toString(), u" B   (0)"_s);
+        QVERIFY(s.dlg.unexpected.isEmpty());
+    }
+
+    void perheenPaaRastitaanJaPuretaan()
+    {
+        Seura s;
+        const qint64 a = s.jasen(u"Aalto"_s, u"Anna"_s);
+        const qint64 e = s.jasen(u"Aalto"_s, u"Eino"_s);
+        QVERIFY(s.avaa());
+        s.w->TabStr1->setCurrentIndex(2);
+        QCOMPARE(s.w->iValittuVali, 3);
+
+        s.w->chkPerhLaskutettava->click();
+        QCOMPARE(s.maara(u"jrPerhe WHERE jrPMID = ? AND jrPSubID = ?"_s, {a, a}), 1);
+        QCOMPARE(s.w->lstFamily->count(), 1);
+        QCOMPARE(s.w->Data1()->editMode(), EditMode::Edit);
+
+        // Eino joins through the list of everybody.
+        s.w->cLisaaPerhJas_Click();
+        QVERIFY(s.w->lstPersons->isVisible());
+        s.w->lstPersons->setCurrentIndex(s.w->lstPersons->model()->index(1, 0));
+        QCOMPARE(s.w->lstPersons->currentIndex().data().toString(), u"Aalto Eino"_s);
+        QTest::keyClick(s.w->lstPersons, Qt::Key_Return);
+        QVERIFY(s.w->lstFamily->isVisible());
+        QCOMPARE(s.w->lstFamily->count(), 2);
+        QCOMPARE(s.w->lstFamily->currentRow(), 1);
+        s.w->chkPerheLuokka[2]->click();
+        QVERIFY(s.w->bPerheLuokkaMuuttunut);
+        s.w->cSeuraava_Click();
+        QCOMPARE(s.arvo(a, u"jrPerheenLaskutettava"_s).toInt(), 1);
+        QCOMPARE(s.maara(u"jrPerhe WHERE jrPSubID = ? AND jrPLapsi = 1"_s, {e}), 1);
+        QCOMPARE(s.w->tPerheenPaa->text(), u"Anna Aalto"_s);
+
+        s.w->cEdellinen_Click();
+        QVERIFY(s.w->chkPerhLaskutettava->isChecked());
+        s.dlg.no();
+        s.w->chkPerhLaskutettava->click();
+        QVERIFY(s.w->chkPerhLaskutettava->isChecked());
+        QCOMPARE(s.w->lstFamily->count(), 2);
+        QCOMPARE(s.maara(u"jrPerhe"_s), 2);
+
+        s.dlg.yes();
+        s.w->chkPerhLaskutettava->click();
+        QCOMPARE(s.maara(u"jrPerhe"_s), 0);
+        QCOMPARE(s.w->lstFamily->count(), 0);
+        s.w->cTallenna_Click();
+        QCOMPARE(s.arvo(a, u"jrPerheenLaskutettava"_s).toInt(), 0);
+        QCOMPARE(s.dlg.allTexts(), QStringList({u"Poistetaanko perheen tiedot?"_s, u"Poistetaanko perheen tiedot?"_s}));
+        QVERIFY(s.dlg.unexpected.isEmpty());
+    }
+
+    void perheenOsoiteVaihdetaanJasenenKorttilta()
+    {
+        Seura s;
+        const qint64 a = s.jasen(u"Aalto"_s, u"Anna"_s);
+        const qint64 e = s.jasen(u"Aalto"_s, u"Eino"_s);
+        s.d->execute(u"UPDATE jr SET jrPerheenLaskutettava = 1 WHERE jrID = ?"_s, {a});
+        s.d->execute(u"INSERT INTO jrPerhe (jrPMID, jrPSubID) VALUES (?, ?), (?, ?)"_s, {a, a, a, e});
+        QVERIFY(s.avaa());
+        s.w->cSeuraava_Click();
+        QCOMPARE(s.w->NykyinenId(), e);
+        QTimer::singleShot(0, [] {
+            auto *d = qobject_cast<frmPerheenUusiOsoite *>(QApplication::activeModalWidget());
+            QVERIFY(d);
+            QCOMPARE(d->windowTitle(), u"Vonari - Perheen uusi osoite"_s);
+            d->tOsoite->setText(u"Uusikatu 2"_s);
+            d->tPostinumero->setText(u"00200"_s);
+            QTest::mouseClick(d->findChild<QPushButton *>(u"cTallenna"_s), Qt::LeftButton);
+        });
+        s.w->cMuutaPerheenOsoitteet_Click();
+        QCOMPARE(s.arvo(a, u"jrOsoite"_s).toString(), u"Uusikatu 2"_s);
+        QCOMPARE(s.teksti(iOsoite), u"Uusikatu 2"_s);
+        QCOMPARE(s.w->Data1()->editMode(), EditMode::Edit);
+        s.w->cTallenna_Click();
+        QCOMPARE(s.arvo(e, u"jrPostinumeroNumero"_s).toInt(), 200);
+        QVERIFY(!s.arvo(a, u"jrPostinumeroNumero"_s).isValid());
+    }
+
+    // Deleting the last member leaves a window that can start again.
+    void viimeisenPoistoJattaaIkkunanKayttoon()
+    {
+        Seura s;
+        const qint64 a = s.jasen(u"Aalto"_s, u"Anna"_s);
+        s.d->execute(u"INSERT INTO pt (ptjrID, ptpiID) VALUES (?, 1)"_s, {a});
+        QVERIFY(s.avaa());
+        s.dlg.yes();
+        s.w->cPoista_Click();
+        QCOMPARE(s.maara(u"jr"_s), 0);
+        QCOMPARE(s.maara(u"pt"_s), 0);
+        QCOMPARE(s.w->windowTitle(), u"Vonari - Jäsenrekisteri - 0"_s);
+        QVERIFY(!s.w->tYhteystiedot[iSukunimi]->isEnabled());
+        QVERIFY(!s.w->mSeuraava->isEnabled());
+        QVERIFY(s.w->cUusi->isEnabled());
+        s.w->cSeuraava_Click(); // a key that reaches the command anyway does no harm
+
+        s.w->cUusi_Click();
+        QVERIFY(s.w->tYhteystiedot[iSukunimi]->isEnabled());
+        kirjoita(s.w->tYhteystiedot[iSukunimi], u"Berg"_s);
+        s.w->cTallenna_Click();
+        QCOMPARE(s.maara(u"jr WHERE jrSukunimi = 'Berg'"_s), 1);
+        QCOMPARE(s.dlg.allTexts(), QStringList{u"Poistetaanko näytössä oleva jäsen?"_s});
+    }
+
+    void tyhjaRekisteriAvautuuViestilla()
+    {
+        Seura s;
+        QVERIFY(s.avaa());
+        QCOMPARE(s.dlg.messages(), QStringList{u"Jäsenrekisteri on vielä tyhjä.\nLisää uusi jäsen klikkaamalla Uusi painiketta."_s});
+        QVERIFY(!s.w->mPoista->isEnabled());
+        QVERIFY(s.w->mUusi->isEnabled());
+        s.w->cUusi_Click();
+        s.w->cPeru_Click();
+        QVERIFY(!s.w->tYhteystiedot[iSukunimi]->isEnabled());
+
+        Seura ilman;
+        MainModule::DatabasePath.clear();
+        QVERIFY(!ilman.avaa());
+        QCOMPARE(ilman.dlg.messages(), QStringList{u"Tarkista tietokanta asetukset asetusikkunasta!"_s});
+    }
+
+    // Dates: + and - in the joining date, a bad date emptied with a beep, a cleared date Null.
+    void paivatJaPostiosoite()
+    {
+        Seura s;
+        const qint64 a = s.jasen(u"Aalto"_s, u"Anna"_s);
+        s.d->execute(u"UPDATE jr SET jrSyntyma = '1970-01-01'"_s);
+        QVERIFY(s.avaa());
+        QLineEdit *liittyma = s.w->tYhteystiedot[iLiittyma];
+        kirjoita(liittyma, u"+"_s);
+        QCOMPARE(liittyma->text(), PaivaTekstina(QDate::currentDate()));
+        liittyma->setText(u"31.12.2023"_s);
+        kirjoita(liittyma, u"+"_s);
+        QCOMPARE(liittyma->text(), u"1.1.2024"_s);
+        kirjoita(s.w->tYhteystiedot[iSyntyma], u"+"_s); // no keys of its own: typed as it is
+        QVERIFY(s.teksti(iSyntyma).endsWith(u'+'));
+        jata(s.w->tYhteystiedot[iSyntyma], s.w->tYhteystiedot[iLisatieto1]);
+        QVERIFY(s.teksti(iSyntyma).isEmpty());
+        QCOMPARE(s.dlg.beeps, 1);
+
+        kirjoita(s.w->tYhteystiedot[iPostitoimipaikka], u"Turku"_s);
+        jata(s.w->tYhteystiedot[iPostitoimipaikka], s.w->tYhteystiedot[iKotipaikka]);
+        QCOMPARE(s.teksti(iKotipaikka), u"Turku"_s);
+        kirjoita(s.w->tYhteystiedot[iPostinumero], u"1234567"_s);
+        QCOMPARE(s.teksti(iPostinumero), u"12345"_s);
+        s.w->cTallenna_Click();
+        QVERIFY(!s.arvo(a, u"jrSyntyma"_s).isValid());
+        QCOMPARE(s.arvo(a, u"jrLiittyma"_s).toString(), u"2024-01-01"_s);
+        QCOMPARE(s.arvo(a, u"jrKotipaikka"_s).toString(), u"Turku"_s);
+        QVERIFY(s.dlg.messages().isEmpty());
+    }
+
+    void leikepoyta()
+    {
+        Seura s;
+        s.jasen(u"Aalto"_s, u"Anna"_s, u"1"_s);
+        MainModule::AutoJasennumero = true;
+        MainModule::Jasennro = 50;
+        QVERIFY(s.avaa());
+        QGuiApplication::clipboard()->setText(u"17;Virtanen"_s);
+        s.w->mLiimaaLeikepoydalta_Click();
+        QCOMPARE(s.teksti(iJasennumero), u"17"_s);
+        QCOMPARE(s.teksti(iSukunimi), u"Virtanen"_s);
+        QVERIFY(s.teksti(iEtunimi).isEmpty());
+        s.w->cTallenna_Click();
+        QCOMPARE(s.maara(u"jr WHERE jrJasennumero = '17' AND jrSukunimi = 'Virtanen'"_s), 1);
+        s.w->mKopioiYhteystiedot_Click();
+        QCOMPARE(QGuiApplication::clipboard()->text(), u" Virtanen\n\n "_s);
+
+        QGuiApplication::clipboard()->setText(u"ei puolipisteitä"_s);
+        s.w->mLiimaaLeikepoydalta_Click();
+        QCOMPARE(s.w->Data1()->editMode(), EditMode::AddNew);
+        QCOMPARE(s.teksti(iJasennumero), u"51"_s);
+        QVERIFY(s.teksti(iSukunimi).isEmpty());
+        s.w->cPeru_Click();
+
+        QGuiApplication::clipboard()->clear();
+        s.w->mLiimaaLeikepoydalta_Click();
+        QCOMPARE(s.dlg.messages(), QStringList{u"Leikepöydällä ei ole tekstiä."_s});
+        QCOMPARE(s.maara(u"jr"_s), 2);
+    }
+
+    void maksetuksiMerkitseeValitunLaskun()
+    {
+        Seura s;
+        const qint64 a = s.jasen(u"Aalto"_s, u"Anna"_s);
+        s.d->execute(u"INSERT INTO jmhist (jmhjmID, jmhjmjrID, jmhjmHinta, jmhjmTeksti, jmhjmJasMak, jmhjmMaksettu, "
+                     "jmhjmViitenumero) VALUES (5, ?, 200000, 'Jäsenmaksu', 1, 0, '55')"_s,
+                     {a});
+        QVERIFY(s.avaa());
+        s.w->TabStr1->setCurrentIndex(3);
+        QCOMPARE(s.w->lstMaksut->count(), 1);
+        QCOMPARE(s.w->lstMaksut->item(0)->text(), u"20,00 - Jäsenmaksu"_s);
+        s.w->cMaksetuksi_Click(); // nothing chosen: nothing happens
+        QCOMPARE(s.maara(u"jmhist WHERE jmhjmMaksettu = 1"_s), 0);
+        s.w->lstMaksut->setCurrentRow(0);
+        QCOMPARE(s.w->lblMaksettu->text(), u"Ei"_s);
+        QCOMPARE(s.w->lblPerhemaksu->text(), u"-"_s);
+        s.w->cMaksetuksi_Click();
+        QCOMPARE(s.maara(u"jmhist WHERE jmhjmMaksettu = 1"_s), 1);
+        QCOMPARE(s.w->lblMaksettu->text(), u"Kyllä"_s);
+        QVERIFY(s.w->chkJasenmaksu->isChecked());
+        QCOMPARE(s.w->Data1()->editMode(), EditMode::Edit);
+        s.w->cTallenna_Click();
+        QCOMPARE(s.arvo(a, u"jrJasenmaksu"_s).toInt(), 1);
+    }
+
+    void sulkeminenTallentaa()
+    {
+        Seura s;
+        const qint64 a = s.jasen(u"Aalto"_s, u"Anna"_s);
+        s.jasen(u"Berg"_s, u"Bo"_s, u"9"_s);
+        QVERIFY(s.avaa());
+        kirjoita(s.w->tYhteystiedot[iJasennumero], u"9"_s);
+        QVERIFY(!s.w->close());
+        QVERIFY(s.w);
+        QCOMPARE(s.dlg.messages(), QStringList{u"Jäsennumero #9 on varattu jo toiselle jäsenelle."_s});
+        s.w->tYhteystiedot[iEtunimi]->setText(u"Annax"_s);
+        QVERIFY(s.w->close());
+        QTRY_VERIFY(!s.w);
+        QCOMPARE(s.arvo(a, u"jrEtunimi"_s).toString(), u"Annax"_s);
+    }
+
+    void tyokalut()
+    {
+        Seura s;
+        s.jasen(u"Aalto"_s, u"Anna"_s, u"1"_s);
+        const qint64 b = s.jasen(u"Berg"_s, u"Bo"_s, u"2"_s);
+        s.d->execute(u"UPDATE jr SET jrJasenmaksu = 1, jrPostinumero = 'x1' WHERE jrID = ?"_s, {b});
+        QVERIFY(s.avaa());
+        s.w->mPostinumeroidenTarkistus_Click();
+        const QStringList viestit = s.dlg.messages();
+        QCOMPARE(viestit.size(), 3);
+        QCOMPARE(viestit[1], u"Tarkista jäsen: 2/Berg Bo"_s);
+        QCOMPARE(viestit[2], u"Tarkistus valmis."_s);
+
+        s.dlg.yes();
+        s.dlg.yes();
+        s.w->mMaksamattomienPoisto_Click();
+        QCOMPARE(s.dlg.allTexts().mid(3), QStringList({u"Poistetaanko kaikki jäsenmaksua maksamattomat jäsenet tietokannasta?\n\n"
+                                                        "Toimenpidettä ei voi perua!"_s,
+                                                        u"Poistetaan 1 jäsentä. Haluatko poistaa?"_s}));
+        QCOMPARE(s.maara(u"jr"_s), 1);
+        QCOMPARE(s.w->NykyinenId(), b);
+        QCOMPARE(s.w->windowTitle(), u"Vonari - Jäsenrekisteri - 1"_s);
+    }
+
+    // The demonstration club from its first member to its last: each is shown with his own
+    // invoices and, for a head, his whole family, without a message or a write.
+    void esittelyseuraAlustaLoppuun()
+    {
+        Seura s(150);
+        const QString ennen = seurat::Sisalto(*s.d);
+        QVERIFY(s.avaa());
+        int naytetty = 0;
+        while (s.dlg.beeps == 0) {
+            const qint64 id = s.w->NykyinenId();
+            ++naytetty;
+            QCOMPARE(s.teksti(iSukunimi), s.arvo(id, u"jrSukunimi"_s).toString());
+            QCOMPARE(s.w->lstMaksut->count(), s.maara(u"jmhist WHERE jmhjmjrID = ?"_s, {id}));
+            if (s.w->chkPerhLaskutettava->isChecked())
+                QCOMPARE(s.w->lstFamily->count(), s.maara(u"jrPerhe JOIN jr ON jrID = jrPSubID WHERE jrPMID = ?"_s, {id}));
+            else if (s.maara(u"jrPerhe WHERE jrPSubID = ?"_s, {id}) > 0)
+                QVERIFY(!s.w->tPerheenPaa->text().isEmpty());
+            s.w->cSeuraava_Click();
+        }
+        QCOMPARE(naytetty, s.maara(u"jr"_s));
+        QAbstractItemModel *m = s.w->tvwNimet->model();
+        int puussa = 0;
+        for (int r = 0; r < m->rowCount(); ++r)
+            puussa += m->rowCount(m->index(r, 0));
+        QCOMPARE(puussa, naytetty);
+        QVERIFY(s.dlg.shown.isEmpty());
+        QCOMPARE(seurat::Sisalto(*s.d), ennen);
+    }
+
+    void vihjeetJaNappaimet()
+    {
+        Seura s;
+        s.jasen(u"Aalto"_s, u"Anna"_s);
+        QVERIFY(s.avaa());
+        QCOMPARE(s.w->cUusi->toolTip(), u"Lisää uusi jäsen [F2]"_s);
+        QCOMPARE(s.w->cTallenna->toolTip(), u"Tallenna näytöllä olevan jäsen [F3]"_s);
+        QCOMPARE(s.w->cViimeinen->toolTip(), u"Siirry seuraavaan [Ctrl+V]"_s);
+        QCOMPARE(s.w->cSulje->toolTip(), u"Sulje Jäsenrekisteri [Alt+F4]"_s);
+        QCOMPARE(s.w->mNimihaku->shortcut(), QKeySequence(Qt::Key_F9));
+        QVERIFY(!s.w->cHaku->isEnabled());
+        QVERIFY(!s.w->findChild<QAction *>(u"mRapPerheet"_s)->isEnabled());
+        QCOMPARE(s.w->tYhteystiedot[iSukunimi]->maxLength(), 50);
+        QCOMPARE(s.w->tYhteystiedot[iJasennumero]->maxLength(), 10);
+    }
+};
+
+QTEST_MAIN(TestFrmJasen)
+#include "tst_frmjasen.moc"

@@ -1,0 +1,581 @@
+// The attribute windows driven as a user drives them, offscreen with scripted dialogs: the
+// definitions window, the member window's attribute tab and the four bulk dialogs. The
+// database is checked after each flow.
+#include "core/MainModule.h"
+#include "core/Malli.h"
+#include "core/UpdateDatabase.h"
+#include "members/ui/ArvoPaneeli.h"
+#include "members/ui/LiitosPohja.h"
+#include "members/ui/frmJasenOminaisuudet.h"
+#include "members/ui/frmMoniliitos.h"
+#include "members/ui/frmOminLisaysSP.h"
+#include "members/ui/frmOminaisuudenPoisto.h"
+#include "members/ui/frmOminaisuudenYhdistaminen.h"
+#include "members/ui/frmPiirre.h"
+#include "platform/database.h"
+#include "scripteddialogs.h"
+#include "testenv.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QToolButton>
+#include <QTreeWidget>
+#include <QtTest>
+
+using db::Database;
+
+namespace {
+
+// Types text key by key, as a user does (ä and ö included).
+void kirjoita(QWidget *w, const QString &teksti)
+{
+    for (const QChar c : teksti) {
+        const Qt::Key k = c.isLetter() ? Qt::Key(c.toUpper().unicode()) : Qt::Key(c.unicode());
+        QTest::sendKeyEvent(QTest::Click, w, k, QString(c), Qt::NoModifier);
+    }
+}
+
+void korvaa(QLineEdit *t, const QString &teksti)
+{
+    t->selectAll();
+    QTest::keyClick(t, Qt::Key_Delete);
+    kirjoita(t, teksti);
+}
+
+QStringList puunNimet(QTreeWidget *puu)
+{
+    QStringList s;
+    for (QTreeWidgetItemIterator it(puu); *it; ++it)
+        s << (*it)->text(0);
+    return s;
+}
+
+QStringList listanTekstit(QListWidget *l)
+{
+    QStringList s;
+    for (int i = 0; i < l->count(); ++i)
+        s << l->item(i)->text();
+    return s;
+}
+
+} // namespace
+
+class tst_frmpiirre : public QObject {
+    Q_OBJECT
+    TestEnv env;
+    QString pohja;
+    int kerhoja = 0;
+    std::unique_ptr<Database> d;
+    std::unique_ptr<ScriptedDialogs> sd;
+
+    qint64 piirre(const QString &nimi, const QString &liput = {}, const QVariant &paiva = {}, const QVariant &luku = {},
+                  const QVariant &raha = {}, const QVariant &muistio = {})
+    {
+        d->execute(QStringLiteral("INSERT INTO pi (piNimi, piKuvaus, piEnbldDate, piEnbldLong, piEnbldCurrency, piEnbldMemo, "
+                                  "piDate, piLong, piCurrency, piMemo) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+                   {nimi, nimi + QStringLiteral(" kuvaus"), liput.contains(QLatin1Char('d')), liput.contains(QLatin1Char('l')),
+                    liput.contains(QLatin1Char('r')), liput.contains(QLatin1Char('m')), paiva, luku, raha, muistio});
+        return d->lastInsertId();
+    }
+    qint64 jasen(const QVariant &sukunimi, const QVariant &syntyma = {})
+    {
+        d->execute(QStringLiteral("INSERT INTO jr (jrSukunimi, jrEtunimi, jrSyntyma) VALUES (?, 'Aino', ?)"), {sukunimi, syntyma});
+        return d->lastInsertId();
+    }
+    qint64 liitos(qint64 jr, qint64 pi, const QVariant &luku = {}, const QVariant &paiva = {})
+    {
+        d->execute(QStringLiteral("INSERT INTO pt (ptjrID, ptpiID, ptValLong, ptValDate) VALUES (?, ?, ?, ?)"), {jr, pi, luku, paiva});
+        return d->lastInsertId();
+    }
+    int maara(const QString &ehto, const db::Params &p = {})
+    {
+        return d->scalar(QStringLiteral("SELECT count(*) FROM ") + ehto, p).toInt();
+    }
+    QVariant arvo(const QString &sql, const db::Params &p = {}) { return d->scalar(sql, p); }
+
+private slots:
+    void initTestCase()
+    {
+        pohja = env.path(QStringLiteral("pohja.mdb"));
+        LuoMalliTietokanta(pohja);
+        UpdateDatabase(*Database::open(pohja));
+    }
+    void init()
+    {
+        const QString polku = env.path(QStringLiteral("kerho%1.mdb").arg(++kerhoja));
+        QVERIFY(QFile::copy(pohja, polku));
+        MainModule::DatabasePath = polku;
+        d = Database::open(polku);
+        sd = std::make_unique<ScriptedDialogs>();
+    }
+    void cleanup()
+    {
+        QVERIFY2(sd->unexpected.isEmpty(), qPrintable(sd->unexpected.join(QLatin1Char('\n'))));
+        QCOMPARE(sd->pendingReplies(), 0);
+        sd.reset();
+        d.reset();
+    }
+
+    // ---- frmPiirre ------------------------------------------------------------------------
+
+    void ilmanTietokantaaIkkunaEiAukea()
+    {
+        MainModule::DatabasePath = QStringLiteral("unknown");
+        AvaaOminaisuudet(nullptr);
+        QCOMPARE(sd->messages(), QStringList{QStringLiteral("Tarkista tietokanta asetukset asetusikkunasta!")});
+        QVERIFY(!IsTopLevel());
+    }
+
+    void ikkunaOnYksi()
+    {
+        piirre(QStringLiteral("Alfa"));
+        AvaaOminaisuudet(nullptr);
+        AvaaOminaisuudet(nullptr);
+        QList<QWidget *> auki;
+        for (QWidget *w : QApplication::topLevelWidgets())
+            if (w->objectName() == QLatin1String("frmPiirre") && w->isVisible())
+                auki << w;
+        QCOMPARE(auki.size(), 1);
+        QCOMPARE(auki.first()->windowTitle(), QStringLiteral("Vonari - Ominaisuudet - 1"));
+        QVERIFY(auki.first()->close());
+        QTRY_VERIFY(!IsTopLevel());
+    }
+
+    void tyhjaanLuodaanEnsimmainen()
+    {
+        frmPiirre f;
+        QVERIFY(f.lataa());
+        QCOMPARE(sd->messages(), QStringList{QStringLiteral("Ominaisuuksia ei vielä ole.\nLisää uusi ominaisuus klikkaamalla Uusi painiketta.")});
+        QCOMPARE(f.windowTitle(), QStringLiteral("Vonari - Ominaisuudet - 0"));
+        QVERIFY(f.cUusi->isEnabled() && f.cSulje->isEnabled());
+        QVERIFY(!f.cTallenna->isEnabled() && !f.cPoista->isEnabled() && !f.tNimi->isEnabled() && !f.cSeuraava->isEnabled());
+        f.show();
+        QVERIFY(QTest::qWaitForWindowActive(&f));
+
+        QTest::keyClick(&f, Qt::Key_F2);
+        QVERIFY(f.tNimi->isEnabled());
+        QVERIFY(!f.tDate->isEnabled() && !f.chkDate->isChecked());
+        kirjoita(f.tNimi, QStringLiteral("O'Connorin kerhö"));
+        QTest::mouseClick(f.chkDate, Qt::LeftButton);
+        QVERIFY(f.tDate->isEnabled());
+        kirjoita(f.tDate, QStringLiteral("2025-02-01"));
+        QTest::keyClick(f.tDate, Qt::Key_Return);
+        QCOMPARE(f.tDate->text(), QStringLiteral("1.2.2025"));
+        QTest::mouseClick(f.chkCurrency, Qt::LeftButton);
+        kirjoita(f.tCurrency, QStringLiteral("12,5"));
+        kirjoita(f.tLong, QStringLiteral("7")); // disabled: takes nothing
+        QTest::keyClick(f.tNimi, Qt::Key_F3);
+
+        db::Statement st(*d, QStringLiteral("SELECT piNimi, piEnbldDate, piDate, piEnbldCurrency, piCurrency, piEnbldLong, piLong, "
+                                            "piEnbldMemo, piMemo FROM pi"));
+        QVERIFY(st.next());
+        QCOMPARE(st.value(0).toString(), QStringLiteral("O'Connorin kerhö"));
+        QCOMPARE(st.value(1).toInt(), 1);
+        QCOMPARE(st.value(2).toString(), QStringLiteral("2025-02-01"));
+        QCOMPARE(st.value(3).toInt(), 1);
+        QCOMPARE(st.value(4).toLongLong(), 125000);
+        QCOMPARE(st.value(5).toInt(), 0);
+        QVERIFY(st.value(6).isNull() && st.value(8).isNull());
+        QVERIFY(!st.next());
+        QCOMPARE(f.windowTitle(), QStringLiteral("Vonari - Ominaisuudet - 1"));
+        QCOMPARE(puunNimet(f.tvwPiirteet), (QStringList{QStringLiteral("Ominaisuudet"), QStringLiteral("O"), QStringLiteral("O'Connorin kerhö")}));
+        QCOMPARE(f.tCurrency->text(), QStringLiteral("12,50"));
+        QCOMPARE(sd->messages().size(), 1);
+    }
+
+    void nimenAlkuaVaroitetaanJokaNappaimella()
+    {
+        piirre(QStringLiteral("Alfa"));
+        frmPiirre f;
+        QVERIFY(f.lataa());
+        f.cUusi->click();
+        kirjoita(f.tNimi, QStringLiteral("1a"));
+        QCOMPARE(sd->messages(), QStringList(2, QStringLiteral("Ominaisuuden nimen tulee alkaa kirjaimella.")));
+        QCOMPARE(f.tNimi->text(), QStringLiteral("1a"));
+        f.cTallenna->click();
+        QCOMPARE(maara(QStringLiteral("pi WHERE piNimi = '1a'")), 1);
+        QVERIFY(!puunNimet(f.tvwPiirteet).contains(QStringLiteral("1a")));
+        QVERIFY(puunNimet(f.tvwPiirteet).contains(QStringLiteral("Alfa")));
+    }
+
+    void siirtyminenTallentaaJaKomentonappaimetVoittavat()
+    {
+        piirre(QStringLiteral("Alfa"), QStringLiteral("d"), QStringLiteral("2020-01-01"));
+        const qint64 beeta = piirre(QStringLiteral("Beeta"));
+        d->execute(QStringLiteral("UPDATE pi SET piEnbldDate = NULL WHERE piID = ?"), {beeta});
+        frmPiirre f;
+        QVERIFY(f.lataa());
+        f.show();
+        QCOMPARE(f.tNimi->text(), QStringLiteral("Alfa"));
+        QCOMPARE(f.tDate->text(), QStringLiteral("1.1.2020"));
+        korvaa(f.tNimi, QStringLiteral("Alfa 2"));
+        // Ctrl+D in a text box moves on; it does not reach the box.
+        QTest::keyClick(f.tNimi, Qt::Key_D, Qt::ControlModifier);
+        QCOMPARE(arvo(QStringLiteral("SELECT piNimi FROM pi ORDER BY piID LIMIT 1")).toString(), QStringLiteral("Alfa 2"));
+        QCOMPARE(f.tNimi->text(), QStringLiteral("Beeta"));
+        // A Null flag leaves the check box and its box as they were.
+        QVERIFY(f.chkDate->isChecked() && f.tDate->isEnabled());
+        QTest::keyClick(f.tNimi, Qt::Key_D, Qt::ControlModifier);
+        QCOMPARE(sd->beeps, 1);
+        QCOMPARE(f.tNimi->text(), QStringLiteral("Beeta"));
+        QTest::keyClick(f.tNimi, Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(f.tNimi->text(), QStringLiteral("Alfa 2"));
+        QTest::keyClick(f.tNimi, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(f.tNimi->text(), QStringLiteral("Beeta"));
+        QCOMPARE(maara(QStringLiteral("pi")), 2);
+    }
+
+    void ruksinPoistoTyhjentaaOletuksen()
+    {
+        piirre(QStringLiteral("Lisenssi"), QStringLiteral("dm"), QStringLiteral("2025-12-31"), {}, {}, QStringLiteral("LIS"));
+        frmPiirre f;
+        QVERIFY(f.lataa());
+        f.show();
+        QCOMPARE(f.tMemo->toPlainText(), QStringLiteral("LIS"));
+        QTest::mouseClick(f.chkDate, Qt::LeftButton);
+        QVERIFY(!f.tDate->isEnabled() && f.tDate->text().isEmpty());
+        f.cTallenna->click();
+        QCOMPARE(arvo(QStringLiteral("SELECT piEnbldDate FROM pi")).toInt(), 0);
+        QVERIFY(arvo(QStringLiteral("SELECT piDate FROM pi")).isNull());
+        QCOMPARE(arvo(QStringLiteral("SELECT piMemo FROM pi")).toString(), QStringLiteral("LIS"));
+    }
+
+    void peruPalauttaaJaKoskematonUusiJaaPois()
+    {
+        piirre(QStringLiteral("Alfa"));
+        frmPiirre f;
+        QVERIFY(f.lataa());
+        f.show();
+        korvaa(f.tNimi, QStringLiteral("Muutettu"));
+        QTest::keyClick(f.tNimi, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(f.tNimi->text(), QStringLiteral("Alfa"));
+        f.cUusi->click();
+        QCOMPARE(f.tNimi->text(), QString());
+        f.cPeru->click();
+        QCOMPARE(f.tNimi->text(), QStringLiteral("Alfa"));
+        f.cUusi->click();
+        f.cSeuraava->click();
+        f.close();
+        QCOMPARE(maara(QStringLiteral("pi")), 1);
+        QCOMPARE(arvo(QStringLiteral("SELECT piNimi FROM pi")).toString(), QStringLiteral("Alfa"));
+    }
+
+    void poistoKysyyJaSiivoaa()
+    {
+        const qint64 j = jasen(QStringLiteral("Virtanen"));
+        const qint64 alfa = piirre(QStringLiteral("Alfa")), beeta = piirre(QStringLiteral("Beeta"));
+        liitos(j, alfa);
+        liitos(j, beeta);
+        d->execute(QStringLiteral("INSERT INTO mt (mtpiID, mtjrID) VALUES (?, ?), (?, ?)"), {alfa, j, beeta, j});
+        frmPiirre f;
+        QVERIFY(f.lataa());
+        f.show();
+        sd->no();
+        QTest::keyClick(f.tNimi, Qt::Key_F4);
+        QCOMPARE(maara(QStringLiteral("pi")), 2);
+        QCOMPARE(maara(QStringLiteral("pt")), 2);
+        sd->yes();
+        f.cPoista->click();
+        QCOMPARE(sd->shown.last().text, QStringLiteral("Poistetaanko näytössä oleva ominaisuus?"));
+        QCOMPARE(maara(QStringLiteral("pi WHERE piID = ?"), {alfa}), 0);
+        QCOMPARE(maara(QStringLiteral("pt WHERE ptpiID = ?"), {alfa}), 0);
+        QCOMPARE(maara(QStringLiteral("mt WHERE mtpiID = ?"), {alfa}), 0);
+        QCOMPARE(maara(QStringLiteral("pt WHERE ptpiID = ?"), {beeta}), 1);
+        QCOMPARE(maara(QStringLiteral("mt WHERE mtpiID = ?"), {beeta}), 1);
+        QVERIFY(!puunNimet(f.tvwPiirteet).contains(QStringLiteral("Alfa")));
+        QCOMPARE(f.tNimi->text(), QStringLiteral("Beeta"));
+        QCOMPARE(f.windowTitle(), QStringLiteral("Vonari - Ominaisuudet - 1"));
+        sd->yes();
+        f.cPoista->click();
+        QCOMPARE(maara(QStringLiteral("pi")), 0);
+        QVERIFY(f.cUusi->isEnabled() && !f.tNimi->isEnabled() && !f.cPoista->isEnabled());
+        QVERIFY(f.tNimi->text().isEmpty());
+    }
+
+    void puustaValintaJaSiivous()
+    {
+        const qint64 j = jasen(QStringLiteral("Virtanen"));
+        piirre(QStringLiteral("Alfa"));
+        piirre(QStringLiteral("Öljy"));
+        liitos(j, 777);
+        frmPiirre f;
+        QVERIFY(f.lataa());
+        f.show();
+        korvaa(f.tKuvaus, QStringLiteral("uusi kuvaus"));
+        const auto osumat = f.tvwPiirteet->findItems(QStringLiteral("Öljy"), Qt::MatchRecursive);
+        QCOMPARE(osumat.size(), 1);
+        f.tvwPiirteet->setCurrentItem(osumat.first());
+        QCOMPARE(f.tNimi->text(), QStringLiteral("Öljy"));
+        QCOMPARE(arvo(QStringLiteral("SELECT piKuvaus FROM pi WHERE piNimi = 'Alfa'")).toString(), QStringLiteral("uusi kuvaus"));
+        f.mSiivoaVanhatOminaisuudet->trigger();
+        QCOMPARE(maara(QStringLiteral("pt")), 0);
+    }
+
+    // ---- The member window's attribute tab -------------------------------------------------
+
+    void valilehtiNayttaaJasenenPiirteet()
+    {
+        const qint64 j = jasen(QStringLiteral("Virtanen")), toinen = jasen(QStringLiteral("Laine"));
+        const qint64 lis = piirre(QStringLiteral("Lisenssi"), QStringLiteral("lr"));
+        const qint64 talk = piirre(QStringLiteral("Talkoot"), QStringLiteral("l"));
+        liitos(j, lis, 3, QStringLiteral("2020-05-05"));
+        liitos(j, 4242);
+        liitos(j, talk, 8);
+        liitos(toinen, talk, 1);
+        frmJasenOminaisuudet s;
+        s.naytaJasen(j);
+        QCOMPARE(listanTekstit(s.lstAllPt), (QStringList{QStringLiteral("Lisenssi"), QStringLiteral("Talkoot")}));
+        QCOMPARE(s.lstAllPt->currentRow(), 0);
+        QCOMPARE(s.arvot->lKuvaus->text(), QStringLiteral("Lisenssi kuvaus"));
+        QCOMPARE(s.arvot->tLong->text(), QStringLiteral("3"));
+        QVERIFY(s.arvot->lblCurrency->isEnabled() && s.arvot->tCurrency->text().isEmpty());
+        // The date is not in use: hidden from the panel, kept in the table.
+        QVERIFY(!s.arvot->lblDate->isEnabled() && s.arvot->tDate->text().isEmpty());
+        s.lstAllPt->setCurrentRow(1);
+        QCOMPARE(s.arvot->tLong->text(), QStringLiteral("8"));
+        s.naytaJasen(toinen);
+        QCOMPARE(listanTekstit(s.lstAllPt), QStringList{QStringLiteral("Talkoot")});
+        QCOMPARE(s.arvot->tLong->text(), QStringLiteral("1"));
+    }
+
+    void liittaminenOletuksineen()
+    {
+        const qint64 j = jasen(QStringLiteral("Virtanen"));
+        piirre(QStringLiteral("Bändi"), QStringLiteral("m"));
+        const qint64 kausi = piirre(QStringLiteral("Kausimaksu"), QStringLiteral("dr"), {}, {}, qlonglong(1800000));
+        frmJasenOminaisuudet s;
+        s.show();
+        s.paivitaPiirteet();
+        s.naytaJasen(j);
+        QCOMPARE(listanTekstit(s.lstAllPi), (QStringList{QStringLiteral("Bändi"), QStringLiteral("Kausimaksu")}));
+
+        s.cLisaaPiirre->click();
+        QVERIFY(!s.lstAllPi->isHidden() && s.lstAllPt->isHidden() && !s.cPoistaPiirre->isEnabled());
+        s.lstAllPi->setCurrentRow(1);
+        QCOMPARE(s.arvot->lKuvaus->text(), QStringLiteral("Kausimaksu kuvaus"));
+        s.cLisaaPiirre->click();
+        QVERIFY(s.lstAllPi->isHidden() && !s.lstAllPt->isHidden() && s.cPoistaPiirre->isEnabled());
+        QCOMPARE(maara(QStringLiteral("pt WHERE ptjrID = ? AND ptpiID = ? AND ptValCurrency = 1800000 AND ptValDate IS NULL"), {j, kausi}), 1);
+        QCOMPARE(s.arvot->tCurrency->text(), QStringLiteral("180,00"));
+        QVERIFY(s.arvot->tDate->isEnabled() && s.arvot->tDate->text().isEmpty());
+
+        // Enter in the list attaches too, and the same attribute again makes a second row.
+        s.cLisaaPiirre->click();
+        s.lstAllPi->setCurrentRow(0);
+        QTest::keyClick(s.lstAllPi, Qt::Key_Return);
+        s.cLisaaPiirre->click();
+        s.lstAllPi->setCurrentRow(0);
+        QCoreApplication::processEvents();
+        const QPoint kohta = s.lstAllPi->visualItemRect(s.lstAllPi->item(0)).center();
+        QTest::mouseClick(s.lstAllPi->viewport(), Qt::LeftButton, {}, kohta);
+        QTest::mouseDClick(s.lstAllPi->viewport(), Qt::LeftButton, {}, kohta);
+        QCOMPARE(listanTekstit(s.lstAllPt), (QStringList{QStringLiteral("Kausimaksu"), QStringLiteral("Bändi"), QStringLiteral("Bändi")}));
+        QCOMPARE(s.lstAllPt->currentRow(), 2);
+        QCOMPARE(maara(QStringLiteral("pt WHERE ptjrID = ?"), {j}), 3);
+        QCOMPARE(maara(QStringLiteral("pt WHERE ptValMemo IS NOT NULL")), 0);
+    }
+
+    void arvonMuokkausJaTallennus()
+    {
+        const qint64 j = jasen(QStringLiteral("Virtanen"));
+        const qint64 pi = piirre(QStringLiteral("Talkoot"), QStringLiteral("lm"));
+        const qint64 eka = liitos(j, pi, 1), toka = liitos(j, pi, 2);
+        frmJasenOminaisuudet s;
+        s.show();
+        QSignalSpy muutettu(&s, &frmJasenOminaisuudet::muutettu);
+        QSignalSpy perhe(&s, &frmJasenOminaisuudet::perheTallennettava);
+        s.naytaJasen(j);
+        QVERIFY(!s.piirreMuuttunut());
+
+        korvaa(s.arvot->tLong, QStringLiteral("x"));
+        QTest::keyClick(s.arvot->tLong, Qt::Key_Return);
+        QCOMPARE(sd->beeps, 1);
+        QVERIFY(s.arvot->tLong->text().isEmpty());
+        QVERIFY(s.piirreMuuttunut());
+        QVERIFY(muutettu.count() > 0);
+        kirjoita(s.arvot->tLong, QStringLiteral("12"));
+        kirjoita(s.arvot->tMemo, QStringLiteral("O'Connor; --"));
+        // Moving to another row stores the pending value first, then asks for the family store.
+        s.lstAllPt->setCurrentRow(1);
+        QVERIFY(!s.piirreMuuttunut());
+        QCOMPARE(perhe.count(), 1);
+        QCOMPARE(arvo(QStringLiteral("SELECT ptValLong FROM pt WHERE ptID = ?"), {eka}).toLongLong(), 12);
+        QCOMPARE(arvo(QStringLiteral("SELECT ptValMemo FROM pt WHERE ptID = ?"), {eka}).toString(), QStringLiteral("O'Connor; --"));
+        QCOMPARE(s.arvot->tLong->text(), QStringLiteral("2"));
+
+        korvaa(s.arvot->tLong, QStringLiteral("5"));
+        s.peruPiirre();
+        QCOMPARE(s.arvot->tLong->text(), QStringLiteral("2"));
+        korvaa(s.arvot->tLong, QStringLiteral("abc"));
+        QVERIFY(s.tallennaPiirre());
+        QVERIFY(arvo(QStringLiteral("SELECT ptValLong FROM pt WHERE ptID = ?"), {toka}).isNull());
+        QVERIFY(s.arvot->tLong->text().isEmpty());
+    }
+
+    void liitoksenPoisto()
+    {
+        const qint64 j = jasen(QStringLiteral("Virtanen"));
+        const qint64 a = piirre(QStringLiteral("Alfa"), QStringLiteral("l")), b = piirre(QStringLiteral("Beeta"), QStringLiteral("l"));
+        liitos(j, a, 1);
+        liitos(j, b, 2);
+        frmJasenOminaisuudet s;
+        s.show();
+        s.naytaJasen(j);
+        s.lstAllPt->setCurrentRow(1);
+        sd->no();
+        s.cPoistaPiirre->click();
+        QCOMPARE(sd->shown.last().text, QStringLiteral("Poistetaanko valittu ominaisuus?"));
+        QCOMPARE(maara(QStringLiteral("pt")), 2);
+        QCOMPARE(s.lstAllPt->count(), 2);
+        sd->yes();
+        s.cPoistaPiirre->click();
+        QCOMPARE(maara(QStringLiteral("pt WHERE ptpiID = ?"), {b}), 0);
+        QCOMPARE(listanTekstit(s.lstAllPt), QStringList{QStringLiteral("Alfa")});
+        QCOMPARE(s.lstAllPt->currentRow(), 0);
+        QCOMPARE(s.arvot->tLong->text(), QStringLiteral("1"));
+    }
+
+    void nimetonMaaritysPoistuuListaltaAvattaessa()
+    {
+        d->execute(QStringLiteral("INSERT INTO pi (piNimi) VALUES (NULL)"));
+        piirre(QStringLiteral("Alfa"));
+        frmJasenOminaisuudet s;
+        s.paivitaPiirteet();
+        QCOMPARE(listanTekstit(s.lstAllPi), QStringList{QStringLiteral("Alfa")});
+        QCOMPARE(maara(QStringLiteral("pi")), 1);
+    }
+
+    // ---- Bulk dialogs ----------------------------------------------------------------------
+
+    void moniliitos()
+    {
+        jasen(QVariant());
+        const qint64 a = jasen(QStringLiteral("Aalto")), b = jasen(QStringLiteral("Öhman"));
+        const qint64 pi = piirre(QStringLiteral("Kausi"), QStringLiteral("l"), {}, qlonglong(5));
+        frmMoniliitos f;
+        QCOMPARE(f.windowTitle(), QStringLiteral("Vonari - Moniliitos"));
+        QCOMPARE(f.lstJR->model()->rowCount(), 2);
+        QCOMPARE(maara(QStringLiteral("jr")), 2);
+        f.cLisaa->click();
+        QCOMPARE(sd->messages().last(), QStringLiteral("Valitse ominaisuus ennen lisäystä!"));
+
+        f.pohja->lstAllPt->setCurrentRow(0);
+        QCOMPARE(f.pohja->arvot->tLong->text(), QStringLiteral("5"));
+        f.cLisaa->click();
+        QCOMPARE(sd->messages().last(), QStringLiteral("Ominaisuus lisätty!"));
+        QCOMPARE(maara(QStringLiteral("pt")), 0);
+
+        f.lstJR->selectionModel()->select(f.lstJR->model()->index(1, 0), QItemSelectionModel::Select);
+        f.cLisaa->click();
+        QCOMPARE(maara(QStringLiteral("pt WHERE ptjrID = ? AND ptValLong = 5"), {b}), 1);
+
+        f.cValitseKaikki->click();
+        f.pohja->chkEstaToistot->setChecked(true);
+        f.cLisaa->click();
+        QCOMPARE(maara(QStringLiteral("pt WHERE ptjrID = ?"), {a}), 1);
+        QCOMPARE(maara(QStringLiteral("pt WHERE ptjrID = ?"), {b}), 1);
+        f.cEiValintoja->click();
+        QVERIFY(f.lstJR->selectionModel()->selectedIndexes().isEmpty());
+        QCOMPARE(maara(QStringLiteral("pt WHERE ptpiID = ?"), {pi}), 2);
+    }
+
+    void lisaysSyntymapaivanPerusteella()
+    {
+        jasen(QStringLiteral("Aalto"), QStringLiteral("1980-01-01"));
+        jasen(QStringLiteral("Berg"), QStringLiteral("1990-06-15"));
+        jasen(QStringLiteral("Cedar"));
+        const qint64 pi = piirre(QStringLiteral("Juniori"), QStringLiteral("l"));
+        frmOminLisaysSP f;
+        QCOMPARE(f.windowTitle(), QStringLiteral("Vonari - Ominaisuuden lisäys syntymäpäivän perusteella"));
+        f.cLisaa->click();
+        f.pohja->lstAllPt->setCurrentRow(0);
+        f.cLisaa->click();
+        kirjoita(f.tVanhin, QStringLiteral("eilen"));
+        QTest::keyClick(f.tVanhin, Qt::Key_Return);
+        QCOMPARE(sd->beeps, 1);
+        QVERIFY(f.tVanhin->text().isEmpty());
+        kirjoita(f.tVanhin, QStringLiteral("2000-01-01"));
+        QTest::keyClick(f.tVanhin, Qt::Key_Return);
+        QCOMPARE(f.tVanhin->text(), QStringLiteral("1.1.2000"));
+        f.cLisaa->click();
+        korvaa(f.tVanhin, QStringLiteral("15.6.1990"));
+        kirjoita(f.tNuorin, QStringLiteral("15.6.1990"));
+        kirjoita(f.pohja->arvot->tLong, QStringLiteral("x"));
+        f.cLisaa->click();
+        QCOMPARE(f.pohja->arvot->tLong->text(), QString()); // refused at the write
+        f.tVanhin->clear();
+        f.pohja->chkEstaToistot->setChecked(true);
+        f.cLisaa->click();
+        QCOMPARE(sd->messages(), (QStringList{QStringLiteral("Ominaisuutta ei ole valittuna luettelosta - ominaisuuksia ei lisätä."),
+                                              QStringLiteral("Päivämäärärajoja ei ole asetettu - ominaisuuksia ei lisätä."),
+                                              QStringLiteral("Ominaisuutta ei yhdellekään jäsenelle."),
+                                              QStringLiteral("Ominaisuus lisättiin yhdelle jäsenelle."),
+                                              QStringLiteral("Ominaisuus lisättiin yhdelle jäsenelle.")}));
+        QCOMPARE(maara(QStringLiteral("pt WHERE ptpiID = ? AND ptValLong IS NULL"), {pi}), 2);
+        f.pohja->chkEstaToistot->setChecked(false);
+        f.cLisaa->click();
+        QCOMPARE(sd->messages().last(), QStringLiteral("Ominaisuus lisättiin 2 jäsenelle."));
+    }
+
+    void ominaisuudenPoisto()
+    {
+        const qint64 a = jasen(QStringLiteral("Aalto")), b = jasen(QStringLiteral("Berg"));
+        const qint64 ehto = piirre(QStringLiteral("Eronnut")), pois = piirre(QStringLiteral("Hallitus"));
+        liitos(a, ehto);
+        liitos(a, pois);
+        liitos(b, pois);
+        frmOminaisuudenPoisto f;
+        QCOMPARE(f.windowTitle(), QStringLiteral("Vonari - Ominaisuuden poisto"));
+        QCOMPARE(f.cmbPoistettava->itemText(0), QStringLiteral(" - "));
+        QCOMPARE(f.cmbPoistoEhto->count(), 3);
+        f.cmbPoistettava->setCurrentIndex(2);
+        f.cDelete->click();
+        QCOMPARE(sd->messages().last(), QStringLiteral("Valitse poistettava ominaisuus ja ehto poistolle. Toiminto keskeytetty."));
+        QCOMPARE(maara(QStringLiteral("pt")), 3);
+        f.cmbPoistoEhto->setCurrentIndex(1);
+        f.cDelete->click();
+        QCOMPARE(sd->messages().last(), QStringLiteral("Valmis: poistettu 1 jäseneltä."));
+        QCOMPARE(maara(QStringLiteral("pt WHERE ptpiID = ?"), {pois}), 1);
+        QCOMPARE(maara(QStringLiteral("pt WHERE ptpiID = ? AND ptjrID = ?"), {pois, b}), 1);
+    }
+
+    void ominaisuudenYhdistaminen()
+    {
+        const qint64 a = jasen(QStringLiteral("Aalto"));
+        const qint64 vanha = piirre(QStringLiteral("Juniorit")), uusi = piirre(QStringLiteral("Nuoret"));
+        liitos(a, vanha, 12);
+        liitos(a, uusi);
+        frmOminaisuudenYhdistaminen f;
+        QCOMPARE(f.windowTitle(), QStringLiteral("Vonari - Ominaisuuden yhdistäminen"));
+        f.cCombine->click();
+        QCOMPARE(sd->messages().last(),
+                 QStringLiteral("Valitse yhdistettävä ominaisuus ja ominaisuus johon yhdistetään. Toiminto keskeytetty."));
+        f.cmbYhdistettava->setCurrentIndex(1);
+        f.cmbYhdistetaan->setCurrentIndex(2);
+        f.cCombine->click();
+        QCOMPARE(sd->messages().last(), QStringLiteral("Valmis."));
+        QCOMPARE(maara(QStringLiteral("pt WHERE ptpiID = ?"), {uusi}), 2);
+        QCOMPARE(maara(QStringLiteral("pt WHERE ptpiID = ? AND ptValLong = 12"), {uusi}), 1);
+        QCOMPARE(maara(QStringLiteral("pi")), 2);
+    }
+
+private:
+    static bool IsTopLevel()
+    {
+        for (QWidget *w : QApplication::topLevelWidgets())
+            if (w->objectName() == QLatin1String("frmPiirre"))
+                return true;
+        return false;
+    }
+};
+
+QTEST_MAIN(tst_frmpiirre)
+#include "tst_frmpiirre.moc"

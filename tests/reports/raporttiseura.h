@@ -1,0 +1,81 @@
+// A club for the report tests and benchmarks: an upgraded database with members whose names,
+// addresses and dates are known, so that a test can tell which rows a report must show.
+#pragma once
+
+#include "core/Malli.h"
+#include "core/UpdateDatabase.h"
+#include "platform/database.h"
+
+#include <QDate>
+#include <QStringList>
+
+struct TestiJasen {
+    QString sukunimi, etunimi, osoite, postinumero, toimipaikka, puhelin, jasennumero;
+    QVariant jasenmaksu = true; // Null allowed
+    QDate syntyma = {};
+    QString maa = {};
+};
+
+// The template and the upgrade at `polku`.
+inline std::unique_ptr<db::Database> LuoTyhjaSeura(const QString &polku)
+{
+    LuoMalliTietokanta(polku);
+    auto d = db::Database::open(polku);
+    UpdateDatabase(*d);
+    return d;
+}
+
+inline qint64 LisaaJasen(db::Database &d, const TestiJasen &j)
+{
+    d.execute(QStringLiteral("INSERT INTO jr (jrSukunimi, jrEtunimi, jrOsoite, jrPostinumero, jrPostitoimipaikka, jrPuhelin, "
+                             "jrJasennumero, jrJasenmaksu, jrSyntyma, jrMaa) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+              {j.sukunimi, j.etunimi, j.osoite, j.postinumero, j.toimipaikka, j.puhelin, j.jasennumero, j.jasenmaksu,
+               j.syntyma.isValid() ? QVariant(j.syntyma.toString(Qt::ISODate)) : QVariant(), j.maa.isEmpty() ? QVariant() : QVariant(j.maa)});
+    return d.lastInsertId();
+}
+
+// Member i of a generated club: surnames, first names and streets go round lists of different
+// lengths, so every combination is believable and the same i always gives the same member.
+inline TestiJasen GeneroituJasen(int i)
+{
+    static const QStringList suku = {QStringLiteral("Virtanen"), QStringLiteral("Korhonen"), QStringLiteral("Mäkinen"),
+                                     QStringLiteral("Nieminen"), QStringLiteral("Hämäläinen"), QStringLiteral("Laine"),
+                                     QStringLiteral("Heikkinen"), QStringLiteral("Koskinen"), QStringLiteral("Järvinen"),
+                                     QStringLiteral("Lehtonen"), QStringLiteral("Saarinen"), QStringLiteral("Salminen"),
+                                     QStringLiteral("Öhman"), QStringLiteral("Åberg"), QStringLiteral("Ahonen"),
+                                     QStringLiteral("Zetterberg"), QStringLiteral("Ääritalo"), QStringLiteral("Väisänen"),
+                                     QStringLiteral("Turunen"), QStringLiteral("Rantanen"), QStringLiteral("Ojala"),
+                                     QStringLiteral("Kinnunen"), QStringLiteral("Lindqvist")};
+    static const QStringList etu = {QStringLiteral("Aino"),  QStringLiteral("Eero"),   QStringLiteral("Helmi"),
+                                    QStringLiteral("Juha"),  QStringLiteral("Kaisa"),  QStringLiteral("Lauri"),
+                                    QStringLiteral("Maija"), QStringLiteral("Onni"),   QStringLiteral("Pirjo"),
+                                    QStringLiteral("Sami"),  QStringLiteral("Tuula"),  QStringLiteral("Väinö"),
+                                    QStringLiteral("Ilona"), QStringLiteral("Matti"),  QStringLiteral("Elina"),
+                                    QStringLiteral("Ville"), QStringLiteral("Anneli")};
+    static const QStringList kadut = {QStringLiteral("Koulukatu"), QStringLiteral("Rantatie"), QStringLiteral("Mäntypolku"),
+                                      QStringLiteral("Kirkkokatu"), QStringLiteral("Pajakuja"), QStringLiteral("Harjutie"),
+                                      QStringLiteral("Satamakatu")};
+    static const QStringList paikat = {QStringLiteral("00100 Helsinki"), QStringLiteral("33100 Tampere"),
+                                       QStringLiteral("20100 Turku"), QStringLiteral("90100 Oulu"),
+                                       QStringLiteral("40100 Jyväskylä"), QStringLiteral("70100 Kuopio")};
+    TestiJasen j;
+    j.sukunimi = suku[i % suku.size()];
+    j.etunimi = etu[(i * 7) % etu.size()];
+    j.osoite = QStringLiteral("%1 %2").arg(kadut[i % kadut.size()]).arg(1 + i % 47);
+    const QString paikka = paikat[(i / 3) % paikat.size()];
+    j.postinumero = paikka.left(5);
+    j.toimipaikka = paikka.mid(6);
+    j.puhelin = QStringLiteral("040 %1").arg(1000000 + i * 37 % 8999999);
+    j.jasennumero = QString::number(i + 1);
+    j.jasenmaksu = i % 4 != 0;
+    j.syntyma = QDate(1940 + i % 60, 1 + i % 12, 1 + i % 28);
+    return j;
+}
+
+inline void LisaaGeneroidut(db::Database &d, int maara)
+{
+    db::Transaction t(d);
+    for (int i = 0; i < maara; ++i)
+        LisaaJasen(d, GeneroituJasen(i));
+    t.commit();
+}

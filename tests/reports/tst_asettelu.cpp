@@ -1,0 +1,537 @@
+// Laid-out reports: which rows land on which page, in which order, with which headings and
+// sums; label sheets; section fonts; definition faults told by file and item; one PDF read back.
+#include "raporttiseura.h"
+#include "reports/Asettelu.h"
+#include "reports/Piirto.h"
+#include "reports/Raporttiajo.h"
+#include "reports/RaporttiVirhe.h"
+#include "seurat.h"
+#include "testenv.h"
+
+#include <QCollator>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+double mm(double x) { return x * yksikko::TwipsiaMillilla; }
+
+QString nimi(const TestiJasen &j) { return j.sukunimi + u' ' + j.etunimi; }
+
+struct Ajo {
+    QString tietokanta = {}, raportti = {}, valinta = {};
+    QStringList lajittelut = {}, kaavat = {}, osiofontit = {};
+};
+
+Asiakirja laadi(const Ajo &a)
+{
+    Raporttiajo r;
+    r.ResetReportFormulas(a.tietokanta);
+    r.ReportFileName = a.raportti;
+    r.SelectionFormula = a.valinta;
+    for (int i = 0; i < a.lajittelut.size(); ++i)
+        r.SortFields[i] = a.lajittelut[i];
+    for (int i = 0; i < a.kaavat.size(); ++i)
+        r.Formulas[i] = a.kaavat[i];
+    for (int i = 0; i < a.osiofontit.size(); ++i)
+        r.SectionFont[i] = a.osiofontit[i];
+    return r.Laadi();
+}
+
+// The texts of a page that are names of the given members, in reading order.
+QStringList nimetSivulla(const Asiakirja &d, int sivu, const QSet<QString> &nimet)
+{
+    QStringList t;
+    for (const QString &s : d.tekstit(sivu))
+        if (nimet.contains(s))
+            t << s;
+    return t;
+}
+
+QString kirjoita(const QString &polku, const QByteArray &sisalto)
+{
+    QFile f(polku);
+    if (!f.open(QIODevice::WriteOnly))
+        qFatal("cannot write %s", qPrintable(polku));
+    f.write(sisalto);
+    return polku;
+}
+
+// Invoices by member: one group per member with the member's name in its header and the sum of
+// the member's invoices in its footer, the footer kept at the bottom of each member's page.
+const QByteArray LaskutRyhmittain = R"xml(<?xml version="1.0" encoding="UTF-8"?>
+<raportti nimi="Laskut jäsenittäin">
+  <sivu koko="A4" vasen="20" oikea="20" yla="20" ala="20"/>
+  <lahde taulu="jmhist">
+    <liitos taulu="jr" ehto="{jr.jrID} = {jmhist.jmhjmjrID}" tapa="sisa"/>
+  </lahde>
+  <jarjestys>+{jmhist.jmhjmLaskunumero}</jarjestys>
+  <ryhma lauseke="{jr.jrSukunimi}" uusisivu="kyllä">
+    <otsikko korkeus="8"><teksti x="0" y="0" leveys="170" korkeus="6" lauseke="{jr.jrSukunimi} + ' ' + ToText(Count()) + ' kpl'"/></otsikko>
+    <alatunniste korkeus="10" alaosaan="kyllä">
+      <teksti x="0" y="0" leveys="170" korkeus="6" lauseke="'Yhteensä ' + Raha(Sum({jmhist.jmhjmHinta}))"/>
+    </alatunniste>
+  </ryhma>
+  <rivi korkeus="6">
+    <teksti x="0" y="0" leveys="40" korkeus="5" lauseke="{jmhist.jmhjmLaskunumero}"/>
+    <teksti x="100" y="0" leveys="30" korkeus="5" tasaus="oikea" muoto="raha" lauseke="{jmhist.jmhjmHinta}"/>
+  </rivi>
+  <raporttialatunniste korkeus="8">
+    <teksti x="0" y="0" leveys="170" korkeus="6" lauseke="'Kaikki yhteensä ' + Raha(Sum({jmhist.jmhjmHinta}))"/>
+  </raporttialatunniste>
+  <sivualatunniste korkeus="6">
+    <teksti x="0" y="0" leveys="170" korkeus="5" lauseke="'sivu ' + ToText(PageNumber) + ' / ' + ToText(TotalPages)"/>
+  </sivualatunniste>
+</raportti>
+)xml";
+
+void lisaaLasku(db::Database &d, qint64 jasen, int numero, const QString &hinta)
+{
+    d.execute(u"INSERT INTO jmhist (jmhjmjrID, jmhjmLaskunumero, jmhjmHinta, jmhjmMaksettu) VALUES (?, ?, ?, 0)"_s,
+              {jasen, numero, Currency::parse(hinta)->toVariant()});
+}
+
+} // namespace
+
+class TestAsettelu : public QObject {
+    Q_OBJECT
+
+private slots:
+    void jasenluetteloJakautuuSivuille()
+    {
+        TestEnv env;
+        const QString kanta = env.path(u"seura.mdb"_s);
+        auto d = LuoTyhjaSeura(kanta);
+        LisaaGeneroidut(*d, 120);
+        QSet<QString> nimet;
+        for (int i = 0; i < 120; ++i)
+            nimet << nimi(GeneroituJasen(i));
+        QCOMPARE(nimet.size(), 120);
+
+        const Asiakirja doc = laadi({kanta, u"jrluetlo"_s, {}, {}, {u"Seurannimi= 'Kyläseura'"_s}});
+        QCOMPARE(doc.riveja, 120);
+        const int sivuja = int(doc.sivut.size());
+        QCOMPARE(sivuja, 3);
+
+        QStringList kaikki;
+        for (int s = 0; s < sivuja; ++s) {
+            const QStringList t = doc.tekstit(s);
+            QVERIFY2(t.contains(u"sivu %1 / %2"_s.arg(s + 1).arg(sivuja)), qPrintable(t.join(u'|')));
+            QVERIFY(t.contains(u"Nimi"_s)); // the column headings repeat on every page
+            QCOMPARE(t.contains(u"Kyläseura"_s), s == 0);
+            QCOMPARE(t.contains(u"Jäseniä yhteensä: 120"_s), s == sivuja - 1);
+            const QStringList sivulla = nimetSivulla(doc, s, nimet);
+            QVERIFY(sivulla.size() > 20);
+            kaikki += sivulla;
+            for (const Tulostekohde &k : doc.sivut[size_t(s)].kohteet)
+                QVERIFY2(k.alue.bottom() <= doc.koko.height() - mm(10) + 1 && k.alue.top() >= mm(12) - 1,
+                         qPrintable(k.teksti));
+        }
+        QCOMPARE(kaikki.size(), 120);
+        QCOMPARE(QSet<QString>(kaikki.begin(), kaikki.end()), nimet);
+
+        // Finnish order: Å, Ä and Ö after Z, case and accents aside.
+        QCollator fi(QLocale(QLocale::Finnish, QLocale::Finland));
+        fi.setCaseSensitivity(Qt::CaseInsensitive);
+        for (int i = 1; i < kaikki.size(); ++i)
+            QVERIFY2(fi.compare(kaikki[i - 1], kaikki[i]) <= 0, qPrintable(kaikki[i - 1] + u" > "_s + kaikki[i]));
+        auto ensimmainen = [&](const QString &suku) {
+            for (int i = 0; i < kaikki.size(); ++i)
+                if (kaikki[i].startsWith(suku + u' '))
+                    return i;
+            return -1;
+        };
+        QVERIFY(ensimmainen(u"Zetterberg"_s) < ensimmainen(u"Åberg"_s));
+        QVERIFY(ensimmainen(u"Åberg"_s) < ensimmainen(u"Ääritalo"_s));
+        QVERIFY(ensimmainen(u"Ääritalo"_s) < ensimmainen(u"Öhman"_s));
+        QCOMPARE(ensimmainen(u"Ahonen"_s), 0);
+    }
+
+    void valintaLajittelu_ja_kaavat()
+    {
+        TestEnv env;
+        const QString kanta = env.path(u"seura.mdb"_s);
+        auto d = LuoTyhjaSeura(kanta);
+        LisaaGeneroidut(*d, 40);
+        // Not paid: every fourth generated member; printed youngest first.
+        const Asiakirja doc = laadi({kanta, u"jrluetlo.rpt"_s, u"{jr.jrJasenmaksu} = False"_s, {u"-{jr.jrSyntyma}"_s},
+                                     {u"Otsake= 'Maksamatta'"_s, u"Otsake2= \"Jäsenmaksu maksamatta JA O'Brienin lista\""_s}});
+        QStringList odotetut;
+        QVector<QPair<QDate, QString>> v;
+        for (int i = 0; i < 40; i += 4)
+            v << qMakePair(GeneroituJasen(i).syntyma, nimi(GeneroituJasen(i)));
+        std::sort(v.begin(), v.end(), [](auto &a, auto &b) { return a.first > b.first; });
+        for (auto &p : v)
+            odotetut << p.second;
+        QCOMPARE(nimetSivulla(doc, 0, QSet<QString>(odotetut.begin(), odotetut.end())), odotetut);
+        const QStringList t = doc.tekstit(0);
+        QVERIFY(t.contains(u"Maksamatta"_s));
+        QVERIFY(t.contains(u"Jäsenmaksu maksamatta JA O'Brienin lista"_s));
+        QVERIFY(t.contains(u"Jäseniä yhteensä: 10"_s));
+    }
+
+    void tarratArkille()
+    {
+        TestEnv env;
+        const QString kanta = env.path(u"seura.mdb"_s);
+        auto d = LuoTyhjaSeura(kanta);
+        LisaaGeneroidut(*d, 50);
+        TestiJasen ulkomainen = GeneroituJasen(50);
+        ulkomainen.sukunimi = u"Zyskowski"_s;
+        ulkomainen.maa = u"Puola"_s;
+        LisaaJasen(*d, ulkomainen);
+        const Asiakirja doc = laadi({kanta, u"jrosoite"_s});
+        QCOMPARE(int(doc.sivut.size()), 3);
+        QSet<QString> nimet;
+        for (int i = 0; i < 50; ++i)
+            nimet << GeneroituJasen(i).etunimi + u' ' + GeneroituJasen(i).sukunimi;
+        nimet << ulkomainen.etunimi + u' ' + ulkomainen.sukunimi;
+        const int odotetut[] = {24, 24, 3};
+        for (int s = 0; s < 3; ++s) {
+            QSet<int> sarakkeet, rivit;
+            int tarroja = 0;
+            for (const Tulostekohde *k : doc.tekstikohteet(s)) {
+                // Every line stays inside its own 70 × 37 mm label.
+                const int sarake = int(k->alue.left() / mm(70)), rivi = int((k->alue.top() - mm(0.5)) / mm(37));
+                QVERIFY(k->alue.right() <= mm(70) * (sarake + 1) + 1);
+                QVERIFY(k->alue.bottom() <= mm(0.5) + mm(37) * (rivi + 1) + 1);
+                if (nimet.contains(k->teksti)) {
+                    ++tarroja;
+                    sarakkeet << sarake;
+                    rivit << rivi;
+                }
+            }
+            QCOMPARE(tarroja, odotetut[s]);
+            if (s == 0) {
+                QCOMPARE(sarakkeet, (QSet<int>{0, 1, 2}));
+                QCOMPARE(rivit.size(), 8);
+            }
+        }
+        // A member abroad gets the country on the last line of the label.
+        const QString ulkoNimi = ulkomainen.etunimi + u" Zyskowski"_s;
+        QStringList tarra;
+        for (int s = 0; s < 3; ++s) {
+            QRectF solu;
+            for (const Tulostekohde *k : doc.tekstikohteet(s))
+                if (k->teksti == ulkoNimi)
+                    solu = QRectF(mm(70) * int(k->alue.left() / mm(70)), mm(0.5) + mm(37) * int((k->alue.top() - mm(0.5)) / mm(37)),
+                                  mm(70), mm(37));
+            for (const Tulostekohde *k : doc.tekstikohteet(s))
+                if (solu.contains(k->alue))
+                    tarra << k->teksti;
+        }
+        QCOMPARE(tarra, (QStringList{ulkoNimi, ulkomainen.osoite, ulkomainen.postinumero + u' ' + ulkomainen.toimipaikka, u"PUOLA"_s}));
+    }
+
+    void ryhmat_summat_ja_sivunvaihdot()
+    {
+        TestEnv env;
+        const QString kanta = env.path(u"seura.mdb"_s);
+        auto d = LuoTyhjaSeura(kanta);
+        TestiJasen a = GeneroituJasen(0), b = GeneroituJasen(1);
+        a.sukunimi = u"Aalto"_s;
+        b.sukunimi = u"Björk"_s;
+        const qint64 ia = LisaaJasen(*d, a), ib = LisaaJasen(*d, b);
+        lisaaLasku(*d, ib, 1001, u"10,00"_s);
+        lisaaLasku(*d, ia, 1002, u"20,50"_s);
+        lisaaLasku(*d, ib, 1003, u"5,25"_s);
+        lisaaLasku(*d, ia, 1004, u"15"_s);
+        lisaaLasku(*d, ib, 1005, u"0,05"_s);
+        const QString maaritys = kirjoita(env.path(u"laskut.rpt"_s), LaskutRyhmittain);
+        const Asiakirja doc = laadi({kanta, maaritys});
+        // A footer kept at the foot of the page fills the page: the report's total comes after.
+        QCOMPARE(int(doc.sivut.size()), 3);
+        QCOMPARE(doc.tekstit(0), (QStringList{u"Aalto 2 kpl"_s, u"1002"_s, u"20,50"_s, u"1004"_s, u"15,00"_s,
+                                              u"Yhteensä 35,50"_s, u"sivu 1 / 3"_s}));
+        QCOMPARE(doc.tekstit(1), (QStringList{u"Björk 3 kpl"_s, u"1001"_s, u"10,00"_s, u"1003"_s, u"5,25"_s, u"1005"_s,
+                                              u"0,05"_s, u"Yhteensä 15,30"_s, u"sivu 2 / 3"_s}));
+        QCOMPARE(doc.tekstit(2), (QStringList{u"Kaikki yhteensä 50,80"_s, u"sivu 3 / 3"_s}));
+        // The footer of a group stands at the foot of the page, right above the page footer.
+        for (const Tulostekohde *k : doc.tekstikohteet(0))
+            if (k->teksti.startsWith(u"Yhteensä"_s))
+                QCOMPARE(qRound(k->alue.top()), qRound(doc.koko.height() - mm(20) - mm(6) - mm(10)));
+    }
+
+    void pitkaTekstiJatkuuSeuraavalleSivulle()
+    {
+        TestEnv env;
+        const QString kanta = env.path(u"seura.mdb"_s);
+        auto d = LuoTyhjaSeura(kanta);
+        QStringList rivit;
+        for (int i = 1; i <= 150; ++i)
+            rivit << u"Rivi %1 rekisteritiedoista"_s.arg(i);
+        d->execute(u"INSERT INTO Rekisteritiedot (jrID, Tiedot) VALUES (1, ?)"_s, {rivit.join(u'\n')});
+        const QString maaritys = kirjoita(env.path(u"tiedot.rpt"_s), R"xml(<raportti>
+  <lahde taulu="Rekisteritiedot"/>
+  <rivi korkeus="10"><teksti x="0" y="2" leveys="100" korkeus="5" kasvaa="kyllä" lauseke="{Rekisteritiedot.Tiedot}"/></rivi>
+</raportti>)xml");
+        const Asiakirja doc = laadi({kanta, maaritys});
+        QVERIFY(doc.sivut.size() >= 2);
+        QStringList luetut;
+        for (int s = 0; s < int(doc.sivut.size()); ++s)
+            luetut += doc.tekstit(s);
+        QCOMPARE(luetut, rivit); // every line once, in order, none cut off
+    }
+
+    // One table twice under two names (the head of a family and its members), items and bands
+    // shown only when their condition holds, and margins handed in at run time.
+    void aliasNakyvyysJaMarginaalit()
+    {
+        TestEnv env;
+        const QString kanta = env.path(u"seura.mdb"_s);
+        auto d = LuoTyhjaSeura(kanta);
+        TestiJasen paa = GeneroituJasen(0), puoliso = GeneroituJasen(1), lapsi = GeneroituJasen(2), yksin = GeneroituJasen(3);
+        paa.sukunimi = u"Aalto"_s;
+        paa.jasenmaksu = false;
+        const qint64 ip = LisaaJasen(*d, paa), is = LisaaJasen(*d, puoliso), il = LisaaJasen(*d, lapsi);
+        LisaaJasen(*d, yksin);
+        d->execute(u"INSERT INTO jrPerhe (jrPMID, jrPSubID) VALUES (?, ?), (?, ?)"_s, {ip, is, ip, il});
+        const QString maaritys = kirjoita(env.path(u"perheet.rpt"_s), R"xml(<raportti>
+  <sivu vasen="20" yla="20"/>
+  <lahde taulu="jr">
+    <liitos taulu="jrPerhe" ehto="{jrPerhe.jrPMID} = {jr.jrID}" tapa="sisa"/>
+    <liitos taulu="jr" nimi="jasen" ehto="{jasen.jrID} = {jrPerhe.jrPSubID}"/>
+  </lahde>
+  <jarjestys>+{jasen.jrID}</jarjestys>
+  <ryhma lauseke="{jr.jrID}">
+    <otsikko korkeus="6">
+      <teksti x="0" y="0" leveys="80" korkeus="5" lauseke="{jr.jrSukunimi}"/>
+      <teksti x="90" y="0" leveys="40" korkeus="5" nakyy="not {jr.jrJasenmaksu}">maksamatta</teksti>
+    </otsikko>
+  </ryhma>
+  <rivi korkeus="5" nakyy="{jasen.jrID} &lt;&gt; 0">
+    <teksti x="10" y="0" leveys="80" korkeus="5" lauseke="{jasen.jrEtunimi}"/>
+  </rivi>
+</raportti>)xml");
+        Ajo ajo{kanta, maaritys};
+        Asiakirja doc = laadi(ajo);
+        QCOMPARE(doc.tekstit(0), (QStringList{u"Aalto"_s, u"maksamatta"_s, puoliso.etunimi, lapsi.etunimi}));
+        const auto kohteet = doc.tekstikohteet(0);
+        QCOMPARE(qRound(kohteet[0]->alue.left()), qRound(mm(20)));
+        QCOMPARE(qRound(kohteet[0]->alue.top()), qRound(mm(20)));
+
+        // The settings' margins arrive multiplied by 48 (twips); 0 keeps the report's own.
+        Raporttiajo r;
+        r.ResetReportFormulas(kanta);
+        r.ReportFileName = maaritys;
+        r.MarginLeft = 10 * 48;
+        doc = r.Laadi();
+        QCOMPARE(qRound(doc.tekstikohteet(0)[0]->alue.left()), 480);
+        QCOMPARE(qRound(doc.tekstikohteet(0)[0]->alue.top()), qRound(mm(20)));
+    }
+
+    // Images from the program's folder, boxes, and barcode and QR items keep their places and
+    // contents on the page and in the PDF.
+    void kuvatLaatikotJaKoodit()
+    {
+        TestEnv env;
+        const QString kanta = env.path(u"seura.mdb"_s);
+        auto d = LuoTyhjaSeura(kanta);
+        LisaaGeneroidut(*d, 1);
+        QDir().mkpath(env.programFolder());
+        QImage logo(40, 20, QImage::Format_RGB32);
+        logo.fill(Qt::darkBlue);
+        QVERIFY(logo.save(env.programFolder() + u"/logo.png"_s));
+        const QString maaritys = kirjoita(env.path(u"kortti.rpt"_s),
+            "<raportti>\n"
+            "  <sivu vasen=\"10\" yla=\"10\"/>\n"
+            "  <lahde taulu=\"jr\"/>\n"
+            "  <rivi korkeus=\"60\">\n"
+            "    <kuva x=\"0\" y=\"0\" leveys=\"20\" korkeus=\"10\" tiedosto=\"logo.png\"/>\n"
+            "    <laatikko x=\"0\" y=\"12\" leveys=\"85\" korkeus=\"54\" paksuus=\"1\" tausta=\"#f0f0f0\"/>\n"
+            "    <viivakoodi x=\"5\" y=\"40\" leveys=\"60\" korkeus=\"10\" lauseke=\"'4' + {jr.jrJasennumero}\"/>\n"
+            "    <qr x=\"65\" y=\"40\" leveys=\"15\" korkeus=\"15\" lauseke=\"{jr.jrSukunimi}\"/>\n"
+            "  </rivi>\n"
+            "</raportti>\n");
+        const Asiakirja doc = laadi({kanta, maaritys});
+        const auto &kohteet = doc.sivut.at(0).kohteet;
+        QCOMPARE(int(kohteet.size()), 4);
+        QCOMPARE(kohteet[0].laji, KohdeLaji::Kuva);
+        QVERIFY(kohteet[0].teksti.endsWith(u"/logo.png"_s));
+        QCOMPARE(kohteet[0].alue.toRect(), QRectF(mm(10), mm(10), mm(20), mm(10)).toRect());
+        QCOMPARE(kohteet[1].laji, KohdeLaji::Laatikko);
+        QCOMPARE(kohteet[1].tausta, qRgb(0xf0, 0xf0, 0xf0));
+        QCOMPARE(kohteet[2].laji, KohdeLaji::Viivakoodi);
+        QCOMPARE(kohteet[2].teksti, u"41"_s);
+        QCOMPARE(kohteet[3].laji, KohdeLaji::QrKoodi);
+        QCOMPARE(kohteet[3].teksti, GeneroituJasen(0).sukunimi);
+        const QString pdf = env.path(u"kortti.pdf"_s);
+        KirjoitaPdf(doc, pdf);
+        QVERIFY(QFileInfo(pdf).size() > 1000);
+    }
+
+    void osiofontitKorvaavatMaarityksenFontin()
+    {
+        TestEnv env;
+        const QString kanta = env.path(u"seura.mdb"_s);
+        auto d = LuoTyhjaSeura(kanta);
+        LisaaGeneroidut(*d, 3);
+        const Asiakirja doc = laadi({kanta, u"jrluetlo"_s, {}, {}, {}, {u"ALL;Liberation Sans;9;X;X;X;X"_s, u"TITLE;Liberation Serif;12;X;X;X;X"_s}});
+        for (const Tulostekohde *k : doc.tekstikohteet(0)) {
+            const QFont &f = doc.fontit[size_t(k->fontti)];
+            if (k->teksti.startsWith(u"Jäseniä yhteensä"_s) || k->teksti.startsWith(u"sivu"_s)
+                || k->teksti.startsWith(u"Tulostettu"_s)) {
+                QCOMPARE(f.family(), u"Times New Roman"_s); // marked to keep its own font
+            } else if (k->teksti == u"Jäsenluettelo"_s) {
+                QCOMPARE(f.family(), u"Liberation Serif"_s);
+                QCOMPARE(f.pixelSize(), 12 * 20);
+                QVERIFY(f.bold());
+            } else {
+                QCOMPARE(f.family(), u"Liberation Sans"_s);
+                QCOMPARE(f.pixelSize(), 9 * 20);
+            }
+        }
+    }
+
+    void maaritysvirheetNimeavatTiedostonJaKohdan_data()
+    {
+        QTest::addColumn<QByteArray>("maaritys");
+        QTest::addColumn<QString>("osa");
+        const QByteArray alku = "<raportti><lahde taulu=\"jr\"/><rivi korkeus=\"5\">";
+        const QByteArray loppu = "</rivi></raportti>";
+        QTest::newRow("tuntematon kenttä")
+            << alku + "<teksti nimi=\"Nimi\" x=\"0\" y=\"0\" leveys=\"50\" korkeus=\"5\" lauseke=\"{jr.jrSukunimmi}\"/>" + loppu
+            << u"virhe.rpt, kohde \"Nimi\": kenttää {jr.jrSukunimmi} ei ole taulussa jr"_s;
+        QTest::newRow("tuntematon taulu")
+            << alku + "<teksti x=\"0\" y=\"0\" leveys=\"50\" korkeus=\"5\" lauseke=\"{xx.jrSukunimi}\"/>" + loppu
+            << u"virhe.rpt, <teksti> rivillä 1: taulu xx ei kuulu raportin tietoihin"_s;
+        QTest::newRow("tuntematon kaava")
+            << alku + "<teksti x=\"0\" y=\"0\" leveys=\"50\" korkeus=\"5\" lauseke=\"{@Otsikko}\"/>" + loppu
+            << u"kaavaa {@Otsikko} ei ole"_s;
+        QTest::newRow("tuntematon funktio")
+            << alku + "<teksti x=\"0\" y=\"0\" leveys=\"50\" korkeus=\"5\" lauseke=\"Isoksi({jr.jrSukunimi})\"/>" + loppu
+            << u"funktiota Isoksi ei ole"_s;
+        QTest::newRow("kaava ei lue")
+            << alku + "<teksti x=\"0\" y=\"0\" leveys=\"50\" korkeus=\"5\" lauseke=\"{jr.jrSukunimi} +\"/>" + loppu
+            << u"Raportin määrittely virhe.rpt, rivi 1"_s;
+        QTest::newRow("summa summassa")
+            << alku + "<teksti x=\"0\" y=\"0\" leveys=\"50\" korkeus=\"5\" lauseke=\"Sum(Sum({jr.jrID}))\"/>" + loppu
+            << u"toisen summan sisällä"_s;
+        QTest::newRow("kirjoitusvirhe ominaisuudessa")
+            << alku + "<teksti x=\"0\" y=\"0\" leveys=\"50\" korkus=\"5\"/>" + loppu << u"ei ole ominaisuutta \"korkus\""_s;
+        QTest::newRow("rikki oleva XML") << QByteArray("<raportti><lahde taulu=\"jr\"></raportti>") << u"XML-virhe"_s;
+        QTest::newRow("ei tietolähdettä") << QByteArray("<raportti/>") << u"tietolähde"_s;
+        QTest::newRow("puuttuva kuva")
+            << alku + "<kuva x=\"0\" y=\"0\" leveys=\"5\" korkeus=\"5\" tiedosto=\"logo.png\"/>" + loppu << u"kuvaa logo.png ei löydy"_s;
+        QTest::newRow("sivu täynnä otsikkoa")
+            << QByteArray("<raportti><sivu yla=\"100\" ala=\"100\"/><lahde taulu=\"jr\"/><sivuotsikko korkeus=\"95\"/>"
+                          "<rivi korkeus=\"5\"/></raportti>")
+            << u"ettei sivulle mahdu mitään"_s;
+        QTest::newRow("liitos viittaa myöhempään")
+            << QByteArray("<raportti><lahde taulu=\"jr\"><liitos taulu=\"pi\" ehto=\"{pi.piID} = {pt.ptpiID}\"/>"
+                          "<liitos taulu=\"pt\" ehto=\"{pt.ptjrID} = {jr.jrID}\"/></lahde><rivi korkeus=\"5\">"
+                          "<teksti x=\"0\" y=\"0\" leveys=\"50\" korkeus=\"5\" lauseke=\"{pi.piNimi}\"/>")
+                   + loppu
+            << u"liitetään vasta myöhemmin"_s;
+    }
+
+    void maaritysvirheetNimeavatTiedostonJaKohdan()
+    {
+        QFETCH(QByteArray, maaritys);
+        QFETCH(QString, osa);
+        TestEnv env;
+        const QString kanta = env.path(u"seura.mdb"_s);
+        auto d = LuoTyhjaSeura(kanta);
+        LisaaGeneroidut(*d, 2);
+        const QString polku = kirjoita(env.path(u"virhe.rpt"_s), maaritys);
+        try {
+            laadi({kanta, polku});
+            QFAIL("a broken definition was laid out");
+        } catch (const RaporttiVirhe &e) {
+            QVERIFY2(e.viesti().contains(osa), qPrintable(e.viesti()));
+        }
+    }
+
+    void ajoIlmanRivejaJaPuuttuvaRaporttiKerrotaan()
+    {
+        TestEnv env;
+        const QString kanta = env.path(u"seura.mdb"_s);
+        auto d = LuoTyhjaSeura(kanta);
+        LisaaGeneroidut(*d, 5);
+        Raporttiajo r;
+        r.ResetReportFormulas(kanta);
+        r.ReportFileName = u"jrluetlo.rpt"_s;
+        r.SelectionFormula = u"{jr.jrSukunimi} = 'Ei ketään'"_s;
+        r.Destination = Raporttiajo::PdfTiedosto;
+        r.PrintFileName = env.path(u"tyhja.pdf"_s);
+        QVERIFY_THROWS_EXCEPTION(RaporttiVirhe, r.setAction(1));
+        QVERIFY(!QFile::exists(r.PrintFileName)); // nothing half-printed
+
+        r.ReportFileName = u"eiole.rpt"_s;
+        try {
+            r.setAction(1);
+            QFAIL("a missing report ran");
+        } catch (const RaporttiVirhe &e) {
+            QVERIFY2(e.viesti().contains(u"Raporttia eiole.rpt ei löydy"_s), qPrintable(e.viesti()));
+        }
+    }
+
+    void omaTiedostoOhjelmanKansiossaVoittaa()
+    {
+        TestEnv env;
+        const QString kanta = env.path(u"seura.mdb"_s);
+        auto d = LuoTyhjaSeura(kanta);
+        LisaaGeneroidut(*d, 2);
+        QVERIFY(EtsiRaportti(u"jrluetlo"_s).startsWith(u':'));
+        QDir().mkpath(env.programFolder());
+        kirjoita(env.programFolder() + u"/jrluetlo.rpt"_s, R"xml(<raportti><lahde taulu="jr"/>
+          <rivi korkeus="5"><teksti x="0" y="0" leveys="50" korkeus="5" lauseke="'Oma ' + {jr.jrJasennumero}"/></rivi></raportti>)xml");
+        // The contract's path may name the program's folder with a backslash.
+        const Asiakirja doc = laadi({kanta, env.programFolder() + u"\\jrluetlo.rpt"_s});
+        QCOMPARE(doc.tekstit(0), (QStringList{u"Oma 1"_s, u"Oma 2"_s}));
+    }
+
+    // The demonstration club: every member once, a label sheet of 24, the list's total right.
+    void esittelyseuranRaportit()
+    {
+        TestEnv env;
+        const QString kanta = seurat::Kopio(150, env.path(u"demo.mdb"_s));
+        auto d = db::Database::open(kanta);
+        const int jasenia = d->scalar(u"SELECT count(*) FROM jr"_s).toInt();
+        const Asiakirja luettelo = laadi({kanta, u"jrluetlo"_s});
+        QCOMPARE(luettelo.riveja, jasenia);
+        QVERIFY(luettelo.tekstit(int(luettelo.sivut.size()) - 1).contains(u"Jäseniä yhteensä: %1"_s.arg(jasenia)));
+        const Asiakirja tarrat = laadi({kanta, u"jrosoite"_s});
+        QCOMPARE(tarrat.riveja, jasenia);
+        QCOMPARE(int(tarrat.sivut.size()), (jasenia + 23) / 24);
+        db::Statement st(*d, u"SELECT jrEtunimi, jrSukunimi FROM jr ORDER BY jrSukunimi COLLATE FI, jrEtunimi COLLATE FI, jrID LIMIT 1"_s);
+        QVERIFY(st.next());
+        QVERIFY(tarrat.tekstit(0).contains((st.value(0).toString() + u' ' + st.value(1).toString()).trimmed()));
+    }
+
+    void pdfSisaltaaTekstin()
+    {
+        const QString pdftotext = QStandardPaths::findExecutable(u"pdftotext"_s);
+        if (pdftotext.isEmpty())
+            QSKIP("pdftotext is not installed");
+        TestEnv env;
+        const QString kanta = env.path(u"seura.mdb"_s);
+        auto d = LuoTyhjaSeura(kanta);
+        LisaaGeneroidut(*d, 60);
+        Raporttiajo r;
+        r.ResetReportFormulas(kanta);
+        r.ReportFileName = u"jrluetlo.rpt"_s;
+        r.Formulas[0] = u"Seurannimi= 'Pörssiklubi ry'"_s;
+        r.Destination = Raporttiajo::PdfTiedosto;
+        r.PrintFileName = env.path(u"luettelo.pdf"_s);
+        r.setAction(1);
+        QProcess p;
+        p.start(pdftotext, {u"-layout"_s, r.PrintFileName, u"-"_s});
+        QVERIFY(p.waitForFinished(30000));
+        const QString teksti = QString::fromUtf8(p.readAllStandardOutput());
+        QVERIFY2(teksti.contains(u"Pörssiklubi ry"_s), qPrintable(teksti.left(500)));
+        QVERIFY(teksti.contains(u"sivu 1 / 2"_s));
+        QVERIFY(teksti.contains(u"sivu 2 / 2"_s));
+        QVERIFY(teksti.contains(u"Jäseniä yhteensä: 60"_s));
+        QVERIFY(teksti.contains(nimi(GeneroituJasen(2))));
+        QCOMPARE(teksti.count(u'\f'), 2); // two pages
+        if (const QByteArray kansio = qgetenv("RAPORTTI_PDF_KANSIO"); !kansio.isEmpty())
+            QFile::copy(r.PrintFileName, QString::fromLocal8Bit(kansio) + u"/luettelo.pdf"_s);
+    }
+};
+
+QTEST_MAIN(TestAsettelu)
+#include "tst_asettelu.moc"

@@ -1,0 +1,347 @@
+// The formula language: selection formulas into SQL (with their errors), named formulas, sort
+// fields, section fonts, the expressions of items, and selections run on a real club file.
+#include "raporttiseura.h"
+#include "reports/Asettelu.h"
+#include "reports/KaavaSql.h"
+#include "reports/Lauseke.h"
+#include "reports/Raporttiajo.h"
+#include "reports/RaporttiVirhe.h"
+#include "testenv.h"
+
+#include <QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+// Field kinds as the register declares them; SQL names kept bare so expectations stay readable.
+class Nimet : public SqlNimet {
+public:
+    Kaavat kaavat;
+
+    QString kentanSql(const Solmu &k, KenttaLaji *laji) override
+    {
+        static const QHash<QString, KenttaLaji> lajit = {
+            {u"jr.jrid"_s, KenttaLaji::AutoNumber},          {u"jr.jrsukunimi"_s, KenttaLaji::Text},
+            {u"jr.jrjasenmaksu"_s, KenttaLaji::Boolean},     {u"jr.jrperheenlaskutettava"_s, KenttaLaji::Boolean},
+            {u"jr.jrmukaan"_s, KenttaLaji::Boolean},         {u"jr.jrsyntyma"_s, KenttaLaji::Date},
+            {u"jr.jrpostinumeronumero"_s, KenttaLaji::Long}, {u"pt.ptjrid"_s, KenttaLaji::Long},
+            {u"pt.ptpiid"_s, KenttaLaji::Long},              {u"pi.piid"_s, KenttaLaji::AutoNumber},
+            {u"pt.ptvalcurrency"_s, KenttaLaji::Currency},   {u"pt.ptvallong"_s, KenttaLaji::Long},
+            {u"pt.ptvaldate"_s, KenttaLaji::Date},           {u"jmhist.jmhjmmaksettu"_s, KenttaLaji::Boolean},
+            {u"jmhist.jmhjmmuistutusnumero"_s, KenttaLaji::Long}};
+        const auto it = lajit.constFind((k.taulu + u'.' + k.kentta).toLower());
+        if (it == lajit.constEnd())
+            throw RaporttiVirhe(u"kenttää {%1.%2} ei ole"_s.arg(k.taulu, k.kentta));
+        *laji = *it;
+        return k.taulu + u'.' + k.kentta;
+    }
+
+    const Solmu &kaava(const QString &nimi) override
+    {
+        const auto it = kaavat.constFind(nimi.toLower());
+        if (it == kaavat.constEnd())
+            throw RaporttiVirhe(u"Kaavaa {@%1} ei ole"_s.arg(nimi));
+        return **it;
+    }
+};
+
+std::shared_ptr<Solmu> tekstiSolmu(const QString &t)
+{
+    auto s = std::make_shared<Solmu>();
+    s->laji = Solmu::Laji::Teksti;
+    s->teksti = t;
+    return s;
+}
+
+QString nbsp(QString s) { return s.replace(u' ', QChar(0x00A0)); }
+
+QString kirjoita(const QString &polku, const QByteArray &sisalto)
+{
+    QFile f(polku);
+    if (!f.open(QIODevice::WriteOnly))
+        qFatal("cannot write %s", qPrintable(polku));
+    f.write(sisalto);
+    return polku;
+}
+
+} // namespace
+
+class TestKaava : public QObject {
+    Q_OBJECT
+
+private slots:
+    void valintakaavaSqlksi_data()
+    {
+        QTest::addColumn<QString>("kaava");
+        QTest::addColumn<QString>("sql");
+        QTest::addColumn<QVariantList>("arvot");
+        QTest::newRow("kaikki") << u"{jr.jrID} > 0"_s << u"(jr.jrID > ?)"_s << QVariantList{0};
+        QTest::newRow("totuusarvot ja luku")
+            << u"{jmhist.jmhjmMaksettu} = False and {jmhist.jmhjmMuistutusNumero} > 0"_s
+            << u"((IFNULL(jmhist.jmhjmMaksettu, 0) = ?) AND (jmhist.jmhjmMuistutusNumero > ?))"_s << QVariantList{0, 0};
+        QTest::newRow("True kirjoitettuna miten vain")
+            << u"{jr.jrJasenmaksu} = TRUE AND {jr.jrPerheenLaskutettava} = true"_s
+            << u"((IFNULL(jr.jrJasenmaksu, 0) = ?) AND (IFNULL(jr.jrPerheenLaskutettava, 0) = ?))"_s << QVariantList{1, 1};
+        QTest::newRow("ominaisuuden liitos")
+            << u"{pt.ptjrID} = {jr.jrID} and {pi.piID} = {pt.ptpiID} and {pt.ptpiID} = 7"_s
+            << u"(((pt.ptjrID = jr.jrID) AND (pi.piID = pt.ptpiID)) AND (pt.ptpiID = ?))"_s << QVariantList{7};
+        QTest::newRow("raha desimaalipilkulla") << u"{pt.ptValCurrency} > 12,50"_s << u"(pt.ptValCurrency > ?)"_s
+                                                << QVariantList{qlonglong(125000)};
+        QTest::newRow("raha ja luku") << u"{pt.ptValCurrency} <= {pt.ptValLong} - 1"_s
+                                      << u"(pt.ptValCurrency <= ((pt.ptValLong - ?) * 10000))"_s << QVariantList{1};
+        QTest::newRow("päivämäärä") << u"{jr.jrSyntyma} < Date(1990,1,5)"_s << u"(substr(jr.jrSyntyma, 1, 10) < ?)"_s
+                                    << QVariantList{u"1990-01-05"_s};
+        QTest::newRow("vuosi tähdellä")
+            << u"{jr.jrID} > 0 and ToText(Year({jr.jrSyntyma}),0) like \"19*\""_s
+            << u"((jr.jrID > ?) AND (CAST(CAST(round(year(substr(jr.jrSyntyma, 1, 10))) AS INTEGER) AS TEXT) LIKE ? ESCAPE '\\'))"_s
+            << QVariantList{0, u"19%"_s};
+        QTest::newRow("like suojaa omat merkkinsä") << u"{jr.jrSukunimi} like '100%_?*'"_s
+                                                    << u"(jr.jrSukunimi LIKE ? ESCAPE '\\')"_s << QVariantList{u"100\\%\\__%"_s};
+        QTest::newRow("not ja or suomeksi järjestetty teksti")
+            << u"not {jr.jrMukaan} or {jr.jrSukunimi} >= 'Ö'"_s
+            << u"((NOT (IFNULL(jr.jrMukaan, 0) <> 0)) OR (jr.jrSukunimi >= ? COLLATE FI))"_s << QVariantList{u"Ö"_s};
+        QTest::newRow("heittomerkki pysyy arvona")
+            << u"{jr.jrSukunimi} = 'O''Brien; DROP TABLE jr'"_s << u"(jr.jrSukunimi = ? COLLATE FI)"_s
+            << QVariantList{u"O'Brien; DROP TABLE jr"_s};
+        QTest::newRow("nimetty kaava arvona") << u"{jr.jrSukunimi} = {@Nimi}"_s << u"(jr.jrSukunimi = ? COLLATE FI)"_s
+                                              << QVariantList{u"Mäki"_s};
+        QTest::newRow("pelkkä True") << u"True"_s << u"1"_s << QVariantList{};
+        QTest::newRow("negatiivinen ja sulut") << u"({jr.jrID} = -5 or {jr.jrID} <> 3)"_s
+                                               << u"((jr.jrID = ?) OR (jr.jrID <> ?))"_s << QVariantList{-5, 3};
+        QTest::newRow("postinumerorajaus")
+            << u"{jr.jrID} > 0 and {jr.jrPostinumeroNumero} > 100 and {jr.jrPostinumeroNumero} < 500"_s
+            << u"(((jr.jrID > ?) AND (jr.jrPostinumeroNumero > ?)) AND (jr.jrPostinumeroNumero < ?))"_s
+            << QVariantList{0, 100, 500};
+    }
+
+    void valintakaavaSqlksi()
+    {
+        QFETCH(QString, kaava);
+        QFETCH(QString, sql);
+        QFETCH(QVariantList, arvot);
+        Nimet n;
+        n.kaavat.insert(u"nimi"_s, tekstiSolmu(u"Mäki"_s));
+        const SqlEhto e = KaannaEhdoksi(*JasennaKaava(kaava, u"Valintakaava"_s), n, u"Valintakaava"_s);
+        QCOMPARE(e.sql, sql);
+        QCOMPARE(QVariantList(e.arvot.begin(), e.arvot.end()), arvot);
+    }
+
+    void valintakaavanVirheet_data()
+    {
+        QTest::addColumn<QString>("kaava");
+        QTest::addColumn<QString>("osa");
+        QTest::newRow("tyhjä") << u"   "_s << u"kaava on tyhjä"_s;
+        QTest::newRow("kesken") << u"{jr.jrID} >"_s << u"kaava loppuu kesken"_s;
+        QTest::newRow("and lopussa") << u"{jr.jrID} = 1 and"_s << u"kaava loppuu kesken"_s;
+        QTest::newRow("ylimääräinen sulku") << u"{jr.jrID} = 1 )"_s << u"ylimääräistä tekstiä kohdassa 15"_s;
+        QTest::newRow("sulku puuttuu") << u"({jr.jrID} = 1"_s << u"odotettiin sulkevaa sulkua"_s;
+        QTest::newRow("tuntematon merkki") << u"{jr.jrID} = 1 # 2"_s << u"tuntematon merkki kohdassa 15"_s;
+        QTest::newRow("lainaus auki") << u"{jr.jrSukunimi} = 'Virtanen"_s << u"lainausmerkki jäi sulkematta"_s;
+        QTest::newRow("kenttä ilman pistettä") << u"{jr jrID} = 1"_s << u"kentän pitää olla muotoa {taulu.kenttä}"_s;
+        QTest::newRow("aaltosulje auki") << u"{jr.jrID = 1"_s << u"aaltosulje jäi sulkematta"_s;
+        QTest::newRow("tyyppi ei sovi") << u"{jr.jrID} = 'a'"_s << u"vertailu luku ja teksti ei onnistu"_s;
+        QTest::newRow("totuusarvo ja luku") << u"{jr.jrMukaan} = 1"_s << u"vertailu totuusarvo ja luku ei onnistu"_s;
+        QTest::newRow("like kentällä") << u"{jr.jrSukunimi} like {jr.jrSukunimi}"_s << u"like-vertailun oikealla"_s;
+        QTest::newRow("funktio") << u"Foo({jr.jrID}) = 1"_s << u"funktiota Foo ei voi käyttää valintakaavassa"_s;
+        QTest::newRow("tuntematon kaava") << u"{@Puuttuva} = 1"_s << u"Kaavaa {@Puuttuva} ei ole"_s;
+        QTest::newRow("tuntematon kenttä") << u"{jr.jrEiOle} = 1"_s << u"kenttää {jr.jrEiOle} ei ole"_s;
+        QTest::newRow("mahdoton päivä") << u"{jr.jrSyntyma} = Date(2020,2,30)"_s << u"päivämäärää ei ole olemassa"_s;
+        QTest::newRow("ei ehto") << u"{jr.jrID}"_s << u"odotettiin ehtoa, mutta arvo on luku"_s;
+        QTest::newRow("kaava viittaa itseensä") << u"{@Kehä} = 'x'"_s << u"viittaa itseensä"_s;
+    }
+
+    void valintakaavanVirheet()
+    {
+        QFETCH(QString, kaava);
+        QFETCH(QString, osa);
+        Nimet n;
+        auto keha = std::make_shared<Solmu>();
+        keha->laji = Solmu::Laji::Kaava;
+        keha->teksti = u"Kehä"_s;
+        n.kaavat.insert(u"kehä"_s, keha);
+        try {
+            KaannaEhdoksi(*JasennaKaava(kaava, u"Valintakaava"_s), n, u"Valintakaava"_s);
+            QFAIL("the formula was accepted");
+        } catch (const RaporttiVirhe &e) {
+            QVERIFY2(e.viesti().contains(osa), qPrintable(e.viesti()));
+        }
+    }
+
+    void nimetytKaavat_data()
+    {
+        QTest::addColumn<QString>("teksti");
+        QTest::addColumn<QString>("nimi");
+        QTest::addColumn<QString>("arvo"); // "!" + part of the message for an error
+        QTest::newRow("heittomerkki nimessä") << u"Seurannimi= 'O'Brien ry'"_s << u"Seurannimi"_s << u"O'Brien ry"_s;
+        QTest::newRow("lainausmerkit") << u"Otsake2= \"Jäsenmaksu \"maksettu\"\""_s << u"Otsake2"_s
+                                       << u"Jäsenmaksu \"maksettu\""_s;
+        QTest::newRow("tyhjä") << u"Fax= ''"_s << u"Fax"_s << QString();
+        QTest::newRow("välilyönnit") << u"  YTunnus =  'Y-tunnus:1234567-8'  "_s << u"YTunnus"_s << u"Y-tunnus:1234567-8"_s;
+        QTest::newRow("lauseke") << u"Summa= 1 + 2"_s << u"Summa"_s << u"3"_s;
+        QTest::newRow("nimi puuttuu") << u"= 'x'"_s << QString() << u"!ei ole muotoa Nimi= 'teksti'"_s;
+        QTest::newRow("yhtäsuuruus puuttuu") << u"Otsake 'x'"_s << QString() << u"!ei ole muotoa"_s;
+        QTest::newRow("lainaus auki") << u"Otsake= 'x"_s << QString() << u"!lainausmerkki jäi sulkematta"_s;
+    }
+
+    void nimetytKaavat()
+    {
+        QFETCH(QString, teksti);
+        QFETCH(QString, nimi);
+        QFETCH(QString, arvo);
+        try {
+            const NimettyKaava k = JasennaNimettyKaava(teksti);
+            QVERIFY2(!arvo.startsWith(u'!'), "accepted");
+            QCOMPARE(k.nimi, nimi);
+            QCOMPARE(ArvoTekstina(Arvioi(*k.lauseke, {})), arvo);
+        } catch (const RaporttiVirhe &e) {
+            QVERIFY2(arvo.startsWith(u'!') && e.viesti().contains(arvo.mid(1)), qPrintable(e.viesti()));
+        }
+    }
+
+    void lajittelut_data()
+    {
+        QTest::addColumn<QString>("teksti");
+        QTest::addColumn<QString>("sql"); // "!" + part of the message for an error
+        QTest::newRow("teksti nousevasti") << u"+{jr.jrSukunimi}"_s << u"jr.jrSukunimi COLLATE FI ASC"_s;
+        QTest::newRow("päivä laskevasti") << u"-{jr.jrSyntyma}"_s << u"substr(jr.jrSyntyma, 1, 10) DESC"_s;
+        QTest::newRow("ilman merkkiä") << u" {jr.jrID} "_s << u"jr.jrID ASC"_s;
+        QTest::newRow("ei kenttä") << u"+jrSukunimi"_s << u"!lajitella voi vain kentän mukaan"_s;
+        QTest::newRow("rikki") << u"+{jr.jrSukunimi"_s << u"!aaltosulje jäi sulkematta"_s;
+    }
+
+    void lajittelut()
+    {
+        QFETCH(QString, teksti);
+        QFETCH(QString, sql);
+        Nimet n;
+        try {
+            const Lajittelu l = JasennaLajittelu(teksti);
+            QCOMPARE(KaannaJarjestykseksi(*l.kentta, l.laskeva, n, u"Lajittelu"_s).sql, sql);
+        } catch (const RaporttiVirhe &e) {
+            QVERIFY2(sql.startsWith(u'!') && e.viesti().contains(sql.mid(1)), qPrintable(e.viesti()));
+        }
+    }
+
+    void osiofontit()
+    {
+        auto f = JasennaOsiofontti(u"HEADER;Times New Roman;X;X;X;X;X"_s);
+        QVERIFY(f);
+        QCOMPARE(f->osio, u"HEADER"_s);
+        QCOMPARE(f->nimi, u"Times New Roman"_s);
+        QCOMPARE(f->koko, 0.0);
+        QVERIFY(!f->lihava && !f->kursiivi);
+        f = JasennaOsiofontti(u"TITLE;Arial;12;0;X;1"_s);
+        QCOMPARE(f->koko, 12.0);
+        QCOMPARE(f->kursiivi, std::optional<bool>(false));
+        QCOMPARE(f->lihava, std::optional<bool>(true));
+        QVERIFY(!JasennaOsiofontti(QString()));
+        QVERIFY_THROWS_EXCEPTION(RaporttiVirhe, JasennaOsiofontti(u";Arial;10"_s));
+        QVERIFY_THROWS_EXCEPTION(RaporttiVirhe, JasennaOsiofontti(u"ALL;Arial;iso"_s));
+    }
+
+    void lausekkeet_data()
+    {
+        QTest::addColumn<QString>("lauseke");
+        QTest::addColumn<QString>("tulos");
+        QTest::newRow("tekstien yhdistäminen, tyhjä ohitetaan") << u"{t.a} + ' ' + {t.b} + '!'"_s << u"Mäki !"_s;
+        QTest::newRow("IIf") << u"IIf({t.n} > 10, 'iso', 'pieni')"_s << u"iso"_s;
+        QTest::newRow("raha") << u"Raha({t.raha})"_s << nbsp(u"1 234,50"_s);
+        QTest::newRow("euro laskettuna") << u"Euro({t.raha} * 2)"_s << nbsp(u"2 469,00"_s) + u" €"_s;
+        QTest::newRow("viite") << u"Viite('1234561')"_s << u"12 34561"_s;
+        QTest::newRow("RF-viite") << u"Viite('RF471234561')"_s << u"RF47 1234 561"_s;
+        QTest::newRow("tilinumero") << u"Iban('fi21 1234 5600 0007 85')"_s << u"FI21 1234 5600 0007 85"_s;
+        QTest::newRow("päivämäärä") << u"Pvm({t.pvm})"_s << u"3.7.1985"_s;
+        QTest::newRow("päivä lisää") << u"{t.pvm} + 1"_s << u"4.7.1985"_s;
+        QTest::newRow("päivien erotus") << u"Date(1985,8,2) - {t.pvm}"_s << u"30"_s;
+        QTest::newRow("ToText desimaalein") << u"ToText(12.5, 2)"_s << u"12,50"_s;
+        QTest::newRow("ToText luku") << u"ToText({t.n})"_s << u"12"_s;
+        QTest::newRow("vuosi") << u"Year({t.pvm}) + 1"_s << u"1986"_s;
+        QTest::newRow("rivit") << u"Rivit({t.a}, {t.b}, '  ', 'Helsinki')"_s << u"Mäki\nHelsinki"_s;
+        QTest::newRow("summa") << u"Sum({t.raha})"_s << u"1244,50"_s;
+        QTest::newRow("lukumäärä kentästä") << u"Count({t.b})"_s << u"2"_s;
+        QTest::newRow("lukumäärä riveistä") << u"Count()"_s << u"3"_s;
+        QTest::newRow("ehto") << u"{t.tosi} and not ({t.n} = 12)"_s << u"Ei"_s;
+        QTest::newRow("kirjainkoko ei ratkaise") << u"{t.a} = 'mäki'"_s << u"Kyllä"_s;
+        QTest::newRow("suomalainen järjestys") << u"'Ä' > 'Z' and 'Å' < 'Ä'"_s << u"Kyllä"_s;
+        QTest::newRow("like") << u"{t.a} like 'M*i'"_s << u"Kyllä"_s;
+        QTest::newRow("nollalla jako") << u"{t.n} / 0"_s << QString();
+        QTest::newRow("tyhjä ja luku") << u"{t.b} + 1"_s << QString();
+        QTest::newRow("tekstifunktiot") << u"Left({t.a}, 2) + UpperCase('ö') + ToText(Len(Trim('  ab ')))"_s << u"MäÖ2"_s;
+        QTest::newRow("sivunumero") << u"'sivu ' + ToText(PageNumber)"_s << u"sivu 4"_s;
+        QTest::newRow("rivinumero") << u"RecordNumber"_s << u"1"_s;
+    }
+
+    void lausekkeet()
+    {
+        QFETCH(QString, lauseke);
+        QFETCH(QString, tulos);
+        const QStringList sarakkeet = {u"a"_s, u"b"_s, u"n"_s, u"raha"_s, u"pvm"_s, u"tosi"_s};
+        Rivisto r;
+        r.leveys = int(sarakkeet.size());
+        r.riveja = 3;
+        r.solut = {Arvo(u"Mäki"_s), Arvo(), Arvo(qint64(12)), Arvo(Currency::fromRaw(12345000)), Arvo(QDate(1985, 7, 3)), Arvo(true),
+                   Arvo(u"x"_s), Arvo(u"x"_s), Arvo(), Arvo(Currency::fromUnits(10)), Arvo(), Arvo(false),
+                   Arvo(u"y"_s), Arvo(u"y"_s), Arvo(), Arvo(), Arvo(), Arvo()};
+        auto puu = JasennaKaava(lauseke, u"Testi"_s);
+        std::vector<Solmu *> kentat;
+        QStringList kaavat;
+        KeraaViittaukset(*puu, kentat, kaavat);
+        for (Solmu *k : kentat)
+            k->sarake = int(sarakkeet.indexOf(k->kentta));
+        TarkistaLauseke(*puu, {}, u"Testi"_s);
+        Arviointi a;
+        a.rivit = &r;
+        a.rivi = 0;
+        a.koosteLoppu = 3;
+        a.sivu = 4;
+        QCOMPARE(ArvoTekstina(Arvioi(*puu, a)), tulos);
+    }
+
+    // The same formulas on a club file: Null booleans read as False, an apostrophe is a value,
+    // text compares in Finnish order, the year pattern matches, money compares exactly.
+    void valinnatTietokannassa_data()
+    {
+        QTest::addColumn<QString>("valinta");
+        QTest::addColumn<QStringList>("nimet");
+        QTest::newRow("heittomerkki") << u"{jr.jrSukunimi} = \"O'Brien\""_s << QStringList{u"O'Brien"_s};
+        QTest::newRow("tyhjä on epätosi") << u"{jr.jrJasenmaksu} = False"_s << QStringList{u"Aalto"_s, u"Öhman"_s};
+        QTest::newRow("Z:n jälkeen") << u"{jr.jrSukunimi} > 'Zz'"_s << QStringList{u"Åberg"_s, u"Öhman"_s};
+        QTest::newRow("syntymävuosi") << u"ToText(Year({jr.jrSyntyma}),0) like \"19*\""_s
+                                      << QStringList{u"Aalto"_s, u"Åberg"_s, u"Öhman"_s};
+        QTest::newRow("syntynyt ennen") << u"{jr.jrSyntyma} < Date(1960,1,1)"_s << QStringList{u"Aalto"_s};
+        QTest::newRow("ominaisuuden arvo") << u"{pt.ptjrID} = {jr.jrID} and {pt.ptpiID} = 1 and {pt.ptValCurrency} >= 12,5"_s
+                                           << QStringList{u"Öhman"_s};
+        QTest::newRow("ei ketään") << u"{jr.jrID} < 0"_s << QStringList{};
+    }
+
+    void valinnatTietokannassa()
+    {
+        QFETCH(QString, valinta);
+        QFETCH(QStringList, nimet);
+        TestEnv env;
+        const QString kanta = env.path(u"seura.mdb"_s);
+        auto d = LuoTyhjaSeura(kanta);
+        const qint64 aalto = LisaaJasen(*d, {u"Aalto"_s, u"Aino"_s, {}, {}, {}, {}, u"1"_s, QVariant(), QDate(1950, 5, 1)});
+        LisaaJasen(*d, {u"O'Brien"_s, u"Sean"_s, {}, {}, {}, {}, u"2"_s, true, QDate(2001, 1, 1)});
+        LisaaJasen(*d, {u"Åberg"_s, u"Eva"_s, {}, {}, {}, {}, u"3"_s, true, QDate(1980, 1, 1)});
+        const qint64 ohman = LisaaJasen(*d, {u"Öhman"_s, u"Olli"_s, {}, {}, {}, {}, u"4"_s, false, QDate(1999, 12, 31)});
+        d->execute(u"INSERT INTO pi (piNimi) VALUES ('Kannatusjäsen')"_s);
+        d->execute(u"INSERT INTO pt (ptjrID, ptpiID, ptValCurrency) VALUES (?, 1, 125000), (?, 1, 124999)"_s, {ohman, aalto});
+        const QString polku = kirjoita(env.path(u"nimet.rpt"_s), R"xml(<raportti><lahde taulu="jr">
+            <liitos taulu="pt" ehto="{pt.ptjrID} = {jr.jrID}"/></lahde>
+            <jarjestys>+{jr.jrSukunimi}</jarjestys>
+            <rivi korkeus="5"><teksti x="0" y="0" leveys="50" korkeus="5" lauseke="{jr.jrSukunimi}"/></rivi></raportti>)xml");
+        Raporttiajo r;
+        r.ResetReportFormulas(kanta);
+        r.ReportFileName = polku;
+        r.SelectionFormula = valinta;
+        const Asiakirja doc = r.Laadi();
+        QCOMPARE(doc.riveja, int(nimet.size()));
+        QCOMPARE(nimet.isEmpty() ? QStringList() : doc.tekstit(0), nimet);
+        QCOMPARE(r.viimeisinSql().contains(u"JOIN"_s), valinta.contains(u"{pt."_s)); // linked only when used
+    }
+};
+
+QTEST_MAIN(TestKaava)
+#include "tst_kaava.moc"

@@ -1,0 +1,107 @@
+// The command-line tool: a PDF for good input, a clear message and a non-zero status for bad.
+#include "seurat.h"
+#include "testenv.h"
+
+#include <QProcess>
+#include <QStandardPaths>
+#include <QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+class TestKomento : public QObject {
+    Q_OBJECT
+
+    QString m_tyokalu;
+
+    struct Tulos {
+        int koodi;
+        QString virhe;
+    };
+
+    Tulos aja(const QStringList &argumentit)
+    {
+        QProcess p;
+        p.start(m_tyokalu, argumentit);
+        if (!p.waitForFinished(60000))
+            return {-1, u"aikakatkaisu"_s};
+        return {p.exitCode(), QString::fromUtf8(p.readAllStandardError())};
+    }
+
+private slots:
+    void initTestCase()
+    {
+        // The tool is built beside the tests: build/tools/raportti.
+        m_tyokalu = QCoreApplication::applicationDirPath() + u"/../tools/raportti"_s;
+        if (!QFileInfo(m_tyokalu).isExecutable())
+            QSKIP("the raportti tool is not built");
+    }
+
+    void virheet_data()
+    {
+        QTest::addColumn<QStringList>("lisaa");
+        QTest::addColumn<int>("koodi");
+        QTest::addColumn<QString>("viesti");
+        QTest::newRow("liian vähän") << QStringList{u"--"_s} << 2 << u"Käyttö: raportti"_s;
+        QTest::newRow("arvo puuttuu") << QStringList{u"--selection"_s} << 2 << u"Valitsimelta --selection puuttuu arvo."_s;
+        QTest::newRow("tuntematon valitsin") << QStringList{u"--valinta"_s, u"x"_s} << 2 << u"Tuntematon valitsin --valinta."_s;
+        QTest::newRow("kaava ei lue") << QStringList{u"--selection"_s, u"{jr.jrID} >"_s} << 1
+                                      << u"Raportti jrluetlo.rpt, valintakaava: kaavaa \"{jr.jrID} >\" ei voi lukea"_s;
+        QTest::newRow("lajittelu ei lue") << QStringList{u"--sort"_s, u"+jrSukunimi"_s} << 1 << u"lajitella voi vain kentän mukaan"_s;
+        QTest::newRow("kaava ei ole kaava") << QStringList{u"--formula"_s, u"Otsake"_s} << 1 << u"ei ole muotoa Nimi= 'teksti'"_s;
+        QTest::newRow("ei ketään") << QStringList{u"--selection"_s, u"{jr.jrID} < 0"_s} << 1
+                                   << u"Raportille ei löytynyt yhtään tulostettavaa tietoa."_s;
+    }
+
+    void virheet()
+    {
+        QFETCH(QStringList, lisaa);
+        QFETCH(int, koodi);
+        QFETCH(QString, viesti);
+        TestEnv env;
+        const QString kanta = seurat::Kopio(150, env.path(u"demo.mdb"_s));
+        const QString pdf = env.path(u"ulos.pdf"_s);
+        QStringList arg{kanta, u"jrluetlo"_s, pdf};
+        if (lisaa == QStringList{u"--"_s})
+            arg = QStringList{kanta};
+        else
+            arg += lisaa;
+        const Tulos t = aja(arg);
+        QCOMPARE(t.koodi, koodi);
+        QVERIFY2(t.virhe.contains(viesti), qPrintable(t.virhe));
+        QVERIFY(!QFile::exists(pdf));
+    }
+
+    void puuttuvaTietokantaJaRaportti()
+    {
+        TestEnv env;
+        Tulos t = aja({env.path(u"eiole.mdb"_s), u"jrluetlo"_s, env.path(u"x.pdf"_s)});
+        QCOMPARE(t.koodi, 1);
+        QVERIFY2(t.virhe.contains(u"Tietokantaa "_s) && t.virhe.contains(u"ei voi avata"_s), qPrintable(t.virhe));
+        t = aja({seurat::Kopio(150, env.path(u"demo.mdb"_s)), u"eiole"_s, env.path(u"x.pdf"_s)});
+        QCOMPARE(t.koodi, 1);
+        QVERIFY(t.virhe.contains(u"Raporttia eiole.rpt ei löydy"_s));
+    }
+
+    void pdfValinnallaJaKaavoilla()
+    {
+        const QString pdftotext = QStandardPaths::findExecutable(u"pdftotext"_s);
+        if (pdftotext.isEmpty())
+            QSKIP("pdftotext is not installed");
+        TestEnv env;
+        const QString kanta = seurat::Kopio(150, env.path(u"demo.mdb"_s));
+        const QString pdf = env.path(u"ulos.pdf"_s);
+        const Tulos t = aja({kanta, u"jrluetlo.rpt"_s, pdf, u"--selection"_s, u"{jr.jrJasennumero} = '7'"_s, u"--formula"_s,
+                             u"Seurannimi= 'Kyläyhdistys D'Artagnan ry'"_s, u"--sort"_s, u"-{jr.jrSukunimi}"_s});
+        QCOMPARE(t.koodi, 0);
+        QProcess p;
+        p.start(pdftotext, {pdf, u"-"_s});
+        QVERIFY(p.waitForFinished(30000));
+        const QString teksti = QString::fromUtf8(p.readAllStandardOutput());
+        QVERIFY2(teksti.contains(u"Kyläyhdistys D'Artagnan ry"_s), qPrintable(teksti));
+        QVERIFY(teksti.contains(u"Jäseniä yhteensä: 1"_s));
+        QVERIFY(teksti.contains(u"sivu 1 / 1"_s));
+    }
+};
+
+QTEST_MAIN(TestKomento)
+#include "tst_komento.moc"

@@ -1,0 +1,267 @@
+// The print run of the main window: the copies rule of the print settings, section fonts and
+// club formulas, the plain run to the preview and the printer, the choice windows and the
+// preview's PDF button.
+#include "core/MainModule.h"
+#include "reports/RaporttiVirhe.h"
+#include "reports/Tulostus.h"
+#include "reports/ui/Raporttitulostus.h"
+#include "reports/ui/frmEsikatselu.h"
+#include "reports/ui/frmTulostus.h"
+#include "reports/ui/frmTulostusmuodonvalinta.h"
+#include "scripteddialogs.h"
+#include "seurat.h"
+#include "testenv.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPrinterInfo>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+using namespace MainModule;
+
+namespace {
+
+struct Kirjaus : Tulostuskohde {
+    std::vector<Asiakirja> esikatsellut;
+    QString tulostin;
+    int kopioita = -1;
+    void esikatsele(const Asiakirja &d, bool, bool) override { esikatsellut.push_back(d); }
+    void tulosta(const Asiakirja &, const QString &nimi, int k) override
+    {
+        tulostin = nimi;
+        kopioita = k;
+    }
+};
+
+} // namespace
+
+class TestTulostus : public QObject {
+    Q_OBJECT
+
+private slots:
+    void cleanup()
+    {
+        AsetaTulostuskohde(nullptr);
+        Raportti() = Raporttiajo();
+        TulostusLaite = 0;
+        Kopiot = 1;
+        TulostusPeruttu = false;
+    }
+
+    void kopiomaara_data()
+    {
+        QTest::addColumn<int>("laite");
+        QTest::addColumn<QString>("teksti");
+        QTest::addColumn<QString>("vastaus"); // "" no question expected, "K" yes, "E" no
+        QTest::addColumn<bool>("hyvaksytty");
+        QTest::addColumn<int>("kopiot");
+        QTest::newRow("tulostimelle kolme") << 1 << u"3"_s << QString() << true << 3;
+        QTest::newRow("nolla on luku") << 1 << u"0"_s << QString() << true << 0;
+        QTest::newRow("pilkku pyöristyy") << 0 << u"2,5"_s << QString() << true << 2;
+        QTest::newRow("tyhjä tulostimelle, kyllä") << 1 << QString() << u"K"_s << true << 1;
+        QTest::newRow("kirjaimia tulostimelle, ei") << 1 << u"abc"_s << u"E"_s << false << 7;
+        QTest::newRow("liian suuri tulostimelle") << 1 << u"99999"_s << u"K"_s << true << 1;
+        QTest::newRow("kirjaimia ikkunaan") << 0 << u"abc"_s << QString() << true << 1;
+    }
+
+    void kopiomaara()
+    {
+        QFETCH(int, laite);
+        QFETCH(QString, teksti);
+        QFETCH(QString, vastaus);
+        QFETCH(bool, hyvaksytty);
+        QFETCH(int, kopiot);
+        TestEnv env;
+        ScriptedDialogs d;
+        if (vastaus == u"K"_s)
+            d.yes();
+        else if (vastaus == u"E"_s)
+            d.no();
+        Kopiot = 7;
+        TulostusPeruttu = true;
+        QCOMPARE(HyvaksyTulostusasetukset(laite, teksti), hyvaksytty);
+        QCOMPARE(int(Kopiot), kopiot);
+        QCOMPARE(int(TulostusLaite), laite);
+        QVERIFY(!TulostusPeruttu);
+        QCOMPARE(d.allTexts(), vastaus.isEmpty() ? QStringList()
+                                                 : QStringList{u"Antamasi kopiomäärä on virheellinen. Haluatko tulostaa yhden kopion?"_s});
+        QVERIFY(d.unexpected.isEmpty());
+    }
+
+    void osiofontitJaSeuranKaavat()
+    {
+        TestEnv env;
+        Fontti = u"Liberation Serif"_s;
+        FonttiKoko = 11;
+        AsetaOsioFontit(true, false);
+        QCOMPARE(QStringList(std::begin(Raportti().SectionFont), std::end(Raportti().SectionFont)),
+                 (QStringList{u"DETAIL;Liberation Serif;11;X;X;X;X"_s, u"TITLE;Liberation Serif;12;X;X;X;X"_s,
+                              u"HEADER;Liberation Serif;X;X;X;X;X"_s, u"GH1;Liberation Serif;11;X;X;X;X"_s,
+                              u"GF1;Liberation Serif;11;X;X;X;X"_s, u"GF2;Liberation Serif;11;X;X;X;X"_s, {}, {}, {}}));
+        AsetaOsioFontit(false, true);
+        QCOMPARE(Raportti().SectionFont[0], u"DETAIL;Liberation Serif;11;X;X;X;X"_s);
+        QVERIFY(Raportti().SectionFont[2].isEmpty());
+        AsetaOsioFontit(false, false);
+        QCOMPARE(Raportti().SectionFont[0], u"ALL;Liberation Serif;11;X;X;X;X"_s);
+
+        RegName = u"Kylän Urheilijat ry"_s;
+        RegPostinumero = u"00100"_s;
+        RegPostitoimipaikka = u"Helsinki"_s;
+        RegPuhelin = u"09 123"_s;
+        RegFax = u"09 456"_s;
+        RegSeuranEmail = u"seura@example.fi"_s;
+        RegWWW = u"www.example.fi"_s;
+        YTunnus = u"1234567-8"_s;
+        MuistutusLoppu = u"Kiitos!"_s;
+        AsetaMuistutusKaavat();
+        const QString *f = Raportti().Formulas;
+        QCOMPARE(f[0], u"Seurannimi= 'Kylän Urheilijat ry'"_s);
+        QCOMPARE(f[2], u"Seuranpostiosoite= '00100 Helsinki'"_s);
+        QCOMPARE(f[7], u"SeuranPuhelinJaFax= 'Puh: 09 123  Fax: 09 456'"_s);
+        QCOMPARE(f[8], u"SeuranEmail= 'Email: seura@example.fi'"_s);
+        QCOMPARE(f[9], u"SeuranInternet= 'Internet: www.example.fi'"_s);
+        QCOMPARE(f[10], u"YTunnus= 'Y-tunnus:1234567-8'"_s);
+        QCOMPARE(f[11], u"MuistutusAlku= ''"_s);
+        QCOMPARE(f[12], u"MuistutusLoppu= 'Kiitos!'"_s);
+    }
+
+    void tavallinenAjo()
+    {
+        TestEnv env;
+        DatabasePath = seurat::Kopio(150, env.path(u"demo.mdb"_s));
+        RegName = u"Pelimannit 'Viulu' ry"_s;
+        Kirjaus kirjaus;
+        AsetaTulostuskohde(&kirjaus);
+
+        AjaRaportti(u"jrluetlo.rpt"_s);
+        QCOMPARE(int(kirjaus.esikatsellut.size()), 1);
+        QVERIFY(kirjaus.esikatsellut[0].tekstit(0).contains(u"Pelimannit 'Viulu' ry"_s)); // as typed
+        QCOMPARE(Raportti().SectionFont[0], u"ALL;Times New Roman;10;X;X;X;X"_s);
+        QCOMPARE(Raportti().WindowState, 2);
+
+        // A later run starts from a reset engine: nothing of the earlier job survives, and a
+        // report outside the club-name list gets no name.
+        Raportti().Formulas[5] = u"Otsake= 'vanha'"_s;
+        Raportti().SelectionFormula = u"{jr.jrID} < 0"_s;
+        TulostusLaite = 1;
+        Kopiot = 3;
+        Raportti().PrinterName = u"Toimisto"_s;
+        AjaRaportti(u"jrosoite.rpt"_s);
+        QCOMPARE(kirjaus.tulostin, u"Toimisto"_s);
+        QCOMPARE(kirjaus.kopioita, 3);
+        QVERIFY(Raportti().Formulas[0].isEmpty() && Raportti().Formulas[5].isEmpty());
+        QVERIFY(Raportti().SelectionFormula.isEmpty());
+    }
+
+    void ilmanTulostintaEsikatseluJaPdfToimivat()
+    {
+        if (!QPrinterInfo::availablePrinterNames().isEmpty())
+            QSKIP("this machine has printers");
+        TestEnv env;
+        ScriptedDialogs d;
+        DatabasePath = seurat::Kopio(150, env.path(u"demo.mdb"_s));
+        AsennaTulostuskohde();
+        TulostusLaite = 1;
+        try {
+            AjaRaportti(u"jrluetlo.rpt"_s);
+            QFAIL("printed without a printer");
+        } catch (const RaporttiVirhe &e) {
+            QVERIFY2(e.viesti().startsWith(u"Tulostimia ei ole asennettu."_s), qPrintable(e.viesti()));
+        }
+        frmTulostus w;
+        w.cTulostin->click();
+        QCOMPARE(d.messages().value(0).left(29), u"Tulostimia ei ole asennettu. "_s);
+    }
+
+    void tulostusasetuksetIkkuna()
+    {
+        TestEnv env;
+        ScriptedDialogs d;
+        Kopiot = 4;
+        frmTulostus w;
+        QCOMPARE(w.windowTitle(), u"Vonari - Tulostusasetukset"_s);
+        QCOMPARE(w.cmbTulostusLaite->count(), 2);
+        QCOMPARE(w.cmbTulostusLaite->currentText(), u"Ikkuna"_s);
+        QCOMPARE(w.tKopioita->text(), u"4"_s);
+        w.show();
+        w.cmbTulostusLaite->setCurrentIndex(1);
+        w.tKopioita->setText(u"kaksi"_s);
+        d.no();
+        w.cTulosta->click();
+        QVERIFY(w.isVisible()); // stays open for a better number
+        d.yes();
+        w.cTulosta->click();
+        QCOMPARE(w.result(), int(QDialog::Accepted));
+        QCOMPARE(int(Kopiot), 1);
+        QCOMPARE(int(TulostusLaite), 1);
+
+        frmTulostus peruttava;
+        peruttava.show();
+        peruttava.cPeruTulostus->click();
+        QVERIFY(TulostusPeruttu);
+
+        frmTulostus vainTulostin(true);
+        QCOMPARE(vainTulostin.cmbTulostusLaite->count(), 1);
+        QCOMPARE(vainTulostin.cmbTulostusLaite->currentData().toInt(), 1);
+        QVERIFY(d.unexpected.isEmpty());
+    }
+
+    void tulostusmuodonValinta()
+    {
+        TestEnv env;
+        frmTulostusmuodonvalinta w(0, 5);
+        QStringList nimet;
+        for (QRadioButton *r : w.optPrintType)
+            nimet << r->text();
+        QCOMPARE(nimet, (QStringList{u"Luettelo"_s, u"Tarrat"_s, u"Tarrat tittelillä"_s, u"Laaja luettelo"_s, u"Osoite arkille"_s,
+                                     u"Jäsenluettelo"_s, u"Rekisteritiedot"_s, u"Luett. kaduittain"_s, u"Luett. omin."_s}));
+        QVERIFY(w.optPrintType[4]->isChecked()); // "Osoite arkille" is report 5
+        const int odotettu[9] = {0, 3, 4, 2, 5, 6, 7, 8, 1};
+        for (int i = 0; i < 9; ++i) {
+            frmTulostusmuodonvalinta v;
+            v.optPrintType[i]->setChecked(true);
+            v.optTulJarj[2]->setChecked(true);
+            v.cSeuraava->click();
+            QVERIFY(!v.Cancelled);
+            QCOMPARE(v.iPrintType, odotettu[i]);
+            QCOMPARE(v.iTulJarj, 2);
+        }
+    }
+
+    void esikatselunPdf()
+    {
+        TestEnv env;
+        ScriptedDialogs d;
+        Raporttiajo r;
+        r.ResetReportFormulas(seurat::Kopio(150, env.path(u"demo.mdb"_s)));
+        r.ReportFileName = u"jrluetlo"_s;
+        frmEsikatselu w(r.Laadi(), true);
+        w.resize(800, 900);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QVERIFY(w.lblSivut->text().startsWith(u"sivu 1 / "_s));
+        const QImage kuva = w.grab().toImage();
+        int tummia = 0; // printed text shows as dark pixels on the white paper
+        for (int y = 0; y < kuva.height(); y += 2)
+            for (int x = 0; x < kuva.width(); x += 2)
+                tummia += qGray(kuva.pixel(x, y)) < 60;
+        QVERIFY(tummia > 200);
+
+        const QString pdf = env.path(u"luettelo.pdf"_s);
+        d.choosePath(pdf);
+        QVERIFY(w.tallennaPdf());
+        QFile f(pdf);
+        QVERIFY(f.open(QIODevice::ReadOnly));
+        QCOMPARE(f.read(5), QByteArray("%PDF-"));
+        d.choosePath(QString());
+        QVERIFY(!w.tallennaPdf());
+        QVERIFY(d.unexpected.isEmpty());
+    }
+};
+
+QTEST_MAIN(TestTulostus)
+#include "tst_tulostus.moc"
