@@ -10,6 +10,7 @@
 #include "testenv.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QSettings>
 #include <QtTest>
 
@@ -373,6 +374,23 @@ private slots:
         QCOMPARE(f.readAll(), sisalto);
         QVERIFY(!QFile::exists(polku + QStringLiteral("OLD")));
         QVERIFY(!QFile::exists(polku + QStringLiteral("2")));
+    }
+
+    void vioittunutKantaKorjataan()
+    {
+        TestEnv env;
+        ScriptedDialogs dialogs;
+        const QString kanta = teeKanta(env);
+        QVERIFY(QFile::resize(kanta, QFileInfo(kanta).size() / 2));
+
+        const AsetustenTallennusTulos tulos = TallennaAsetukset(hyvat(kanta, env.path(QStringLiteral("v"))));
+
+        QVERIFY(tulos.valmis);
+        const QStringList viestit = dialogs.messages();
+        QVERIFY(!viestit.isEmpty());
+        QCOMPARE(viestit.first(), QStringLiteral("Tietokanta on vioittunut edellisen käyttökerran lopetuksen yhteydessä, "
+                                                 "yritän korjata tietokannan. Odota hetki."));
+        QCOMPARE(iniArvo(env, QStringLiteral("Database")), kanta);
     }
 
     void lisaasetukset()

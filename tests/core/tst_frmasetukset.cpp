@@ -391,6 +391,21 @@ private slots:
         QVERIFY(dialogs.unexpected.isEmpty());
     }
 
+    void uusiTietokantaMallista()
+    {
+        TestEnv env;
+        ScriptedDialogs dialogs;
+        frmAsetukset w;
+        w.show();
+        dialogs.cancelInput();
+        w.findChild<QAction *>(u"mCreateNewDatabase"_s)->trigger();
+        QVERIFY(w.isVisible());
+        QVERIFY(dialogs.unexpected.isEmpty());
+        QCOMPARE(dialogs.allTexts(), (QStringList{u"Tämä toiminto luo uuden tietokannan yhdistyksen jäsenrekisterin pohjaksi."_s,
+                                                  u"Anna uudelle tietokannalle nimi (max. 8 kirjainta)."_s,
+                                                  u"Tietokannan nimi ei voi olla tyhjä. Toiminto keskeytetään."_s}));
+    }
+
     void lisaasetustenIkkuna()
     {
         TestEnv env;
