@@ -1,11 +1,10 @@
 // Backup with reorganisation, and the opening at start with its damage check, on a club of
 // 100,000 members. The bare engine operations beside them give the floor.
 #include "core/MainModule.h"
-#include "core/Malli.h"
 #include "core/Tietokanta.h"
-#include "core/UpdateDatabase.h"
 #include "platform/database.h"
 #include "scripteddialogs.h"
+#include "seurat.h"
 #include "testenv.h"
 
 #include <QCoreApplication>
@@ -15,27 +14,6 @@
 
 namespace {
 
-// Members with three years of invoices, their rows, attribute values and families.
-const char *const kRivit = R"(
-WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 100000)
-INSERT INTO jr (jrSukunimi, jrEtunimi, jrOsoite, jrPostinumero, jrPostitoimipaikka, jrPuhelin, jrMatkapuhelin, jrEmail,
-  jrJasennumero, jrJasenmaksu, jrSyntyma, jrLiittyma, jrKatu, jrMuistio)
-SELECT 'Sukunimi' || (i % 5000), 'Etunimi' || (i % 700), 'Mäkikatu ' || (i % 300) || ' B ' || (i % 40),
-  printf('%05d', i % 99999), 'Jyväskylä', '014-' || i, '040-' || i, 'jasen' || i || '@esimerkki.fi', i, i % 2,
-  '1970-01-01', '2000-01-01', 'Mäkikatu', CASE WHEN i % 10 = 0 THEN 'Muistiinpano jäsenestä ' || i END FROM n;
-WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 300000)
-INSERT INTO jmhist (jmhjmID, jmhjmjrID, jmhjmLaskunumero, jmhjmLaskupaiva, jmhjmErapaiva, jmhjmViitenumero,
-  jmhjmHinta, jmhjmTeksti, jmhjmOtsake, jmhjmMaksettu)
-SELECT i, i % 100000 + 1, 1000 + i, '2023-01-15', '2023-02-15', '1000' || i, 250000, 'Jäsenmaksu', 'LASKU', i % 3 > 0 FROM n;
-WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 400000)
-INSERT INTO jmRivi (jmRjmID, jmRPaiva, jmRHinta, jmRTeksti, jmRMaksettu, jmRjrID)
-SELECT i * 3 / 4 + 1, '2023-01-15', 250000, 'Jäsenmaksu', 0, i % 100000 + 1 FROM n;
-WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 200000)
-INSERT INTO pt (ptjrID, ptpiID, ptValLong) SELECT i % 100000 + 1, i % 20 + 1, i FROM n;
-WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 20000)
-INSERT INTO jrPerhe (jrPMID, jrPSubID) SELECT i * 5, i * 5 + 1 FROM n;
-)";
-
 struct Kerho {
     TestEnv env;
     ScriptedDialogs dialogit;
@@ -44,13 +22,7 @@ struct Kerho {
     Kerho()
     {
         QDir(env.root()).mkpath(QStringLiteral("varmuus"));
-        kanta = env.path(QStringLiteral("kerho.mdb"));
-        LuoMalliTietokanta(kanta);
-        auto d = db::Database::open(kanta);
-        UpdateDatabase(*d);
-        db::Transaction t(*d);
-        d->executeScript(QString::fromUtf8(kRivit));
-        t.commit();
+        kanta = seurat::Kopio(100000, env.path(QStringLiteral("kerho.mdb")));
         MainModule::DatabasePath = kanta;
         MainModule::BackupPath = env.path(QStringLiteral("varmuus/"));
     }
