@@ -3,6 +3,7 @@
 // window from it with their own record object, boxes, title and texts.
 #pragma once
 
+#include <QPointer>
 #include <QWidget>
 #include <functional>
 
@@ -71,3 +72,23 @@ private:
     QString m_poistokysymys;
     bool m_naytetaan = false; // the window itself is filling its boxes or its tree
 };
+
+// Opens a code-list window once: a second call brings the open one forward, and a window whose
+// load fails is not shown.
+template <class Ikkuna>
+void AvaaKoodilista(QWidget *parent)
+{
+    static QPointer<Ikkuna> ikkuna;
+    if (!ikkuna) {
+        auto *w = new Ikkuna(parent);
+        w->setAttribute(Qt::WA_DeleteOnClose);
+        if (!w->lataa()) {
+            delete w;
+            return;
+        }
+        ikkuna = w;
+    }
+    ikkuna->show();
+    ikkuna->raise();
+    ikkuna->activateWindow();
+}

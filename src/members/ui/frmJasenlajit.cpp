@@ -2,7 +2,6 @@
 
 #include "members/Koodilistat.h"
 
-#include <QPointer>
 
 frmJasenlajit::frmJasenlajit(QWidget *parent)
     : KoodiIkkuna(parent, "frmJasenlajit",
@@ -11,19 +10,4 @@ frmJasenlajit::frmJasenlajit(QWidget *parent)
 {
 }
 
-void AvaaJasenlajit(QWidget *parent)
-{
-    static QPointer<frmJasenlajit> ikkuna;
-    if (!ikkuna) {
-        auto *w = new frmJasenlajit(parent);
-        w->setAttribute(Qt::WA_DeleteOnClose);
-        if (!w->lataa()) {
-            delete w;
-            return;
-        }
-        ikkuna = w;
-    }
-    ikkuna->show();
-    ikkuna->raise();
-    ikkuna->activateWindow();
-}
+void AvaaJasenlajit(QWidget *parent) { AvaaKoodilista<frmJasenlajit>(parent); }

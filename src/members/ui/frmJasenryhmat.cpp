@@ -2,7 +2,6 @@
 
 #include "members/Koodilistat.h"
 
-#include <QPointer>
 
 frmJasenryhmat::frmJasenryhmat(QWidget *parent)
     : KoodiIkkuna(parent, "frmJasenryhmat",
@@ -11,19 +10,4 @@ frmJasenryhmat::frmJasenryhmat(QWidget *parent)
 {
 }
 
-void AvaaJasenryhmat(QWidget *parent)
-{
-    static QPointer<frmJasenryhmat> ikkuna;
-    if (!ikkuna) {
-        auto *w = new frmJasenryhmat(parent);
-        w->setAttribute(Qt::WA_DeleteOnClose);
-        if (!w->lataa()) {
-            delete w;
-            return;
-        }
-        ikkuna = w;
-    }
-    ikkuna->show();
-    ikkuna->raise();
-    ikkuna->activateWindow();
-}
+void AvaaJasenryhmat(QWidget *parent) { AvaaKoodilista<frmJasenryhmat>(parent); }

@@ -7,49 +7,20 @@
 #include "members/ui/Ikkunaapu.h"
 
 #include <QComboBox>
-#include <QFormLayout>
-#include <QHBoxLayout>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 frmOminaisuudenPoisto::frmOminaisuudenPoisto(QWidget *parent) : QDialog(parent)
 {
     setObjectName(QStringLiteral("frmOminaisuudenPoisto"));
     setWindowTitle(MainModule::AppName + QStringLiteral(" - Ominaisuuden poisto"));
-    cmbPoistettava = new QComboBox(this);
-    cmbPoistettava->setObjectName(QStringLiteral("cmbPoistettava"));
-    cmbPoistoEhto = new QComboBox(this);
-    cmbPoistoEhto->setObjectName(QStringLiteral("cmbPoistoEhto"));
-    for (QComboBox *c : {cmbPoistettava, cmbPoistoEhto})
-        c->setMinimumWidth(260);
-    cDelete = new QPushButton(QStringLiteral("Poista"), this);
-    cDelete->setObjectName(QStringLiteral("cDelete"));
-    cUndo = new QPushButton(QStringLiteral("Peru"), this);
-    cUndo->setObjectName(QStringLiteral("cUndo"));
-
-    auto *f = new QFormLayout;
-    f->addRow(QStringLiteral("Poistettava ominaisuus:"), cmbPoistettava);
-    f->addRow(QStringLiteral("Poistetaan, jos jäsenellä on ominaisuus:"), cmbPoistoEhto);
-    auto *napit = new QHBoxLayout;
-    napit->addStretch(1);
-    napit->addWidget(cDelete);
-    napit->addWidget(cUndo);
-    auto *v = new QVBoxLayout(this);
-    v->setContentsMargins(16, 16, 16, 12);
-    f->setVerticalSpacing(10);
-    v->addLayout(f);
-    v->addStretch(1);
-    v->addSpacing(16);
-    v->addLayout(napit);
-    resize(sizeHint().width() + 40, sizeHint().height() + 24);
-
+    const auto l = ikkuna::RakennaKahdenOminaisuudenLomake(this, {"cmbPoistettava", QStringLiteral("Poistettava ominaisuus:")},
+                                                           {"cmbPoistoEhto", QStringLiteral("Poistetaan, jos jäsenellä on ominaisuus:")},
+                                                           {"cDelete", QStringLiteral("Poista")});
+    cmbPoistettava = l.eka;
+    cmbPoistoEhto = l.toka;
+    cDelete = l.toiminto;
+    cUndo = l.peru;
     connect(cDelete, &QPushButton::clicked, this, [this] { ikkuna::Suojattu([this] { poista(); }); });
-    connect(cUndo, &QPushButton::clicked, this, &QDialog::reject);
-    ikkuna::Suojattu([this] {
-        auto d = ikkuna::AvaaKanta();
-        ikkuna::TaytaOminaisuusValinta(cmbPoistettava, *d);
-        ikkuna::TaytaOminaisuusValinta(cmbPoistoEhto, *d);
-    });
 }
 
 void frmOminaisuudenPoisto::poista()

@@ -4,7 +4,6 @@
 #include "members/Koodilistat.h"
 
 #include <QLineEdit>
-#include <QPointer>
 
 namespace {
 
@@ -39,19 +38,4 @@ void frmPostinumerot::naytaKentat()
     tPostitoimipaikka->setText(m_olio->Postitoimipaikka());
 }
 
-void AvaaPostinumerot(QWidget *parent)
-{
-    static QPointer<frmPostinumerot> ikkuna;
-    if (!ikkuna) {
-        auto *w = new frmPostinumerot(parent);
-        w->setAttribute(Qt::WA_DeleteOnClose);
-        if (!w->lataa()) {
-            delete w;
-            return;
-        }
-        ikkuna = w;
-    }
-    ikkuna->show();
-    ikkuna->raise();
-    ikkuna->activateWindow();
-}
+void AvaaPostinumerot(QWidget *parent) { AvaaKoodilista<frmPostinumerot>(parent); }
