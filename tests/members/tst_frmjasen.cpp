@@ -22,22 +22,12 @@
 #include <QTreeView>
 #include <QtTest>
 
+#include "malliseura.h"
+
 using namespace Qt::Literals::StringLiterals;
 using EditMode = db::Recordset::EditMode;
 
 namespace {
-
-QString tyhjaSeura()
-{
-    static QTemporaryDir kansio;
-    static const QString polku = [] {
-        const QString p = kansio.filePath(u"malli.mdb"_s);
-        LuoMalliTietokanta(p);
-        UpdateDatabase(*db::Database::open(p));
-        return p;
-    }();
-    return polku;
-}
 
 // A small club in a scratch home, the member window open on it, and a connection of the test's
 // own to look at the database after each flow.
@@ -54,7 +44,7 @@ struct Seura {
         if (jasenia > 0)
             seurat::Kopio(jasenia, MainModule::DatabasePath);
         else
-            QFile::copy(tyhjaSeura(), MainModule::DatabasePath);
+            QFile::copy(malliseura::malli(), MainModule::DatabasePath);
         QFile(MainModule::DatabasePath).setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
         d = db::Database::open(MainModule::DatabasePath);
     }

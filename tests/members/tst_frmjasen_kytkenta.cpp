@@ -30,22 +30,12 @@
 #include <QToolButton>
 #include <QtTest>
 
+#include "malliseura.h"
+
 using namespace Qt::Literals::StringLiterals;
 using EditMode = db::Recordset::EditMode;
 
 namespace {
-
-QString tyhjaSeura()
-{
-    static QTemporaryDir kansio;
-    static const QString polku = [] {
-        const QString p = kansio.filePath(u"malli.mdb"_s);
-        LuoMalliTietokanta(p);
-        UpdateDatabase(*db::Database::open(p));
-        return p;
-    }();
-    return polku;
-}
 
 // Two members and the memo attribute "Kuoro", the member window open on the first.
 struct Seura {
@@ -59,9 +49,7 @@ struct Seura {
     Seura()
     {
         MainModule::DatabasePath = env.path(u"seura.mdb"_s);
-        QFile::copy(tyhjaSeura(), MainModule::DatabasePath);
-        QFile(MainModule::DatabasePath).setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-        d = db::Database::open(MainModule::DatabasePath);
+        d = malliseura::kopio(MainModule::DatabasePath);
         aalto = jasen(u"Aalto"_s, u"Anna"_s);
         berg = jasen(u"Berg"_s, u"Bo"_s);
         d->execute(u"INSERT INTO pi (piNimi, piKuvaus, piEnbldDate, piEnbldLong, piEnbldCurrency, piEnbldMemo) "
