@@ -7,6 +7,8 @@
 #include "platform/database.h"
 
 #include <QDate>
+#include <QProcess>
+#include <QStandardPaths>
 #include <QStringList>
 
 struct TestiJasen {
@@ -79,3 +81,18 @@ inline void LisaaGeneroidut(db::Database &d, int maara)
         LisaaJasen(d, GeneroituJasen(i));
     t.commit();
 }
+
+// The text of a PDF as pdftotext reads it (poppler-utils is a dependency of the tests); empty when
+// the file cannot be read.
+inline QString PdfTeksti(const QString &pdf, bool asettelu = true)
+{
+    QStringList args;
+    if (asettelu)
+        args << QStringLiteral("-layout");
+    args << pdf << QStringLiteral("-");
+    QProcess p;
+    p.start(QStandardPaths::findExecutable(QStringLiteral("pdftotext")), args);
+    p.waitForFinished(30000);
+    return QString::fromUtf8(p.readAllStandardOutput());
+}
+
