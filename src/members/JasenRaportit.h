@@ -12,6 +12,7 @@ struct JasenRaportti {
     QString valinta;       // selection formula; empty: every row
     QStringList kaavat;    // "Name= 'text'", in the order the engine gets them
     QStringList lajittelu; // "+{table.field}"; empty: the report's own order
+    bool omatReunat = false; // the report's own margins, not the settings' (label sheets)
 };
 
 // "Luettelot ja tarrat": the report of print type 0…8 for the order 0 surname, 1 postal code,
@@ -27,6 +28,9 @@ JasenRaportti MaksuhistoriaRyhmalle(qint64 piId);
 JasenRaportti PerheLuettelo();
 JasenRaportti MaksamattomatPerheet(bool tarrat);
 JasenRaportti MaksaneetPerheet(bool tarrat);
+
+// The label sheet of table Tarra (the family labels), in the order the labels were made.
+JasenRaportti Perhetarrat();
 
 // The street name of an address: words up to the first word after the first that holds a digit.
 QString KadunNimi(const QString &osoite);

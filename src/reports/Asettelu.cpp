@@ -313,7 +313,7 @@ private:
         };
         QStringList rivit;
         for (const QString &kappale : teksti.split(QLatin1Char('\n'))) {
-            if (k.kasvaa)
+            if (k.rivita)
                 rivit += rivita(kappale, alue.width(), fm);
             else if (leveys(kappale) <= alue.width())
                 rivit << kappale;
@@ -472,7 +472,10 @@ private:
             m_sisaltoa = true;
             return;
         }
-        if (m_y + il.korkeus > m_ala + Vara && m_sisaltoa)
+        // A band is kept together on the next page, unless it grew with its text to more than half
+        // a page: such a band (a member's whole record) goes on where the page has room.
+        const bool pitka = il.korkeus > o.korkeus + Vara && il.korkeus > (m_ala - m_reunat.top()) / 2;
+        if (m_y + il.korkeus > m_ala + Vara && m_sisaltoa && !pitka)
             uusiSivu();
         while (m_y + il.korkeus > m_ala + Vara)
             jaa(il);
@@ -481,8 +484,8 @@ private:
         m_sisaltoa = true;
     }
 
-    // A band taller than the room left on an empty page: what fits stays here, the rest moves up
-    // to continue on the next page.
+    // A band taller than the room left on the page: what fits stays here, the rest moves up to
+    // continue on the next page.
     void jaa(Ilmentyma &il)
     {
         const double tila = m_ala - m_y;

@@ -283,8 +283,10 @@ private:
         const QString j = arvo("jarjestys").trimmed().toLower();
         if (j == QLatin1String("laskeva"))
             r.laskeva = true;
+        else if (j == QLatin1String("rivit"))
+            r.lajittele = false;
         else if (!j.isEmpty() && j != QLatin1String("nouseva"))
-            virhe(QStringLiteral("ryhmän järjestys \"%1\" on tuntematon (nouseva tai laskeva)").arg(j));
+            virhe(QStringLiteral("ryhmän järjestys \"%1\" on tuntematon (nouseva, laskeva tai rivit)").arg(j));
         while (seuraavaLapsi()) {
             if (m_x.name() == QLatin1String("otsikko"))
                 kertaosa(r.otsikko, OsaLaji::Ryhmaotsikko, taso);
@@ -360,7 +362,7 @@ private:
                 sallitut << QStringLiteral("tasaus") << QStringLiteral("pysty") << QStringLiteral("fontti")
                          << QStringLiteral("koko") << QStringLiteral("lihava") << QStringLiteral("kursiivi")
                          << QStringLiteral("alleviivattu") << QStringLiteral("muoto") << QStringLiteral("kasvaa")
-                         << QStringLiteral("osiofontti") << QStringLiteral("tausta");
+                         << QStringLiteral("rivita") << QStringLiteral("osiofontti") << QStringLiteral("tausta");
             attribuutit(sallitut);
             k.alue = QRectF(pituus("x"), pituus("y"), pituus("leveys"), pituus("korkeus"));
             if (k.alue.width() <= 0 || k.alue.height() <= 0)
@@ -384,6 +386,7 @@ private:
                 k.muoto = *mu;
             }
             k.kasvaa = totuus("kasvaa").value_or(false);
+            k.rivita = k.kasvaa || totuus("rivita").value_or(false);
             k.osiofontti = totuus("osiofontti").value_or(true);
             const QString kiintea = m_x.readElementText(QXmlStreamReader::ErrorOnUnexpectedElement);
             if (m_x.hasError())

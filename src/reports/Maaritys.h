@@ -40,6 +40,7 @@ struct Kohde {
     Qt::Alignment tasaus = Qt::AlignLeft | Qt::AlignTop;
     Muoto muoto = Muoto::Oletus;
     bool kasvaa = false;      // a text wraps and grows downwards, the band with it
+    bool rivita = false;      // a text wraps within its box (labels); kasvaa implies it
     bool osiofontti = true;   // section fonts handed in at run time apply
     double paksuus = 10;      // line width in twips (half a point)
     QColor vari = Qt::black;
@@ -66,6 +67,7 @@ struct Ryhma {
     std::shared_ptr<Solmu> lauseke;
     QString lausekeTeksti;
     bool laskeva = false;
+    bool lajittele = true; // false: the rows keep the sort fields' order, the group only breaks on a change
     bool uusiSivu = false; // every group after the first starts a page
     std::optional<Osa> otsikko, alatunniste;
 };

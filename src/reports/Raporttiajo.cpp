@@ -105,6 +105,8 @@ Asiakirja Raporttiajo::Laadi() const
     QStringList jarjestys;
     db::Params jarjestysArvot;
     for (const Ryhma &r : m.ryhmat) {
+        if (!r.lajittele)
+            continue;
         const SqlEhto e = KaannaJarjestykseksi(*r.lauseke, r.laskeva, lahde, raportti + QStringLiteral(", ryhmä ") + r.lausekeTeksti);
         jarjestys << e.sql;
         jarjestysArvot += e.arvot;

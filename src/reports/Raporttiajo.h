@@ -24,6 +24,7 @@ public:
     qint16 CopiesToPrinter = 1;
     QString PrinterName, PrinterDriver, PrinterPort;
     int WindowState = 0;        // 2: the preview opens maximised
+    int WindowLeft = 0, WindowTop = 0; // where the preview stands when it is not maximised
     bool WindowShowPrintBtn = true;
     int MarginLeft = 0, MarginRight = 0, MarginTop = 0, MarginBottom = 0;
     QString PrintFileName;      // the file of the PdfTiedosto destination

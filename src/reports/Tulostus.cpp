@@ -25,6 +25,12 @@ void ResetReportFormulas()
     r.MarginBottom = RaporttiMarginaalit.bottom;
 }
 
+void ValmisteleRaporttikone(const QString &tiedosto)
+{
+    ResetReportFormulas();
+    Raportti().ReportFileName = files::joinPath(files::programFolder(), tiedosto);
+}
+
 void AsetaOsioFontit(bool ryhmat, bool vainDetail)
 {
     QString (&f)[9] = Raportti().SectionFont;

@@ -17,6 +17,10 @@ inline bool TulostusPeruttu = false; // the user pressed "Peruuta"
 // print button on, the preview maximised. The margins come from the settings (× 48).
 void ResetReportFormulas();
 
+// A window that prints (the member register) points the engine at its report and the open
+// database when it opens; every run still sets its own file.
+void ValmisteleRaporttikone(const QString &tiedosto);
+
 // Section fonts from the settings' font and size. With `ryhmat` the report has group sections.
 void AsetaOsioFontit(bool ryhmat, bool vainDetail);
 

@@ -4,6 +4,8 @@
 #include "core/Esittelyseura.h"
 #include "core/MainModule.h"
 #include "members/JasenRaportit.h"
+#include "members/Perhetarrat.h"
+#include "members/Rekisteritiedot.h"
 #include "reports/Tulostus.h"
 #include "raporttiseura.h"
 #include "testenv.h"
@@ -323,6 +325,102 @@ private slots:
         QCOMPARE(a.tekstit(n - 1).value(0), MainModule::RegName);
     }
 
+    // Family labels: a selected head gets one label with the names of his selected family
+    // members; the selected members of a family whose head is not selected get their own.
+    void perhetarrat()
+    {
+        auto k = LuoTyhjaSeura(env->path(u"perheet.mdb"_s));
+        auto jasen = [&](const QString &etu, const QString &suku, const QString &osoite, bool paa, bool mukaan) {
+            const qint64 id = LisaaJasen(*k, {suku, etu, osoite, u"00100"_s, u"Helsinki"_s, {}, {}});
+            k->execute(u"UPDATE jr SET jrPerheenLaskutettava = ?, jrMukaan = ? WHERE jrID = ?"_s, {paa, mukaan, id});
+            return id;
+        };
+        auto perheeseen = [&](qint64 paa, qint64 jasen) {
+            k->execute(u"INSERT INTO jrPerhe (jrPMID, jrPSubID) VALUES (?, ?)"_s, {paa, jasen});
+        };
+        const qint64 a = jasen(u"Aino"_s, u"Virtanen"_s, u"Koulukatu 1"_s, true, true);
+        perheeseen(a, a);
+        perheeseen(a, jasen(u"Eero"_s, u"Virtanen"_s, u"Koulukatu 1"_s, false, true));
+        perheeseen(a, jasen(u"Kaisa"_s, u"Virtanen"_s, u"Koulukatu 1"_s, false, false));
+        perheeseen(a, jasen(u"Väinö Kristian"_s, u"Virtanen-Åberg"_s, u"Koulukatu 1"_s, false, true));
+        const qint64 b = jasen(u"Juha"_s, u"O'Brien"_s, u"Rantatie 2"_s, true, false);
+        perheeseen(b, b);
+        perheeseen(b, jasen(u"Maija"_s, u"O'Brien"_s, u"Rantatie 3"_s, false, true));
+        jasen(u"Onni"_s, u"Laine"_s, u"Pajakuja 4"_s, false, true);
+        // A head left out of his own family's links still gets a label with his name.
+        jasen(u"Pirjo"_s, u"Ojala"_s, u"Harjutie 5"_s, true, true);
+        k->execute(u"INSERT INTO Tarra (Rivi1) VALUES ('edellinen ajo')"_s);
+
+        QCOMPARE(TeePerhetarrat(*k), 4);
+        QStringList tarrat;
+        db::Statement s(*k, u"SELECT Rivi1 || ' | ' || Rivi2 || ' | ' || Rivi3 FROM Tarra ORDER BY Tarra_ID"_s);
+        while (s.next())
+            tarrat << s.value(0).toString();
+        QCOMPARE(tarrat, (QStringList{u"Aino Virtanen, Eero Virtanen, Väinö Kristian Virtanen-Åberg | Koulukatu 1 | 00100 Helsinki"_s,
+                                      u"Pirjo Ojala | Harjutie 5 | 00100 Helsinki"_s,
+                                      u"Maija O'Brien | Rantatie 3 | 00100 Helsinki"_s,
+                                      u"Onni Laine | Pajakuja 4 | 00100 Helsinki"_s}));
+        QCOMPARE(k->scalar(u"SELECT count(*) FROM jr WHERE jrMukaan = 1"_s).toInt(), 0);
+
+        // On the sheet the long name line wraps inside its label instead of losing names.
+        const QString vanha = MainModule::DatabasePath;
+        MainModule::DatabasePath = env->path(u"perheet.mdb"_s);
+        ValmisteleJasenRaportti(Perhetarrat());
+        QCOMPARE(Raportti().MarginLeft, 0);
+        const Asiakirja sivu = Raportti().Laadi();
+        MainModule::DatabasePath = vanha;
+        const QStringList rivit = sivu.tekstit(0);
+        for (const QString &sana : tarrat[0].section(u" | "_s, 0, 0).split(u' '))
+            QVERIFY2(rivit.join(u' ').split(u' ').contains(sana), qPrintable(sana));
+        QVERIFY(!rivit.join(u' ').contains(u"…"_s));
+        for (const Tulostekohde *t : sivu.tekstikohteet(0))
+            QVERIFY(t->alue.right() < 70 * yksikko::TwipsiaMillilla || t->alue.left() >= 70 * yksikko::TwipsiaMillilla);
+    }
+
+    // The register information: the table is filled for every member, and each selected member's
+    // extract starts a page of its own under his name.
+    void rekisteritiedot()
+    {
+        cRekisteritietovalinta v;
+        v.Ominaisuustiedot = v.Perhetiedot = v.Maksutiedot = true;
+        TaytaRekisteritiedot(*d, v);
+        QCOMPARE(d->scalar(u"SELECT count(*) FROM Rekisteritiedot"_s).toInt(), d->scalar(u"SELECT count(*) FROM jr"_s).toInt());
+        const QStringList odotetut = nimet(*d, u"coalesce(jrJasenmaksu, 0) = 0"_s, u"jrSukunimi COLLATE FI, jrEtunimi COLLATE FI, jrID"_s);
+        const Asiakirja a = laadi(ListaRaportti(7, 0, u"{jr.jrJasenmaksu} = False"_s, {}));
+        QCOMPARE(a.riveja, odotetut.size());
+        QStringList alut;
+        for (int i = 0; i < int(a.sivut.size()); ++i) {
+            const QStringList t = a.tekstit(i);
+            if (!t.contains(u"Rekisteriote"_s))
+                continue;
+            QCOMPARE(t.value(0), MainModule::RegName);
+            QVERIFY(t.contains(u"Yhteystiedot:"_s));
+            alut << t.value(t.indexOf(u"Yhteystiedot:"_s) - 2);
+        }
+        QCOMPARE(alut.size(), odotetut.size());
+        for (int i = 0; i < alut.size(); ++i) {
+            const QStringList osat = odotetut[i].split(u' ');
+            QVERIFY2(alut[i].contains(osat.mid(1).join(u' ')) && alut[i].endsWith(osat[0]), qPrintable(alut[i] + u" / "_s + odotetut[i]));
+        }
+        sivunumerot(a);
+    }
+
+    // The attribute list: every attribute once, with the number of members who have it.
+    void ominaisuusluettelo()
+    {
+        const Asiakirja a = laadi({u"pilista.rpt"_s, {}, {u"Seurannimi= 'Vanhankylän Urheiluseura ry'"_s}, {}});
+        db::Statement s(*d, u"SELECT piNimi, (SELECT count(*) FROM pt WHERE ptpiID = piID) FROM pi ORDER BY piNimi COLLATE FI"_s);
+        const QStringList t = a.tekstit(0);
+        int edellinen = -1;
+        while (s.next()) {
+            const int i = t.indexOf(s.value(0).toString());
+            QVERIFY2(i > edellinen, qPrintable(s.value(0).toString()));
+            QVERIFY(t.mid(i, 8).contains(s.value(1).toString()));
+            edellinen = i;
+        }
+        QVERIFY(edellinen > 0);
+    }
+
     void pdf_data()
     {
         QTest::addColumn<int>("tyyppi");
@@ -353,12 +451,17 @@ private slots:
             QFile::copy(Raportti().PrintFileName, QString::fromLocal8Bit(kansio) + u"/r%1.pdf"_s.arg(tyyppi));
     }
 
-    void pdfHistoriaJaPerheet()
+    void pdfMuut()
     {
         const qint64 jr = d->scalar(u"SELECT jmhjmjrID FROM jmhist LIMIT 1"_s).toLongLong();
         const QString sukunimi = d->scalar(u"SELECT jrSukunimi FROM jr WHERE jrID = ?"_s, {jr}).toString();
+        const QStringList seura{u"Seurannimi= 'Vanhankylän Urheiluseura ry'"_s};
+        TaytaRekisteritiedot(*d, {true, true, true, true});
         for (const auto &[r, odotettu] : {std::pair{MaksuhistoriaJasenelle(jr), u"Maksuhistoria"_s},
-                                          std::pair{PerheLuettelo(), u"Perheet"_s}}) {
+                                          std::pair{PerheLuettelo(), u"Perheet"_s},
+                                          std::pair{JasenRaportti{u"pilista.rpt"_s, {}, seura, {}}, u"Ominaisuudet"_s},
+                                          std::pair{JasenRaportti{u"jrjasmak.rpt"_s, {}, seura, {}}, u"Jäsenmaksutilanne"_s},
+                                          std::pair{ListaRaportti(7, 0, {}, {}), u"Rekisteriote"_s}}) {
             ValmisteleJasenRaportti(r);
             Raportti().Destination = Raporttiajo::PdfTiedosto;
             Raportti().PrintFileName = env->path(r.tiedosto + u".pdf"_s);
@@ -366,7 +469,7 @@ private slots:
             const QString t = PdfTeksti(Raportti().PrintFileName);
             QVERIFY(t.contains(odotettu));
             QVERIFY(t.contains(MainModule::RegName));
-            if (odotettu == u"Maksuhistoria"_s)
+            if (odotettu == u"Maksuhistoria"_s || odotettu == u"Rekisteriote"_s)
                 QVERIFY(t.contains(sukunimi));
             if (const QByteArray kansio = qgetenv("RAPORTTI_PDF_KANSIO"); !kansio.isEmpty())
                 QFile::copy(Raportti().PrintFileName, QString::fromLocal8Bit(kansio) + u"/"_s + r.tiedosto + u".pdf"_s);

@@ -60,6 +60,10 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
 
     // The bar is as large as its buttons, and stays so.
     setFixedSize(sizeHint());
+    // The preview opens in the top-left corner and offers printing.
+    Raportti().WindowLeft = 0;
+    Raportti().WindowTop = 0;
+    Raportti().WindowShowPrintBtn = true;
     mPerustaTietokanta->setVisible(IsDemoDatabase(DatabasePath));
     LataaIkkunanPaikka(this);
 }

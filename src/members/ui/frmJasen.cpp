@@ -6,6 +6,7 @@
 #include "members/ui/NimipuuMalli.h"
 #include "members/ui/frmJasenOminaisuudet.h"
 #include "platform/dialogs.h"
+#include "reports/Tulostus.h"
 
 #include <QAction>
 #include <QApplication>
@@ -108,6 +109,7 @@ bool frmJasen::Lataa()
         Ilmoita(QStringLiteral("Tarkista tietokanta asetukset asetusikkunasta!"));
         return false;
     }
+    ValmisteleRaporttikone(QStringLiteral("jrjasmak.rpt"));
     try {
         m_db = db::Database::open(polku);
         try {

@@ -149,6 +149,7 @@ protected:
     void mMaksaneetPerheetLuettelo_Click();
     void mMaksaneetPerheetOsoitetarrat_Click();
     void mRapRajausOminaisuudella_Click();
+    void mRapPerhetarrat_Click();
     void TulostaJasenRaportti(const JasenRaportti &r);
     void AjaJasenRaportti(const JasenRaportti &r);
     // ---- end of the report menu ----

@@ -9,13 +9,19 @@
 #include "reports/RaporttiVirhe.h"
 #include "reports/Tulostus.h"
 #include "reports/ui/frmTulostus.h"
+#include "reports/ui/frmRekisteritiedot.h"
 #include "reports/ui/frmTulostusmuodonvalinta.h"
+#include "members/Perhetarrat.h"
+#include "members/Rekisteritiedot.h"
 
 void frmJasen::AjaJasenRaportti(const JasenRaportti &r)
 {
     try {
         ValmisteleJasenRaportti(r);
         Raportti().setAction(1);
+        // A label sheet ran on its own margins; the next run has the settings' again.
+        if (r.omatReunat)
+            ResetReportFormulas();
     } catch (const RaporttiVirhe &e) {
         IlmoitaVirhe(QStringLiteral("Virhe tulostettaessa raporttia: ") + e.viesti());
     } catch (const HakuehtoVirhe &e) {
@@ -46,6 +52,23 @@ void frmJasen::mMaksamattomatPerheetOsoitetarrat_Click() { TulostaJasenRaportti(
 void frmJasen::mMaksaneetPerheetLuettelo_Click() { TulostaJasenRaportti(MaksaneetPerheet(false)); }
 void frmJasen::mMaksaneetPerheetOsoitetarrat_Click() { TulostaJasenRaportti(MaksaneetPerheet(true)); }
 
+void frmJasen::mRapPerhetarrat_Click()
+{
+    if (!TallennaKesken() || !NaytaHakuehdot(this) || !NaytaTulostusasetukset(false, this))
+        return;
+    try {
+        AsetaMukaan(*m_db);
+        TeePerhetarrat(*m_db);
+    } catch (const HakuehtoVirhe &e) {
+        IlmoitaVirhe(QStringLiteral("Virhe tulostettaessa raporttia: ") + e.viesti());
+        return;
+    } catch (const db::DbError &e) {
+        IlmoitaVirhe(QStringLiteral("Virhe tulostettaessa raporttia: ") + e.message());
+        return;
+    }
+    AjaJasenRaportti(Perhetarrat());
+}
+
 void frmJasen::mRapRajausOminaisuudella_Click()
 {
     if (!TallennaKesken())
@@ -56,19 +79,26 @@ void frmJasen::mRapRajausOminaisuudella_Click()
         return;
     Haku.iTulJarj = valinta.iTulJarj;
     Haku.iPrintType = valinta.iPrintType;
-    if (Haku.iPrintType == 7) {
-        Ilmoita(QStringLiteral("Rekisteritietojen tuloste ei ole vielä käytettävissä."));
+    if (!NaytaHakuehdot(this))
         return;
-    }
-    if (!NaytaHakuehdot(this) || !NaytaTulostusasetukset(false, this))
+    // The register information asks its sections; the table is filled only once nothing more can
+    // be cancelled.
+    cRekisteritietovalinta osiot;
+    if (Haku.iPrintType == 7 && !KysyRekisteritietovalinta(this, osiot))
+        return;
+    if (!NaytaTulostusasetukset(false, this))
         return;
     try {
         const JasenRaportti r = ListaRaportti(Haku.iPrintType, Haku.iTulJarj, KoostaValintakaava(*m_db),
                                               KoostaRajausteksti(*m_db));
+        if (Haku.iPrintType == 7)
+            TaytaRekisteritiedot(*m_db, osiot);
         if (Haku.iPrintType == 8)
             PaivitaKadut(*m_db);
         AjaJasenRaportti(r);
     } catch (const HakuehtoVirhe &e) {
         IlmoitaVirhe(QStringLiteral("Virhe tulostettaessa raporttia: ") + e.viesti());
+    } catch (const db::DbError &e) {
+        IlmoitaVirhe(QStringLiteral("Virhe tulostettaessa raporttia: ") + e.message());
     }
 }

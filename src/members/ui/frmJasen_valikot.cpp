@@ -121,7 +121,7 @@ void frmJasen::RakennaValikot()
     Komento(historia, "mMaksuhistoriaRyhmalle", QStringLiteral("Ryhmälle"), &frmJasen::mMaksuhistoriaRyhmalle_Click);
     QMenu *perheet = mRaportit->addMenu(QStringLiteral("Perheet"));
     Komento(perheet, "mRapPerheet", QStringLiteral("Luettelo"), &frmJasen::mRapPerheet_Click);
-    Komento(perheet, "mRapPerhetarrat", QStringLiteral("Perhetarrat"));
+    Komento(perheet, "mRapPerhetarrat", QStringLiteral("Perhetarrat"), &frmJasen::mRapPerhetarrat_Click);
     QMenu *maksamattomat = perheet->addMenu(QStringLiteral("Maksamattomat perheet"));
     Komento(maksamattomat, "mMaksamattomatPerheetLuettelo", QStringLiteral("Luettelo"), &frmJasen::mMaksamattomatPerheetLuettelo_Click);
     Komento(maksamattomat, "mMaksamattomatPerheetOsoitetarrat", QStringLiteral("Osoitetarrat"), &frmJasen::mMaksamattomatPerheetOsoitetarrat_Click);

@@ -7,6 +7,8 @@
 #include "members/Piirteet.h"
 #include "members/ui/Ikkunaapu.h"
 #include "platform/recordset.h"
+#include "reports/RaporttiVirhe.h"
+#include "reports/ui/Raporttitulostus.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -94,8 +96,7 @@ void frmPiirre::rakenna()
     QMenu *mRaportit = valikot->addMenu(QStringLiteral("Raportit"));
     mRapLuettelo = mRaportit->addAction(QStringLiteral("Luettelo ominaisuuksista"));
     mRapLuettelo->setObjectName(QStringLiteral("mRapLuettelo"));
-    // Printed through the report runner, which is not in the program yet.
-    mRapLuettelo->setEnabled(false);
+    connect(mRapLuettelo, &QAction::triggered, this, [this] { tulostaLuettelo(); });
 
     tvwPiirteet = new QTreeWidget(this);
     tvwPiirteet->setObjectName(QStringLiteral("tvwPiirteet"));
@@ -277,6 +278,18 @@ bool frmPiirre::kirjoitaKesken(bool *kirjoitettu)
         if (kirjoitettu)
             *kirjoitettu = true;
     });
+}
+
+// The list of attributes shows what is stored, so a pending edit is written first.
+void frmPiirre::tulostaLuettelo()
+{
+    if (!kirjoitaKesken())
+        return;
+    try {
+        PrintRaport(QStringLiteral("pilista.rpt"), this);
+    } catch (const RaporttiVirhe &e) {
+        IlmoitaVirhe(QStringLiteral("Virhe tulostettaessa raporttia: ") + e.viesti());
+    }
 }
 
 void frmPiirre::paivitaMaara()

@@ -52,6 +52,7 @@ private:
     void siirry(Siirto s);
     void puustaValittu(QTreeWidgetItem *solmu);
     void siivoa();
+    void tulostaLuettelo();
     void nimiMuuttui(const QString &teksti);
     void valintaMuuttui(int tyyppi, bool paalla);
 

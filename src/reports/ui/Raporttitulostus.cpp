@@ -23,6 +23,7 @@ public:
     void esikatsele(const Asiakirja &d, bool maksimoitu, bool tulostusnappi) override
     {
         frmEsikatselu w(d, tulostusnappi, QApplication::activeWindow());
+        w.move(Raportti().WindowLeft, Raportti().WindowTop);
         if (maksimoitu)
             w.setWindowState(w.windowState() | Qt::WindowMaximized);
         w.exec();
