@@ -166,7 +166,13 @@ public:
             if (m_rivinOsa.o) {
                 const int a = tasoja ? alku[size_t(tasoja - 1)] : 0;
                 const int l = tasoja ? m_loppu[size_t(tasoja - 1)][size_t(a)] : n;
+                // The last row of a group keeps the footers that close after it on its page.
+                m_pidaMukana = 0;
+                for (int t = 1; t <= tasoja; ++t)
+                    if ((i + 1 == n || (m_muutos[size_t(i + 1)] != 0 && m_muutos[size_t(i + 1)] <= t)) && m_ryhmat[size_t(t - 1)].second.o)
+                        m_pidaMukana += m_ryhmat[size_t(t - 1)].second.o->korkeus;
                 sijoita(m_rivinOsa, i, a, l);
+                m_pidaMukana = 0;
             }
         }
         if (n > 0)
@@ -475,7 +481,7 @@ private:
         // A band is kept together on the next page, unless it grew with its text to more than half
         // a page: such a band (a member's whole record) goes on where the page has room.
         const bool pitka = il.korkeus > o.korkeus + Vara && il.korkeus > (m_ala - m_reunat.top()) / 2;
-        if (m_y + il.korkeus > m_ala + Vara && m_sisaltoa && !pitka)
+        if (m_y + il.korkeus + m_pidaMukana > m_ala + Vara && m_sisaltoa && !pitka)
             uusiSivu();
         while (m_y + il.korkeus > m_ala + Vara)
             jaa(il);
@@ -549,8 +555,26 @@ private:
         if (r.uusiSivu && rivi > 0 && m_sisaltoa)
             uusiSivu();
         const ValmisOsa &vo = m_ryhmat[size_t(taso - 1)].first;
-        if (vo.o)
-            sijoita(vo, rivi, rivi, m_loppu[size_t(taso - 1)][size_t(rivi)]);
+        if (!vo.o)
+            return;
+        // A heading is never left alone at the foot of a page: it goes over with the inner headings
+        // and the group's first row.
+        auto korkeus = [&](const ValmisOsa &osa, size_t t) {
+            return rakenna(osa, arviointi(rivi, rivi, t < m_loppu.size() ? m_loppu[t][size_t(rivi)] : m_r.riveja)).korkeus;
+        };
+        double tarve = 0;
+        for (size_t t = size_t(taso - 1); t < m_ryhmat.size(); ++t) {
+            if (m_ryhmat[t].first.o)
+                tarve += korkeus(m_ryhmat[t].first, t);
+            // A group of one row takes its footer along too.
+            if (m_ryhmat[t].second.o && m_loppu[t][size_t(rivi)] == rivi + 1)
+                tarve += korkeus(m_ryhmat[t].second, t);
+        }
+        if (m_rivinOsa.o && m_rivinOsa.o->sarakkeita == 1)
+            tarve += korkeus(m_rivinOsa, m_ryhmat.size() - 1);
+        if (m_sisaltoa && m_y + tarve > m_ala + Vara)
+            uusiSivu();
+        sijoita(vo, rivi, rivi, m_loppu[size_t(taso - 1)][size_t(rivi)]);
     }
 
     void suljeRyhma(int taso, int alku, int loppu)
@@ -580,6 +604,7 @@ private:
     std::vector<Mittari> m_mitat;
     ValmisOsa m_raporttiotsikko, m_sivuotsikko, m_rivinOsa, m_sivualatunniste, m_raporttialatunniste;
     std::vector<std::pair<ValmisOsa, ValmisOsa>> m_ryhmat; // header, footer by level
+    double m_pidaMukana = 0; // room the band being placed keeps for the footers after it
     std::vector<int> m_muutos;
     std::vector<std::vector<int>> m_loppu;
     std::vector<std::pair<int, int>> m_kokonaissivut; // page, item
