@@ -85,24 +85,38 @@ QString quoteIdent(const QString &name)
 
 // ---- Statement ---------------------------------------------------------------------------
 
-Statement::Statement(Database &db, const QString &sql, const Params &params) : m_db(&db), m_sql(sql)
+Statement::Statement(Database &db, const QString &sql, const Params &params)
+    : m_db(&db), m_elossa(db.m_elossa), m_sql(sql)
 {
-    const QByteArray utf8 = sql.toUtf8();
-    const int rc = sqlite3_prepare_v2(db.handle(), utf8.constData(), int(utf8.size()), &m_stmt, nullptr);
-    if (rc != SQLITE_OK)
-        db.fail(rc, sql);
-    bindAll(params);
+    m_stmt = db.otaValmis(sql);
+    if (!m_stmt) {
+        const QByteArray utf8 = sql.toUtf8();
+        const int rc = sqlite3_prepare_v2(db.handle(), utf8.constData(), int(utf8.size()), &m_stmt, nullptr);
+        if (rc != SQLITE_OK)
+            db.fail(rc, sql);
+    }
+    try {
+        bindAll(params);
+    } catch (...) {
+        sqlite3_finalize(m_stmt);
+        throw;
+    }
 }
 
-Statement::Statement(Statement &&other) noexcept : m_db(other.m_db), m_stmt(other.m_stmt), m_sql(other.m_sql)
+Statement::Statement(Statement &&other) noexcept
+    : m_db(other.m_db), m_elossa(std::move(other.m_elossa)), m_stmt(other.m_stmt), m_sql(other.m_sql)
 {
     other.m_stmt = nullptr;
 }
 
 Statement::~Statement()
 {
-    if (m_stmt)
+    if (!m_stmt)
+        return;
+    if (m_elossa.expired())
         sqlite3_finalize(m_stmt);
+    else
+        m_db->palautaValmis(m_sql, m_stmt);
 }
 
 void Statement::bindAll(const Params &params)
@@ -225,8 +239,30 @@ Database::Database(sqlite3 *db, const QString &path) : m_db(db), m_path(path) {}
 
 Database::~Database() { close(); }
 
+sqlite3_stmt *Database::otaValmis(const QString &sql) { return m_valmiit.take(sql); }
+
+void Database::palautaValmis(const QString &sql, sqlite3_stmt *stmt)
+{
+    constexpr int Enintaan = 48;
+    sqlite3_reset(stmt);
+    sqlite3_clear_bindings(stmt);
+    if (!m_db || m_valmiit.size() >= Enintaan || m_valmiit.contains(sql)) {
+        sqlite3_finalize(stmt);
+        return;
+    }
+    m_valmiit.insert(sql, stmt);
+}
+
+void Database::tyhjennaValmiit()
+{
+    for (sqlite3_stmt *s : std::as_const(m_valmiit))
+        sqlite3_finalize(s);
+    m_valmiit.clear();
+}
+
 void Database::close()
 {
+    tyhjennaValmiit();
     if (m_db) {
         sqlite3_close_v2(m_db);
         m_db = nullptr;

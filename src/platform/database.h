@@ -4,6 +4,7 @@
 // as 0/1, money (Currency) as its raw ten-thousandths. Every value is bound, never spliced.
 #pragma once
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
@@ -69,6 +70,7 @@ public:
 private:
     void bindAll(const Params &params);
     Database *m_db;
+    std::weak_ptr<void> m_elossa; // expires with the connection: the statement is then only finalized
     sqlite3_stmt *m_stmt = nullptr;
     QString m_sql;
 };
@@ -131,10 +133,18 @@ public:
     [[noreturn]] void fail(int code, const QString &context = {});
 
 private:
+    friend class Statement;
     Database(sqlite3 *db, const QString &path);
     void configure();
+    // Prepared statements are kept for their next use: a report or a bulk run asks the same
+    // few questions for every member, and preparing them is most of the cost.
+    sqlite3_stmt *otaValmis(const QString &sql);
+    void palautaValmis(const QString &sql, sqlite3_stmt *stmt);
+    void tyhjennaValmiit();
     sqlite3 *m_db = nullptr;
     QString m_path;
+    QHash<QString, sqlite3_stmt *> m_valmiit;
+    std::shared_ptr<void> m_elossa = std::make_shared<int>(0);
 };
 
 // Rolls back unless committed: a run whose writes belong together commits as one.
