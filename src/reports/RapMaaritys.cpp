@@ -19,7 +19,7 @@ struct Lukuvirhe {
     QString syy;
 };
 
-QString teksti(const QJsonObject &o, const QString &avain)
+QString tekstiKohta(const QJsonObject &o, const QString &avain)
 {
     const QJsonValue v = o.value(avain);
     if (v.isUndefined() || v.isNull())
@@ -35,8 +35,8 @@ RapSarake sarake(const QJsonValue &v)
         throw Lukuvirhe{u"sarake ei ole sarakkeen kuvaus"_s};
     const QJsonObject o = v.toObject();
     RapSarake s;
-    s.fieldName = teksti(o, u"kentta"_s);
-    s.Header = teksti(o, u"otsake"_s);
+    s.fieldName = tekstiKohta(o, u"kentta"_s);
+    s.Header = tekstiKohta(o, u"otsake"_s);
     const QJsonValue leveys = o.value(u"leveys"_s);
     if (!leveys.isUndefined()) {
         if (!leveys.isDouble() || !std::isfinite(leveys.toDouble()))
@@ -46,10 +46,9 @@ RapSarake sarake(const QJsonValue &v)
     return s;
 }
 
-RepSettings lue(const QString &teksti_)
+RepSettings lue(const QString &teksti)
 {
-    QJsonParseError virhe;
-    const QJsonDocument doc = QJsonDocument::fromJson(teksti_.toUtf8(), &virhe);
+    const QJsonDocument doc = QJsonDocument::fromJson(teksti.toUtf8());
     if (doc.isNull() || !doc.isObject())
         throw Lukuvirhe{u"teksti ei ole raporttipohja"_s};
     const QJsonObject o = doc.object();
@@ -60,16 +59,16 @@ RepSettings lue(const QString &teksti_)
         throw Lukuvirhe{u"pohja on tehty ohjelman uudemmalla versiolla"_s};
 
     RepSettings r;
-    r.Nimi = teksti(o, u"nimi"_s);
-    r.Otsikko = teksti(o, u"otsikko"_s);
-    const QString suunta = teksti(o, u"suunta"_s);
+    r.Nimi = tekstiKohta(o, u"nimi"_s);
+    r.Otsikko = tekstiKohta(o, u"otsikko"_s);
+    const QString suunta = tekstiKohta(o, u"suunta"_s);
     if (suunta == u"vaaka"_s)
         r.Orientation = RepSettings::Vaakaan;
     else if (!suunta.isEmpty() && suunta != u"pysty"_s)
         throw Lukuvirhe{u"suunta \"%1\" on tuntematon"_s.arg(suunta)};
     const QJsonValue sarakkeet = o.value(u"sarakkeet"_s);
     if (!sarakkeet.isUndefined() && !sarakkeet.isArray())
-        throw Lukuvirhe{u"sarakkeet puuttuvat"_s};
+        throw Lukuvirhe{u"sarakkeiden luettelo puuttuu"_s};
     for (const QJsonValue &s : sarakkeet.toArray())
         r.Sarakkeet.append(sarake(s));
     return r;

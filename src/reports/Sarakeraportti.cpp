@@ -16,12 +16,15 @@ namespace {
 
 constexpr double OletusLeveys = 30; // mm
 constexpr double Vali = 1.5;        // mm left free at the end of each column
+constexpr double LuvunVali = 4;     // more after a number, which would touch the next column's text
 constexpr double MmPisteella = 25.4 / 72;
 
 struct Sarake {
     const RaportinKentta *kentta = nullptr; // nullptr: an empty column
     double x = 0, leveys = 0;               // mm from the left margin
     bool oikealle = false;
+
+    double tekstille() const { return leveys - (oikealle ? LuvunVali : Vali); }
 };
 
 QString mm(double arvo)
@@ -136,14 +139,14 @@ QByteArray maaritys(const RepSettings &r, const SarakeraportinAjo &ajo, const QV
     const auto tasaus = [](const Sarake &s) { return Ominaisuudet{{u"tasaus"_s, s.oikealle ? u"oikea"_s : u"vasen"_s}}; };
     k.osa(u"sivuotsikko"_s, rivi + 3);
     for (int i = 0; i < sarakkeet.size(); ++i)
-        k.teksti(sarakkeet[i].x, 1.5, sarakkeet[i].leveys - Vali, rivi, r.Sarakkeet[i].Header, lihava + tasaus(sarakkeet[i]));
+        k.teksti(sarakkeet[i].x, 1.5, sarakkeet[i].tekstille(), rivi, r.Sarakkeet[i].Header, lihava + tasaus(sarakkeet[i]));
     k.viiva(rivi + 2.2, leveys, 0.8);
     k.w.writeEndElement();
 
     k.osa(u"rivi"_s, rivi + 0.6);
     for (const Sarake &s : sarakkeet)
         if (s.kentta)
-            k.teksti(s.x, 0.4, s.leveys - Vali, rivi, {},
+            k.teksti(s.x, 0.4, s.tekstille(), rivi, {},
                      tasaus(s) + Ominaisuudet{{u"lauseke"_s, u"{%1.%2}"_s.arg(s.kentta->taulu, s.kentta->kentta)}});
     k.viiva(rivi + 0.6, leveys, 0.25, u"#b0b0b0"_s);
     k.w.writeEndElement();
