@@ -131,7 +131,11 @@ Asiakirja Raporttiajo::Laadi() const
 
 void Raporttiajo::Aja()
 {
-    const Asiakirja d = Laadi();
+    Toimita(Laadi());
+}
+
+void Raporttiajo::Toimita(const Asiakirja &d)
+{
     if (d.riveja == 0)
         throw RaporttiVirhe(QStringLiteral("Raportille ei löytynyt yhtään tulostettavaa tietoa."));
     if (Destination == PdfTiedosto) {

@@ -43,6 +43,11 @@ public:
     // The laid-out document alone: the preview, tests and tools use it.
     Asiakirja Laadi() const;
 
+    // Sends a document laid out elsewhere (a user's column report) where Aja sends its own:
+    // destination, printer, copies and preview state as set. Throws RaporttiVirhe, also for a
+    // document without rows.
+    void Toimita(const Asiakirja &d);
+
     // The SELECT of the last layout, for messages and tests.
     QString viimeisinSql() const { return m_sql; }
 

@@ -9,7 +9,9 @@ QString lainaa(const QString &nimi)
     return QLatin1Char('"') + QString(nimi).replace(QLatin1Char('"'), QLatin1String("\"\"")) + QLatin1Char('"');
 }
 
-Arvo arvoksi(const QVariant &v, KenttaLaji laji)
+} // namespace
+
+Arvo KentanArvo(const QVariant &v, KenttaLaji laji)
 {
     if (!v.isValid() || v.isNull())
         return {};
@@ -31,8 +33,6 @@ Arvo arvoksi(const QVariant &v, KenttaLaji laji)
         return qint64(v.toLongLong());
     }
 }
-
-} // namespace
 
 KenttaLaji LajiTyypista(const QString &tyyppi)
 {
@@ -211,7 +211,7 @@ Rivisto Tietolahde::hae(const SqlEhto &valinta, const QStringList &jarjestys, co
         db::Statement st(m_db, m_sql, arvot);
         while (st.next()) {
             for (int i = 0; i < r.leveys; ++i)
-                r.solut.push_back(arvoksi(st.value(i), m_haettavat[i].laji));
+                r.solut.push_back(KentanArvo(st.value(i), m_haettavat[i].laji));
             ++r.riveja;
         }
     } catch (const db::DbError &e) {

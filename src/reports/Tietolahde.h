@@ -54,5 +54,9 @@ private:
     QString m_sql;
 };
 
+// A fetched column's value as the report holds it: Null stays Null, dates from their ISO text,
+// money from its ten-thousandths, booleans from 0/1.
+Arvo KentanArvo(const QVariant &v, KenttaLaji laji);
+
 // The kind of a column from its declared type, for tables the schema does not know.
 KenttaLaji LajiTyypista(const QString &tyyppi);

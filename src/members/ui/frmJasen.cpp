@@ -130,6 +130,7 @@ bool frmJasen::Lataa()
         m_db.reset();
         return false;
     }
+    PaivitaMuokattavatRaportit();
     if (m_data1->recordCount() == 0) {
         AsetaTyhjaTila(true);
         Ilmoita(QStringLiteral("Jäsenrekisteri on vielä tyhjä.\nLisää uusi jäsen klikkaamalla Uusi painiketta."));

@@ -57,6 +57,9 @@ public:
     // added, in that order. False when the row could not be written: the command stops.
     bool TallennaKesken();
     db::Recordset *Data1() const { return m_data1.get(); }
+    // The rows of the user's own reports in the report menu, one per stored definition; the
+    // report editor calls this when it closes.
+    void PaivitaMuokattavatRaportit();
 
     // ---- Controls, named and indexed as the register has always named them ----
     std::array<QLineEdit *, YhteystietoMaara> tYhteystiedot{};
@@ -80,6 +83,7 @@ public:
             *mSeuraava = nullptr, *mViimeinen = nullptr, *mEmailValitulle = nullptr, *mSulje = nullptr;
     QAction *mKopioiYhteystiedot = nullptr, *mLiimaaLeikepoydalta = nullptr, *mMaksamattomienPoisto = nullptr,
             *mPostinumeroidenTarkistus = nullptr;
+    QVector<QAction *> mMuokattavaRaportti; // row 0 is always there, hidden when there are no reports
 
     // Family tab
     QCheckBox *chkPerhLaskutettava = nullptr;
@@ -153,6 +157,7 @@ protected:
     void TulostaJasenRaportti(const JasenRaportti &r);
     void AjaJasenRaportti(const JasenRaportti &r);
     // ---- end of the report menu ----
+    void mMuokattavaRaportti_Click(int n); // frmJasen_muokattavat.cpp
 
     void closeEvent(QCloseEvent *e) override;
     bool eventFilter(QObject *o, QEvent *e) override;

@@ -145,7 +145,9 @@ void frmJasen::RakennaValikot()
     });
     mRaportit->addSeparator();
     Komento(mRaportit, "mMuokkaaRaportteja", QStringLiteral("Muokkaa raportteja"));
-    Komento(mRaportit, "mMuokattavaRaporttiX", QStringLiteral("Raportti"))->setVisible(false);
+    mMuokattavaRaportti = {Komento(mRaportit, "mMuokattavaRaporttiX", QStringLiteral("Raportti"),
+                                   [this] { mMuokattavaRaportti_Click(0); })};
+    mMuokattavaRaportti[0]->setVisible(false);
 
     mPostinumeroidenTarkistus = Komento(mTyokalut, "mPostinumeroidenTarkistus", QStringLiteral("Postinumeroiden tarkistus"),
                                         &frmJasen::mPostinumeroidenTarkistus_Click);
