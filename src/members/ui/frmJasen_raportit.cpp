@@ -5,14 +5,18 @@
 #include "core/Misc.h"
 #include "members/Hakuehdot.h"
 #include "members/JasenRaportit.h"
+#include "members/Perhetarrat.h"
+#include "members/Rekisteritiedot.h"
 #include "members/ui/frmHakuehdot.h"
 #include "reports/RaporttiVirhe.h"
 #include "reports/Tulostus.h"
-#include "reports/ui/frmTulostus.h"
 #include "reports/ui/frmRekisteritiedot.h"
+#include "reports/ui/frmTulostus.h"
 #include "reports/ui/frmTulostusmuodonvalinta.h"
-#include "members/Perhetarrat.h"
-#include "members/Rekisteritiedot.h"
+
+namespace {
+void Tulostusvirhe(const QString &teksti) { IlmoitaVirhe(QStringLiteral("Virhe tulostettaessa raporttia: ") + teksti); }
+} // namespace
 
 void frmJasen::AjaJasenRaportti(const JasenRaportti &r)
 {
@@ -23,9 +27,9 @@ void frmJasen::AjaJasenRaportti(const JasenRaportti &r)
         if (r.omatReunat)
             ResetReportFormulas();
     } catch (const RaporttiVirhe &e) {
-        IlmoitaVirhe(QStringLiteral("Virhe tulostettaessa raporttia: ") + e.viesti());
+        Tulostusvirhe(e.viesti());
     } catch (const HakuehtoVirhe &e) {
-        IlmoitaVirhe(QStringLiteral("Virhe tulostettaessa raporttia: ") + e.viesti());
+        Tulostusvirhe(e.viesti());
     }
 }
 
@@ -60,10 +64,10 @@ void frmJasen::mRapPerhetarrat_Click()
         AsetaMukaan(*m_db);
         TeePerhetarrat(*m_db);
     } catch (const HakuehtoVirhe &e) {
-        IlmoitaVirhe(QStringLiteral("Virhe tulostettaessa raporttia: ") + e.viesti());
+        Tulostusvirhe(e.viesti());
         return;
     } catch (const db::DbError &e) {
-        IlmoitaVirhe(QStringLiteral("Virhe tulostettaessa raporttia: ") + e.message());
+        Tulostusvirhe(e.message());
         return;
     }
     AjaJasenRaportti(Perhetarrat());
@@ -97,8 +101,8 @@ void frmJasen::mRapRajausOminaisuudella_Click()
             PaivitaKadut(*m_db);
         AjaJasenRaportti(r);
     } catch (const HakuehtoVirhe &e) {
-        IlmoitaVirhe(QStringLiteral("Virhe tulostettaessa raporttia: ") + e.viesti());
+        Tulostusvirhe(e.viesti());
     } catch (const db::DbError &e) {
-        IlmoitaVirhe(QStringLiteral("Virhe tulostettaessa raporttia: ") + e.message());
+        Tulostusvirhe(e.message());
     }
 }
