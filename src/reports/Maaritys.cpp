@@ -47,6 +47,11 @@ public:
                 const QString t = m_x.readElementText().trimmed();
                 tarkistaKaava([&] { JasennaLajittelu(t); }, rivi);
                 m.jarjestys << t;
+            } else if (e == QLatin1String("valinta")) {
+                attribuutit({});
+                const int rivi = int(m_x.lineNumber());
+                m.valinta = m_x.readElementText().trimmed();
+                tarkistaKaava([&] { JasennaKaava(m.valinta, m.tiedosto); }, rivi);
             } else if (e == QLatin1String("ryhma"))
                 ryhma(m);
             else if (e == QLatin1String("raporttiotsikko"))

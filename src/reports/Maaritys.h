@@ -89,6 +89,7 @@ struct Maaritys {
     std::vector<Liitos> liitokset;
     QMap<QString, std::shared_ptr<Solmu>> kaavat; // by name in lower case: the defaults
     QStringList jarjestys;                       // default sort fields
+    QString valinta;                              // the report's own selection, always in force
     FonttiMaaritys fontti;                        // the report's font
     std::optional<Osa> raporttiotsikko, sivuotsikko, rivi, sivualatunniste, raporttialatunniste;
     std::vector<Ryhma> ryhmat;

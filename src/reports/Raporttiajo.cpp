@@ -95,10 +95,14 @@ Asiakirja Raporttiajo::Laadi() const
     Tietolahde lahde(*tk, m, v.kaavat);
     sidoKaikki(m, lahde, v.kaavat);
 
+    // The report's own selection and the program's must both hold.
+    QString kaava = SelectionFormula.trimmed();
+    if (!m.valinta.isEmpty())
+        kaava = kaava.isEmpty() ? m.valinta : QStringLiteral("(") + m.valinta + QStringLiteral(") and (") + kaava + QLatin1Char(')');
     SqlEhto valinta;
-    if (!SelectionFormula.trimmed().isEmpty()) {
+    if (!kaava.isEmpty()) {
         const QString missa = raportti + QStringLiteral(", valintakaava");
-        const auto puu = JasennaKaava(SelectionFormula, missa);
+        const auto puu = JasennaKaava(kaava, missa);
         valinta = KaannaEhdoksi(*puu, lahde, missa);
     }
 
