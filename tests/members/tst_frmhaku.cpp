@@ -9,6 +9,7 @@
 #include "members/ui/frmPostinumerot.h"
 #include "scripteddialogs.h"
 #include "testenv.h"
+#include "testiapu.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -20,7 +21,6 @@
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QtTest>
-#include <functional>
 
 using namespace Qt::Literals::StringLiterals;
 using hakuseura::Jasen;
@@ -48,30 +48,14 @@ struct Seura {
     }
 };
 
-// Runs `f` once the modal dialog's own event loop is going; closes the dialog if `f` left it open.
-void kunAuki(std::function<void(QDialog *)> f)
+// Works the search dialog once it is up; closes it if the work left it open.
+template <class F>
+void kunAuki(F f)
 {
-    QTimer::singleShot(0, [f] {
-        auto *d = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-        if (!d)
-            return;
-        f(d);
-        if (d->isVisible())
-            d->reject();
-    });
+    testi::kunAuki<QDialog>(f);
 }
 
-void kirjoita(QWidget *w, const QString &teksti)
-{
-    for (QChar c : teksti) {
-        Qt::Key k = Qt::Key_unknown;
-        if (c == QLatin1Char(' '))
-            k = Qt::Key_Space;
-        else if (c.isLetterOrNumber() && c.unicode() < 0x80)
-            k = Qt::Key(c.toUpper().unicode());
-        QTest::sendKeyEvent(QTest::Click, w, k, QString(c), Qt::NoModifier);
-    }
-}
+using testi::kirjoita;
 
 // Opens and closes the drop-down list, as a user looking at it does; the list is read then.
 void avaaLista(QComboBox *c)

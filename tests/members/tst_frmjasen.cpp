@@ -7,6 +7,7 @@
 #include "scripteddialogs.h"
 #include "seurat.h"
 #include "testenv.h"
+#include "testiapu.h"
 
 #include <QCheckBox>
 #include <QClipboard>
@@ -70,20 +71,11 @@ struct Seura {
     {
         return d->scalar(u"SELECT "_s + sarake + u" FROM jr WHERE jrID = ?"_s, {id});
     }
-    int maara(const QString &ehto, const db::Params &p = {}) { return d->scalar(u"SELECT COUNT(*) FROM "_s + ehto, p).toInt(); }
+    int maara(const QString &ehto, const db::Params &p = {}) { return testi::maara(*d, ehto, p); }
     QString teksti(int i) const { return w->tYhteystiedot[i]->text(); }
 };
 
-// Types as a user does, one key at a time; letters outside ASCII go as text.
-void kirjoita(QWidget *kohde, const QString &teksti)
-{
-    kohde->setFocus();
-    for (QChar c : teksti) {
-        const int koodi = c.isLetter() && c.unicode() < 128 ? int(c.toUpper().unicode()) : int(Qt::Key_unknown);
-        QTest::sendKeyEvent(QTest::Press, kohde, Qt::Key(koodi), QString(c), Qt::NoModifier);
-        QTest::sendKeyEvent(QTest::Release, kohde, Qt::Key(koodi), QString(c), Qt::NoModifier);
-    }
-}
+using testi::kirjoita;
 
 void jata(QWidget *kentta, QWidget *seuraava)
 {

@@ -16,6 +16,7 @@
 #include "members/ui/frmPiirre.h"
 #include "scripteddialogs.h"
 #include "testenv.h"
+#include "testiapu.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -85,22 +86,6 @@ struct Seura {
     void liitaKuoro(qint64 jr) { d->execute(u"INSERT INTO pt (ptjrID, ptpiID) VALUES (?, ?)"_s, {jr, kuoro}); }
 };
 
-// Works the next modal dialog of type T once it is up.
-template <class T>
-void kunAuki(std::function<void(T *)> tehtava)
-{
-    auto *ajastin = new QTimer;
-    ajastin->setInterval(10);
-    QObject::connect(ajastin, &QTimer::timeout, [ajastin, tehtava] {
-        if (auto *d = qobject_cast<T *>(QApplication::activeModalWidget())) {
-            ajastin->stop();
-            ajastin->deleteLater();
-            tehtava(d);
-        }
-    });
-    ajastin->start();
-}
-
 template <class T>
 T *ikkuna()
 {
@@ -110,11 +95,8 @@ T *ikkuna()
     return nullptr;
 }
 
-void kirjoita(QPlainTextEdit *kohde, const QString &teksti)
-{
-    kohde->setFocus();
-    QTest::keyClicks(kohde, teksti);
-}
+using testi::kirjoita;
+using testi::kunAuki;
 
 } // namespace
 
