@@ -8,11 +8,9 @@
 
 #include <QAction>
 #include <QElapsedTimer>
-#include <QFrame>
 #include <QApplication>
 #include <QLabel>
 #include <QMenu>
-#include <QMenuBar>
 #include <QPushButton>
 #include <QSettings>
 #include <QTimer>

@@ -5,7 +5,6 @@
 #include "testenv.h"
 
 #include <QProcess>
-#include <QRegularExpression>
 #include <QStandardPaths>
 #include <QtTest>
 

@@ -11,7 +11,6 @@
 #include "testenv.h"
 #include "testiapu.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QCompleter>
 #include <QLabel>
