@@ -1,5 +1,5 @@
 // Laid-out reports: which rows land on which page, in which order, with which headings and
-// sums; label sheets; section fonts; definition faults told by file and item.
+// sums; label sheets; section fonts; definition faults told by file and item; one PDF read back.
 #include "raporttiseura.h"
 #include "reports/Asettelu.h"
 #include "reports/Piirto.h"
@@ -455,6 +455,23 @@ private slots:
         // The contract's path may name the program's folder with a backslash.
         const Asiakirja doc = laadi({kanta, env->programFolder() + u"\\jrluetlo.rpt"_s});
         QCOMPARE(doc.tekstit(0), (QStringList{u"Oma 1"_s, u"Oma 2"_s}));
+    }
+
+    // Every page reaches the PDF, its text readable, the Finnish letters intact.
+    void pdfSisaltaaKaikkiSivut()
+    {
+        LisaaGeneroidut(*d, 60);
+        Raporttiajo r;
+        r.ResetReportFormulas(kanta);
+        r.ReportFileName = u"jrluetlo.rpt"_s;
+        r.Formulas[0] = u"Seurannimi= 'Pörssiklubi ry'"_s;
+        r.Destination = Raporttiajo::PdfTiedosto;
+        r.PrintFileName = env->path(u"luettelo.pdf"_s);
+        r.setAction(1);
+        const QString teksti = PdfTeksti(r.PrintFileName);
+        QVERIFY2(teksti.contains(u"Pörssiklubi ry"_s), qPrintable(teksti.left(500)));
+        QVERIFY(teksti.contains(u"sivu 2 / 2"_s) && teksti.contains(u"Jäseniä yhteensä: 60"_s));
+        QCOMPARE(teksti.count(u'\f'), 2);
     }
 };
 
