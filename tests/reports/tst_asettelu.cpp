@@ -202,7 +202,8 @@ private slots:
                 }
             }
             QCOMPARE(tarroja, odotetut[s]);
-            if (s == 0) {
+            if (s == 0) { // in name order: surname, then first name
+                QVERIFY(doc.tekstit(0).indexOf(u"Kaisa Ahonen"_s) == 0 && doc.tekstit(0).contains(u"Matti Ahonen"_s));
                 QCOMPARE(sarakkeet, (QSet<int>{0, 1, 2}));
                 QCOMPARE(rivit.size(), 8);
             }
