@@ -362,8 +362,8 @@ private slots:
         w.findChild<QAction *>(u"mCreateNewDatabase"_s)->trigger();
         QVERIFY(w.isVisible());
         QCOMPARE(dlg->allTexts(), (QStringList{u"Tämä toiminto luo uuden tietokannan yhdistyksen jäsenrekisterin pohjaksi."_s,
-                                                  u"Anna uudelle tietokannalle nimi (max. 8 kirjainta)."_s,
-                                                  u"Tietokannan nimi ei voi olla tyhjä. Toiminto keskeytetään."_s}));
+                                               u"Anna uudelle tietokannalle nimi (max. 8 kirjainta)."_s,
+                                               u"Tietokannan nimi ei voi olla tyhjä. Toiminto keskeytetään."_s}));
     }
 
     void lisaasetustenIkkuna()

@@ -88,7 +88,7 @@ private slots:
             QCOMPARE(dlg->shown.first().kind, QStringLiteral("question"));
             QCOMPARE(dlg->shown.first().icon, dlg::Icon::Question);
             QCOMPARE(dlg->shown.first().text, QStringLiteral("Varmuuskopion tekemisestä on yli %1 päivää.\n"
-                                                          "Tehdäänkö varmuuskopio nyt?").arg(vali));
+                                                             "Tehdäänkö varmuuskopio nyt?").arg(vali));
         } else {
             QVERIFY(dlg->shown.isEmpty());
         }

@@ -59,6 +59,7 @@ private slots:
         kerho::luo(kanta, 50);
         DatabasePath = kanta;
     }
+
     void ehjaAvataanHiljaa()
     {
         auto d = avaa();
@@ -115,7 +116,7 @@ private slots:
         QVERIFY(d);
         QVERIFY(TietokantaOnAjantasalla(*d));
         QCOMPARE(dlg->messages(), QStringList{QStringLiteral("Tietokanta päivitetään Vonarin uuteen versioon. Tietokanta "
-                                                              "sellaisena kuin se oli ennen päivitystä on tallessa nimellä:\n") + kopio});
+                                                             "sellaisena kuin se oli ennen päivitystä on tallessa nimellä:\n") + kopio});
         auto vanha = db::Database::open(kopio, db::OpenMode::ReadOnly);
         QVERIFY(!TietokantaOnAjantasalla(*vanha));
         QCOMPARE(vanha->scalar(QStringLiteral("SELECT count(*) FROM jr")).toInt(), 2);

@@ -43,6 +43,7 @@ private slots:
         kanta = env->path(QStringLiteral("kerho.mdb"));
         DatabasePath = kanta;
     }
+
     // What can be read comes back; the damaged file is kept, byte for byte, as the remainder.
     void vioittunutKorjataan_data()
     {

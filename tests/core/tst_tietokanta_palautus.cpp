@@ -45,6 +45,7 @@ private slots:
         BackupPath = env->path(QStringLiteral("varmuus/"));
         IniAsetukset().writeString(QStringLiteral("Database"), kanta);
     }
+
     // The copy lands in the chosen file; the database in use is replaced only on Yes, and what
     // it held is kept beside it; a backup chosen as its own target stays as it is.
     void palautus_data()
@@ -84,7 +85,7 @@ private slots:
         if (!talteen.isEmpty()) {
             QCOMPARE(kerho::rivit(omat + QLatin1Char('/') + talteen.first()), vanhat);
             QVERIFY(dlg->messages().contains(QStringLiteral("Korvattu tiedosto on tallessa nimellä:\n") + omat
-                                              + QLatin1Char('/') + talteen.first()));
+                                             + QLatin1Char('/') + talteen.first()));
         }
     }
 

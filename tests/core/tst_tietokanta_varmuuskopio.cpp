@@ -78,6 +78,7 @@ private slots:
         DatabasePath = kanta;
         BackupPath = kansio;
     }
+
     void nimetJohdetaanPolusta_data()
     {
         QTest::addColumn<QString>("polku");

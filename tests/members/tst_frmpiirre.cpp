@@ -469,10 +469,10 @@ private slots:
         f.pohja->chkEstaToistot->setChecked(true);
         f.cLisaa->click();
         QCOMPARE(dlg->messages(), (QStringList{QStringLiteral("Ominaisuutta ei ole valittuna luettelosta - ominaisuuksia ei lisätä."),
-                                              QStringLiteral("Päivämäärärajoja ei ole asetettu - ominaisuuksia ei lisätä."),
-                                              QStringLiteral("Ominaisuutta ei yhdellekään jäsenelle."),
-                                              QStringLiteral("Ominaisuus lisättiin yhdelle jäsenelle."),
-                                              QStringLiteral("Ominaisuus lisättiin yhdelle jäsenelle.")}));
+                                               QStringLiteral("Päivämäärärajoja ei ole asetettu - ominaisuuksia ei lisätä."),
+                                               QStringLiteral("Ominaisuutta ei yhdellekään jäsenelle."),
+                                               QStringLiteral("Ominaisuus lisättiin yhdelle jäsenelle."),
+                                               QStringLiteral("Ominaisuus lisättiin yhdelle jäsenelle.")}));
         QCOMPARE(maara(QStringLiteral("pt WHERE ptpiID = ? AND ptValLong IS NULL"), {pi}), 2);
         f.pohja->chkEstaToistot->setChecked(false);
         f.cLisaa->click();

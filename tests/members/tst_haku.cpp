@@ -118,7 +118,7 @@ private slots:
         QFETCH(QStringList, osuvat);
         auto like = db::Database::create(env->path(u"like.mdb"_s));
         like->executeScript(u"CREATE TABLE t (id INTEGER PRIMARY KEY, s TEXT);"
-                          "INSERT INTO t (s) VALUES ('Mäkinen'), ('kiki'), ('Ärrinen'), ('5% ale'), ('55 ale'), (NULL), ('\u212Aalle');"_s);
+                            "INSERT INTO t (s) VALUES ('Mäkinen'), ('kiki'), ('Ärrinen'), ('5% ale'), ('55 ale'), (NULL), ('\u212Aalle');"_s);
         db::Statement st(*like, u"SELECT s FROM t WHERE s LIKE ? ESCAPE '\\' ORDER BY id"_s, {u"%zz%"_s});
         QVERIFY(!st.next());
         st.reset({kuvio});
