@@ -11,7 +11,6 @@
 #include "scripteddialogs.h"
 #include "testenv.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QTimer>
 #include <QSettings>

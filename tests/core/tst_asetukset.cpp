@@ -1,10 +1,8 @@
 #include "core/Asetukset.h"
 #include "core/MainModule.h"
-#include "core/Malli.h"
-#include "core/UpdateDatabase.h"
 #include "platform/files.h"
-#include "scripteddialogs.h"
-#include "testenv.h"
+#include "malliseura.h"
+#include "testipohja.h"
 
 #include <QDir>
 #include <QSettings>
@@ -18,25 +16,11 @@ namespace {
 
 const QString Ei = u"<ei riviä>"_s;
 
-// An upgraded empty club, made once and copied for each case.
-QString ajantasainenMalli()
-{
-    static QTemporaryDir kansio;
-    static const QString polku = [] {
-        const QString p = kansio.filePath(u"malli.mdb"_s);
-        LuoMalliTietokanta(p);
-        UpdateDatabase(*db::Database::open(p));
-        return p;
-    }();
-    return polku;
-}
-
 // A club database holding the given VONARI keys; a value of `Ei` leaves the key out.
 std::unique_ptr<db::Database> seura(TestEnv &env, const QList<QPair<QString, QString>> &avaimet = {})
 {
     DatabasePath = env.path(u"seura.mdb"_s);
-    QFile::copy(ajantasainenMalli(), DatabasePath);
-    auto d = db::Database::open(DatabasePath);
+    auto d = malliseura::kopio(DatabasePath);
     for (const auto &[avain, arvo] : avaimet)
         if (arvo != Ei)
             d->execute(u"INSERT INTO Settings (setSection, setKey, setString) VALUES ('VONARI', ?, ?)"_s, {avain, arvo});
@@ -77,7 +61,7 @@ QString globaali(const QString &avain)
 
 } // namespace
 
-class TestAsetukset : public QObject {
+class TestAsetukset : public Testipohja {
     Q_OBJECT
 
 private slots:
@@ -91,17 +75,15 @@ private slots:
     void tyhjaIniSaaOletukset()
     {
         QFETCH(QByteArray, sisalto);
-        TestEnv env;
-        ScriptedDialogs dialogs;
         if (!sisalto.isNull())
-            kirjoitaIni(env, sisalto);
+            kirjoitaIni(*env, sisalto);
         LueIniAsetukset();
-        QCOMPARE(DatabasePath, env.programFolder() + u"/demo1.mdb"_s);
+        QCOMPARE(DatabasePath, env->programFolder() + u"/demo1.mdb"_s);
         QCOMPARE(BackupPath, files::defaultBackupFolder());
         QVERIFY(!MultiDb);
-        QCOMPARE(inista(env, u"Database"_s), DatabasePath);
-        QCOMPARE(inista(env, u"DatabaseBackup"_s), BackupPath);
-        QVERIFY(dialogs.shown.isEmpty());
+        QCOMPARE(inista(*env, u"Database"_s), DatabasePath);
+        QCOMPARE(inista(*env, u"DatabaseBackup"_s), BackupPath);
+        QVERIFY(dlg->shown.isEmpty());
     }
 
     // One slash before the file, and the path survives the file's round trip.
@@ -114,9 +96,8 @@ private slots:
     void ohjelmakansionPolkuSailyy()
     {
         QFETCH(QString, kansio);
-        TestEnv env;
-        qputenv("XDG_DATA_HOME", env.path(kansio).toUtf8());
-        const QString odotettu = QDir::cleanPath(env.path(kansio)) + u"/Vonari/demo1.mdb"_s;
+        qputenv("XDG_DATA_HOME", env->path(kansio).toUtf8());
+        const QString odotettu = QDir::cleanPath(env->path(kansio)) + u"/Vonari/demo1.mdb"_s;
         LueIniAsetukset();
         QCOMPARE(DatabasePath, odotettu);
         releaseIniAsetukset();
@@ -139,8 +120,7 @@ private slots:
     {
         QFETCH(QString, arvo);
         QFETCH(bool, odotettu);
-        TestEnv env;
-        kirjoitaIni(env, arvo == Ei ? QByteArray("[VONARI]\n") : "[VONARI]\nMultiDb=" + arvo.toUtf8() + '\n');
+        kirjoitaIni(*env, arvo == Ei ? QByteArray("[VONARI]\n") : "[VONARI]\nMultiDb=" + arvo.toUtf8() + '\n');
         MultiDb = !odotettu;
         LueIniAsetukset();
         QCOMPARE(MultiDb, odotettu);
@@ -158,17 +138,15 @@ private slots:
     void viallinenIni()
     {
         QFETCH(QByteArray, sisalto);
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        kirjoitaIni(env, sisalto);
+        kirjoitaIni(*env, sisalto);
         LueIniAsetukset();
-        QCOMPARE(dialogs.messages().size(), 1);
-        QVERIFY(dialogs.messages().first().contains(env.iniPath()));
+        QCOMPARE(dlg->messages().size(), 1);
+        QVERIFY(dlg->messages().first().contains(env->iniPath()));
         QCOMPARE(DatabasePath, OletusTietokanta());
         QVERIFY(!MultiDb);
         QVERIFY(!IniAsetukset().writeString(u"Database"_s, u"/y.mdb"_s));
         IniAsetukset().writePlacement(u"frmMain10"_s, QRect(1, 2, 3, 4));
-        QFile f(env.iniPath());
+        QFile f(env->iniPath());
         QVERIFY(f.open(QIODevice::ReadOnly));
         QCOMPARE(f.readAll(), sisalto);
     }
@@ -208,11 +186,10 @@ private slots:
         QFETCH(QString, avain);
         QFETCH(QString, tallennettu);
         QFETCH(QString, odotettu);
-        TestEnv env;
-        auto d = seura(env, {{avain, tallennettu}});
+        auto d = seura(*env, {{avain, tallennettu}});
         Laskunro = Jasennro = 77;
         LueAsetukset(*d);
-        QCOMPARE(globaali(avain), QString(odotettu).replace(u"<kansio>"_s, env.programFolder()));
+        QCOMPARE(globaali(avain), QString(odotettu).replace(u"<kansio>"_s, env->programFolder()));
     }
 
     void varmuuskopioPaiva_data()
@@ -231,8 +208,7 @@ private slots:
         QFETCH(QString, tallennettu);
         QFETCH(QDate, odotettu);
         QFETCH(QString, kantaan);
-        TestEnv env;
-        auto d = seura(env, {{u"BackupDate"_s, tallennettu}});
+        auto d = seura(*env, {{u"BackupDate"_s, tallennettu}});
         LueAsetukset(*d);
         QCOMPARE(BackupDate, odotettu);
         QCOMPARE(kannasta(*d, u"BackupDate"_s).toString(), kantaan);
@@ -243,8 +219,7 @@ private slots:
     // every key is in.
     void marginaalit()
     {
-        TestEnv env;
-        auto d = seura(env, {{u"MargAla"_s, u"1"_s}, {u"MargVas"_s, u"682"_s}, {u"MargOik"_s, u"-682"_s}, {u"MargYla"_s, u"10"_s}});
+        auto d = seura(*env, {{u"MargAla"_s, u"1"_s}, {u"MargVas"_s, u"682"_s}, {u"MargOik"_s, u"-682"_s}, {u"MargYla"_s, u"10"_s}});
         LueAsetukset(*d);
         QCOMPARE(RaporttiMarginaalit.bottom, 48);
         QCOMPARE(RaporttiMarginaalit.left, 32736);
@@ -264,8 +239,7 @@ private slots:
     // A file opened read-only cannot take today's date, but every key is still read.
     void lukuJatkuuVaikkaPaivaaEiVoiKirjoittaa()
     {
-        TestEnv env;
-        seura(env, {{u"VarmuuskopioPv"_s, u"45"_s}, {u"MargAla"_s, u"1"_s}});
+        seura(*env, {{u"VarmuuskopioPv"_s, u"45"_s}, {u"MargAla"_s, u"1"_s}});
         auto d = db::Database::open(DatabasePath, db::OpenMode::ReadOnly);
         QVERIFY_THROWS_EXCEPTION(db::DbError, LueAsetukset(*d));
         QCOMPARE(BackupDate, QDate::currentDate());
@@ -275,8 +249,7 @@ private slots:
 
     void kantaStoreKirjoittaa()
     {
-        TestEnv env;
-        auto d = seura(env);
+        auto d = seura(*env);
         KantaStore store(*d);
         const QString salasana = u" sala  Sana ÅÄÖ åäö "_s;
         store.writeString(u"Salasana"_s, salasana);
@@ -307,8 +280,7 @@ private slots:
 
     void laskunumeroKirjoitetaanHeti()
     {
-        TestEnv env;
-        auto d = seura(env);
+        auto d = seura(*env);
         Laskunro = 41;
         KasvataLaskunumero(*d);
         KasvataLaskunumero(*d);
@@ -337,29 +309,27 @@ private slots:
     {
         QFETCH(QString, asKannassa);
         QFETCH(bool, siirretaan);
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        seura(env, {{u"AsKannassa"_s, asKannassa}, {u"RegName"_s, u"Uusi"_s}});
-        kirjoitaIni(env, "[VONARI]\nDatabase=" + DatabasePath.toUtf8() + "\nRegName=Vanha seura\nVarmuuskopioPv=abc\nEmailSystem=1\n");
+        seura(*env, {{u"AsKannassa"_s, asKannassa}, {u"RegName"_s, u"Uusi"_s}});
+        kirjoitaIni(*env, "[VONARI]\nDatabase=" + DatabasePath.toUtf8() + "\nRegName=Vanha seura\nVarmuuskopioPv=abc\nEmailSystem=1\n");
         QStringList tapahtumat;
         const bool loppu = TarkistaAsetustenSiirto([&] {
-            tapahtumat << dialogs.messages() << u"ikkunat"_s;
+            tapahtumat << dlg->messages() << u"ikkunat"_s;
             QCOMPARE(RegName, u"Vanha seura"_s);
         });
         QCOMPARE(loppu, siirretaan);
         if (!siirretaan) {
-            QVERIFY(dialogs.shown.isEmpty() && tapahtumat.isEmpty());
+            QVERIFY(dlg->shown.isEmpty() && tapahtumat.isEmpty());
             return;
         }
-        tapahtumat << dialogs.messages().mid(1);
+        tapahtumat << dlg->messages().mid(1);
         QCOMPARE(tapahtumat, QStringList({u"Tietokannasta ei löydy asetuksia.\n"
                                           "tämä ilmoitus toistu enää seuraavien käynnistyskertojen yhteydessä.\n"
                                           "Tarkista ja tallenna asetukset Asetukset- ja Lisäasetukset- ikkunoissa."_s,
                                           u"ikkunat"_s, u"Käynnistä Vonari nyt uudestaan."_s}));
         QCOMPARE(VarmuuskopioPv, 30L);
         QVERIFY(EmailSystem);
-        QCOMPARE(inista(env, u"BackupDate"_s), QDate::currentDate().toString(Qt::ISODate));
-        QCOMPARE(inista(env, u"DatabaseBackup"_s), files::defaultBackupFolder());
+        QCOMPARE(inista(*env, u"BackupDate"_s), QDate::currentDate().toString(Qt::ISODate));
+        QCOMPARE(inista(*env, u"DatabaseBackup"_s), files::defaultBackupFolder());
     }
 
     // Several clubs never move, and a database that cannot be read moves at a later start.
@@ -374,19 +344,17 @@ private slots:
     void eiSiirtoa()
     {
         QFETCH(int, tapaus);
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        seura(env);
+        seura(*env);
         MultiDb = tapaus == 0;
         if (tapaus == 1)
-            DatabasePath = env.path(u"poissa.mdb"_s);
+            DatabasePath = env->path(u"poissa.mdb"_s);
         if (tapaus == 2)
-            db::Database::create(DatabasePath = env.path(u"vanha.mdb"_s));
+            db::Database::create(DatabasePath = env->path(u"vanha.mdb"_s));
         if (tapaus == 3)
             DatabasePath.clear();
         bool avattu = false;
         QVERIFY(!TarkistaAsetustenSiirto([&] { avattu = true; }));
-        QVERIFY(!avattu && dialogs.shown.isEmpty());
+        QVERIFY(!avattu && dlg->shown.isEmpty());
     }
 };
 

@@ -1,13 +1,12 @@
 #include "core/AsetustenTallennus.h"
 #include "core/Asetukset.h"
 #include "core/MainModule.h"
-#include "core/Malli.h"
-#include "core/UpdateDatabase.h"
 #include "platform/database.h"
 #include "platform/files.h"
 #include "platform/mxlookup.h"
-#include "scripteddialogs.h"
-#include "testenv.h"
+#include "kerhokanta.h"
+#include "malliseura.h"
+#include "testipohja.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -53,11 +52,10 @@ QString AsetuksetSyote::*numerokentta(const QString &nimi)
     return kentat.value(nimi);
 }
 
-QString teeKanta(const TestEnv &env, const QString &nimi = QStringLiteral("seura.mdb"))
+QString teeKanta(const TestEnv &env)
 {
-    const QString polku = env.path(nimi);
-    LuoMalliTietokanta(polku);
-    UpdateDatabase(*db::Database::open(polku));
+    const QString polku = env.path(QStringLiteral("seura.mdb"));
+    malliseura::kopio(polku);
     return polku;
 }
 
@@ -127,20 +125,18 @@ AsetuksetSyote hyvat(const QString &kanta, const QString &varmistus)
 
 } // namespace
 
-class TestAsetustenTallennus : public QObject {
+class TestAsetustenTallennus : public Testipohja {
     Q_OBJECT
 
 private slots:
     void kaikkiAsetuksetTallentuvat()
     {
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        const QString kanta = teeKanta(env);
-        const AsetustenTallennusTulos tulos = TallennaAsetukset(hyvat(kanta, env.path(QStringLiteral("varmistus"))));
+        const QString kanta = teeKanta(*env);
+        const AsetustenTallennusTulos tulos = TallennaAsetukset(hyvat(kanta, env->path(QStringLiteral("varmistus"))));
 
         QVERIFY(tulos.valmis);
         QVERIFY(tulos.kohdistus.isEmpty());
-        QCOMPARE(dialogs.allTexts(), QStringList());
+        QCOMPARE(dlg->allTexts(), QStringList());
 
         const auto arvot = kannanAsetukset(kanta);
         QCOMPARE(arvot.value(QStringLiteral("AsKannassa")), QStringLiteral("1"));
@@ -172,8 +168,8 @@ private slots:
         QVERIFY(M::LaskupohjaKaytossa);
         QVERIFY(!M::LaskupohjaHKaytossa);
 
-        QCOMPARE(iniArvo(env, QStringLiteral("Database")), kanta);
-        QCOMPARE(iniArvo(env, QStringLiteral("MultiDb")), QStringLiteral("1"));
+        QCOMPARE(iniArvo(*env, QStringLiteral("Database")), kanta);
+        QCOMPARE(iniArvo(*env, QStringLiteral("MultiDb")), QStringLiteral("1"));
         QCOMPARE(M::DatabasePath, kanta);
         QVERIFY(M::MultiDb);
 
@@ -225,10 +221,8 @@ private slots:
         QFETCH(QString, kentta);
         QFETCH(QString, avain);
         QFETCH(QString, viesti);
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        const QString kanta = teeKanta(env);
-        AsetuksetSyote s = hyvat(kanta, env.path(QStringLiteral("varmistus/")));
+        const QString kanta = teeKanta(*env);
+        AsetuksetSyote s = hyvat(kanta, env->path(QStringLiteral("varmistus/")));
         s.*numerokentta(kentta) = QStringLiteral("12x");
         M::Laskunro = 77;
 
@@ -236,7 +230,7 @@ private slots:
 
         QVERIFY(!tulos.valmis);
         QCOMPARE(tulos.kohdistus, kentta);
-        QCOMPARE(dialogs.allTexts(), QStringList{viesti});
+        QCOMPARE(dlg->allTexts(), QStringList{viesti});
         const auto arvot = kannanAsetukset(kanta);
         const qsizetype vuoro = kAvaimet.indexOf(avain);
         QVERIFY(vuoro > 0);
@@ -277,16 +271,14 @@ private slots:
         QFETCH(bool, kelpaa);
         QFETCH(QString, avain);
         QFETCH(QString, tallennettu);
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        const QString kanta = teeKanta(env);
-        AsetuksetSyote s = hyvat(kanta, env.path(QStringLiteral("varmistus/")));
+        const QString kanta = teeKanta(*env);
+        AsetuksetSyote s = hyvat(kanta, env->path(QStringLiteral("varmistus/")));
         s.*numerokentta(kentta) = teksti;
 
         const AsetustenTallennusTulos tulos = TallennaAsetukset(s);
 
         QCOMPARE(tulos.valmis, kelpaa);
-        QCOMPARE(dialogs.messages().size(), kelpaa ? 0 : 1);
+        QCOMPARE(dlg->messages().size(), kelpaa ? 0 : 1);
         QCOMPARE(kannanAsetukset(kanta).value(avain), tallennettu);
         if (avain == QLatin1String("Muistutuskulut") && kelpaa)
             QCOMPARE(M::Muistutuskulut, Currency::fromRaw(25000));
@@ -307,14 +299,12 @@ private slots:
     {
         QFETCH(QString, kirjoitettu);
         QFETCH(QString, odotettu);
-        TestEnv env;
-        ScriptedDialogs dialogs;
         if (odotettu == QLatin1String("(oletus)"))
             odotettu = files::defaultBackupFolder();
-        TallennaIniAsetukset(env.path(QStringLiteral("seura.mdb")), kirjoitettu, false);
+        TallennaIniAsetukset(env->path(QStringLiteral("seura.mdb")), kirjoitettu, false);
         QCOMPARE(M::BackupPath, odotettu);
-        QCOMPARE(iniArvo(env, QStringLiteral("DatabaseBackup")), odotettu);
-        QCOMPARE(iniArvo(env, QStringLiteral("MultiDb")), QStringLiteral("0"));
+        QCOMPARE(iniArvo(*env, QStringLiteral("DatabaseBackup")), odotettu);
+        QCOMPARE(iniArvo(*env, QStringLiteral("MultiDb")), QStringLiteral("0"));
         QCOMPARE(KauttaviivaLoppuun(QString()), QString());
     }
 
@@ -331,73 +321,54 @@ private slots:
     void kantaaEiLoydy()
     {
         QFETCH(QString, polku);
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        const QString kanta = polku.isEmpty() ? QString() : env.path(polku);
-        const AsetustenTallennusTulos tulos = TallennaAsetukset(hyvat(kanta, env.path(QStringLiteral("v"))));
+        const QString kanta = polku.isEmpty() ? QString() : env->path(polku);
+        const AsetustenTallennusTulos tulos = TallennaAsetukset(hyvat(kanta, env->path(QStringLiteral("v"))));
         QVERIFY(tulos.valmis);
-        QCOMPARE(dialogs.allTexts(), QStringList{QStringLiteral("Tietokantaa ei löydy, korjaa asetuksista tietokannan nimi")});
-        QCOMPARE(iniArvo(env, QStringLiteral("Database")), kanta);
+        QCOMPARE(dlg->allTexts(), QStringList{QStringLiteral("Tietokantaa ei löydy, korjaa asetuksista tietokannan nimi")});
+        QCOMPARE(iniArvo(*env, QStringLiteral("Database")), kanta);
         QCOMPARE(M::RegName, QStringLiteral("Äänekosken Latu ry"));
         QCOMPARE(M::Laskunro, 1200L);
         QVERIFY(!QFile::exists(kanta));
     }
 
-    void vierastaTiedostoaEiKorjata_data()
-    {
-        QTest::addColumn<QByteArray>("sisalto");
-        QByteArray jet(2048, '\0');
-        jet.replace(4, 15, "Standard Jet DB");
-        QTest::newRow("Access") << jet;
-        QTest::newRow("teksti") << QByteArray("Sukunimi;Etunimi\nMäki;Liisa\n");
-    }
-
+    void vierastaTiedostoaEiKorjata_data() { kerho::vieraatTiedostot(); }
     void vierastaTiedostoaEiKorjata()
     {
-        QFETCH(QByteArray, sisalto);
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        const QString polku = env.path(QStringLiteral("vanha.mdb"));
-        QFile f(polku);
-        QVERIFY(f.open(QIODevice::WriteOnly));
-        f.write(sisalto);
-        f.close();
+        QFETCH(QByteArray, tavut);
+        QFETCH(QString, kerrotaan);
+        const QString polku = env->path(QStringLiteral("vanha.mdb"));
+        kerho::kirjoita(polku, tavut);
 
-        const AsetustenTallennusTulos tulos = TallennaAsetukset(hyvat(polku, env.path(QStringLiteral("v"))));
+        const AsetustenTallennusTulos tulos = TallennaAsetukset(hyvat(polku, env->path(QStringLiteral("v"))));
 
         QVERIFY(tulos.valmis);
-        QCOMPARE(dialogs.shown.size(), 1);
-        QCOMPARE(dialogs.shown[0].icon, dlg::Icon::Stop);
-        QVERIFY(dialogs.shown[0].text.contains(polku));
-        QVERIFY(dialogs.shown[0].text.endsWith(QStringLiteral("Korjaa asetuksista tietokannan nimi.")));
-        QVERIFY(f.open(QIODevice::ReadOnly));
-        QCOMPARE(f.readAll(), sisalto);
+        QCOMPARE(dlg->shown.size(), 1);
+        QCOMPARE(dlg->shown[0].icon, dlg::Icon::Stop);
+        QVERIFY(dlg->shown[0].text.contains(polku) && dlg->shown[0].text.contains(kerrotaan));
+        QVERIFY(dlg->shown[0].text.endsWith(QStringLiteral("Korjaa asetuksista tietokannan nimi.")));
+        QCOMPARE(kerho::sisalto(polku), tavut);
         QVERIFY(!QFile::exists(polku + QStringLiteral("OLD")));
         QVERIFY(!QFile::exists(polku + QStringLiteral("2")));
     }
 
     void vioittunutKantaKorjataan()
     {
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        const QString kanta = teeKanta(env);
+        const QString kanta = teeKanta(*env);
         QVERIFY(QFile::resize(kanta, QFileInfo(kanta).size() / 2));
 
-        const AsetustenTallennusTulos tulos = TallennaAsetukset(hyvat(kanta, env.path(QStringLiteral("v"))));
+        const AsetustenTallennusTulos tulos = TallennaAsetukset(hyvat(kanta, env->path(QStringLiteral("v"))));
 
         QVERIFY(tulos.valmis);
-        const QStringList viestit = dialogs.messages();
+        const QStringList viestit = dlg->messages();
         QVERIFY(!viestit.isEmpty());
         QCOMPARE(viestit.first(), QStringLiteral("Tietokanta on vioittunut edellisen käyttökerran lopetuksen yhteydessä, "
                                                  "yritän korjata tietokannan. Odota hetki."));
-        QCOMPARE(iniArvo(env, QStringLiteral("Database")), kanta);
+        QCOMPARE(iniArvo(*env, QStringLiteral("Database")), kanta);
     }
 
     void lisaasetukset()
     {
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        const QString kanta = teeKanta(env);
+        const QString kanta = teeKanta(*env);
         M::DatabasePath = kanta;
         LisaasetuksetSyote s;
         s.chkSuuretSuorituksetMaksetuksi = true;
@@ -416,7 +387,7 @@ private slots:
         QCOMPARE(M::OsoiteMuoto, 2);
         QVERIFY(M::SuuretSuorituksetMaksetuksi);
         QCOMPARE(M::OsoiteTiedosto, s.tOsoitteidenVienti);
-        QCOMPARE(dialogs.allTexts(), QStringList());
+        QCOMPARE(dlg->allTexts(), QStringList());
     }
 
     void mxVastaus_data()
@@ -445,14 +416,12 @@ private slots:
         QFETCH(QString, kayttaja);
         QFETCH(QString, tulos);
         QFETCH(QStringList, tekstit);
-        ScriptedDialogs dialogs;
         if (kayttaja == QStringLiteral("kyllä"))
-            dialogs.yes();
+            dlg->yes();
         else if (kayttaja == QLatin1String("ei"))
-            dialogs.no();
+            dlg->no();
         QCOMPARE(MxVastauksenKasittely(vastaus, nykyinen), tulos);
-        QCOMPARE(dialogs.allTexts(), tekstit);
-        QVERIFY(dialogs.unexpected.isEmpty());
+        QCOMPARE(dlg->allTexts(), tekstit);
     }
 
     void mxKysyySahkopostinVerkkotunnusta()

@@ -1,12 +1,11 @@
 #include "core/MainModule.h"
-#include "core/Malli.h"
-#include "core/UpdateDatabase.h"
 #include "core/ui/frmAsetukset.h"
 #include "core/ui/frmAsetuksetLisa.h"
 #include "platform/database.h"
 #include "platform/mxlookup.h"
-#include "scripteddialogs.h"
-#include "testenv.h"
+#include "malliseura.h"
+#include "testiapu.h"
+#include "testipohja.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -33,22 +32,7 @@ T *osa(QWidget &w, const QString &nimi)
     return c;
 }
 
-void kirjoita(QWidget *w, const QString &teksti)
-{
-    for (QChar c : teksti) {
-        // Qt's key codes of the Latin-1 letters are their upper-case code points (Ä = Key_Adiaeresis).
-        const auto key = Qt::Key(c.toUpper().unicode());
-        QTest::sendKeyEvent(QTest::Click, w, key, QString(c), Qt::NoModifier);
-    }
-}
-
-QString teeKanta(const TestEnv &env)
-{
-    const QString polku = env.path(u"seura.mdb"_s);
-    LuoMalliTietokanta(polku);
-    UpdateDatabase(*db::Database::open(polku));
-    return polku;
-}
+using testi::kirjoita;
 
 QString kannanArvo(const QString &polku, const QString &avain)
 {
@@ -59,7 +43,8 @@ QString kannanArvo(const QString &polku, const QString &avain)
 // A club whose settings have been read, with its database in place.
 void seuranAsetukset(const TestEnv &env)
 {
-    M::DatabasePath = teeKanta(env);
+    M::DatabasePath = env.path(u"seura.mdb"_s);
+    malliseura::kopio(M::DatabasePath);
     M::BackupPath = env.path(u"varmistus/"_s);
     M::RegName = u"Latu ry"_s;
     M::Email = u"sihteeri@example.fi"_s;
@@ -86,15 +71,13 @@ void nayta(QWidget &w)
 
 } // namespace
 
-class TestFrmAsetukset : public QObject {
+class TestFrmAsetukset : public Testipohja {
     Q_OBJECT
 
 private slots:
     void kentatTaytetaanGlobaaleista()
     {
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        seuranAsetukset(env);
+        seuranAsetukset(*env);
         frmAsetukset w;
         QCOMPARE(w.windowTitle(), u"Vonari - Asetukset"_s);
         QCOMPARE(osa<QLineEdit>(w, u"tNimi"_s)->text(), u"Latu ry"_s);
@@ -113,7 +96,7 @@ private slots:
         QCOMPARE(osa<QComboBox>(w, u"cmbFonttiKoko"_s)->currentText(), u"13"_s);
         QCOMPARE(osa<QLineEdit>(w, u"tMargYla"_s)->text(), u"5"_s);
         QVERIFY(!w.muuttunut());
-        QVERIFY(dialogs.allTexts().isEmpty());
+        QVERIFY(dlg->allTexts().isEmpty());
     }
 
     void numerokenttaTyhjeneeKirjaimesta_data()
@@ -136,24 +119,20 @@ private slots:
     {
         QFETCH(QString, kentta);
         QFETCH(QString, viesti);
-        TestEnv env;
-        ScriptedDialogs dialogs;
         frmAsetukset w;
         QLineEdit *t = osa<QLineEdit>(w, kentta);
         t->clear();
         QTest::keyClicks(t, u"12"_s);
         QCOMPARE(t->text(), u"12"_s);
-        QVERIFY(dialogs.allTexts().isEmpty());
+        QVERIFY(dlg->allTexts().isEmpty());
         QTest::keyClicks(t, u"k"_s);
-        QCOMPARE(dialogs.allTexts(), QStringList{viesti});
+        QCOMPARE(dlg->allTexts(), QStringList{viesti});
         QCOMPARE(t->text(), QString());
         QVERIFY(w.muuttunut());
     }
 
     void kentastaPoistuttaessa()
     {
-        TestEnv env;
-        ScriptedDialogs dialogs;
         frmAsetukset w;
         nayta(w);
         auto *perMin = osa<QLineEdit>(w, u"tEmailPerMin"_s);
@@ -170,7 +149,7 @@ private slots:
         varmistus->setFocus();
         nimi->setFocus();
         QCOMPARE(varmistus->text(), u"/media/tikku/varmistus/"_s);
-        QVERIFY(dialogs.allTexts().isEmpty());
+        QVERIFY(dlg->allTexts().isEmpty());
     }
 
     void muistutustekstiPysyyYhdellaRivilla_data()
@@ -183,8 +162,6 @@ private slots:
     void muistutustekstiPysyyYhdellaRivilla()
     {
         QFETCH(QString, kentta);
-        TestEnv env;
-        ScriptedDialogs dialogs;
         frmAsetukset w;
         auto *t = osa<QPlainTextEdit>(w, kentta);
         kirjoita(t, u"Hyvä"_s);
@@ -192,7 +169,7 @@ private slots:
         QTest::keyClick(t, Qt::Key_Enter);
         kirjoita(t, u" jäsen"_s);
         QCOMPARE(t->toPlainText(), u"Hyvä jäsen"_s);
-        QCOMPARE(dialogs.allTexts(),
+        QCOMPARE(dlg->allTexts(),
                  QStringList(2, u"Muistutuksen teksteissä ei saa olla rivinvaihtoja."_s));
         // Pasted lines join into one.
         t->insertPlainText(u"\nmaksathan\r\npian"_s);
@@ -222,17 +199,15 @@ private slots:
         QFETCH(bool, muuta);
         QFETCH(QString, vastaus);
         QFETCH(QString, tallennettu);
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        seuranAsetukset(env);
+        seuranAsetukset(*env);
         frmAsetukset w;
         w.show();
         if (muuta)
             osa<QLineEdit>(w, u"tNimi"_s)->setText(u"Uusi seura"_s);
         if (vastaus == u"kyllä"_s)
-            dialogs.yes();
+            dlg->yes();
         else if (vastaus == u"ei"_s)
-            dialogs.no();
+            dlg->no();
         QString kysymys;
         if (lisa) {
             bool avattiin = false;
@@ -254,16 +229,13 @@ private slots:
             QCOMPARE(M::RegName, tallennettu.isEmpty() ? u"Latu ry"_s : tallennettu);
             kysymys = u"Asetuksiin on tehty muutoksia, tallennetaanko muutokset?"_s;
         }
-        QVERIFY(dialogs.unexpected.isEmpty());
-        QCOMPARE(dialogs.allTexts(), muuta ? QStringList{kysymys} : QStringList());
+        QCOMPARE(dlg->allTexts(), muuta ? QStringList{kysymys} : QStringList());
         QCOMPARE(kannanArvo(M::DatabasePath, u"RegName"_s), tallennettu);
     }
 
     void tallennusPysahtyyHuonoonNumeroon()
     {
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        seuranAsetukset(env);
+        seuranAsetukset(*env);
         frmAsetukset w;
         w.show();
         auto *marginaali = osa<QLineEdit>(w, u"tMargYla"_s);
@@ -272,7 +244,7 @@ private slots:
         QTest::mouseClick(osa<QPushButton>(w, u"cTallenna"_s), Qt::LeftButton);
 
         QVERIFY(w.isVisible());
-        QCOMPARE(dialogs.allTexts(), QStringList{u"Syötä marginaaliksi ainoastaan numeroita."_s});
+        QCOMPARE(dlg->allTexts(), QStringList{u"Syötä marginaaliksi ainoastaan numeroita."_s});
         auto *tabs = osa<QTabWidget>(w, u"TabStrip1"_s);
         QVERIFY(tabs->currentWidget()->isAncestorOf(marginaali));
         QCOMPARE(w.focusWidget(), marginaali);
@@ -282,9 +254,7 @@ private slots:
 
     void tallennusKirjoittaaKantaanJaPaaikkunaan()
     {
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        seuranAsetukset(env);
+        seuranAsetukset(*env);
         QWidget paaikkuna;
         paaikkuna.setObjectName(u"frmMain"_s);
         paaikkuna.setWindowTitle(u"Vonari - Latu ry"_s);
@@ -293,10 +263,10 @@ private slots:
         auto *nimi = osa<QLineEdit>(w, u"tNimi"_s);
         nimi->clear();
         kirjoita(nimi, u"Äänekosken Latu"_s);
-        osa<QLineEdit>(w, u"tVarmistus"_s)->setText(env.path(u"tikku"_s));
+        osa<QLineEdit>(w, u"tVarmistus"_s)->setText(env->path(u"tikku"_s));
         QTest::mouseClick(osa<QPushButton>(w, u"cTallenna"_s), Qt::LeftButton);
 
-        QVERIFY(dialogs.allTexts().isEmpty());
+        QVERIFY(dlg->allTexts().isEmpty());
         QVERIFY(!w.isVisible());
         QCOMPARE(w.result(), int(QDialog::Accepted));
         QCOMPARE(paaikkuna.windowTitle(), u"Vonari - Äänekosken Latu"_s);
@@ -304,9 +274,9 @@ private slots:
         QCOMPARE(kannanArvo(M::DatabasePath, u"Laskunro"_s), u"1200"_s);
         QCOMPARE(kannanArvo(M::DatabasePath, u"Muistutuskulut"_s), u"2,50"_s);
         QCOMPARE(kannanArvo(M::DatabasePath, u"Fontti"_s), u"Kirjasin jota ei ole"_s);
-        QCOMPARE(M::BackupPath, env.path(u"tikku/"_s));
-        QSettings ini(env.iniPath(), QSettings::IniFormat);
-        QCOMPARE(ini.value(u"VONARI/DatabaseBackup"_s).toString(), env.path(u"tikku/"_s));
+        QCOMPARE(M::BackupPath, env->path(u"tikku/"_s));
+        QSettings ini(env->iniPath(), QSettings::IniFormat);
+        QCOMPARE(ini.value(u"VONARI/DatabaseBackup"_s).toString(), env->path(u"tikku/"_s));
     }
 
     void tiedostonValinnat_data()
@@ -331,51 +301,45 @@ private slots:
         QFETCH(QString, kentta);
         QFETCH(QString, otsikko);
         QFETCH(QString, suodatin);
-        TestEnv env;
-        ScriptedDialogs dialogs;
         frmAsetukset w;
-        dialogs.choosePath(u"/pohjat/valittu"_s);
-        dialogs.choosePath(QString()); // cancelled
+        dlg->choosePath(u"/pohjat/valittu"_s);
+        dlg->choosePath(QString()); // cancelled
         osa<QPushButton>(w, nappi)->click();
         QCOMPARE(osa<QLineEdit>(w, kentta)->text(), u"/pohjat/valittu"_s);
         osa<QPushButton>(w, nappi)->click();
         QCOMPARE(osa<QLineEdit>(w, kentta)->text(), u"/pohjat/valittu"_s);
-        QCOMPARE(dialogs.fileRequests.size(), 2);
-        QCOMPARE(dialogs.fileRequests[0].title, otsikko);
-        QCOMPARE(dialogs.fileRequests[0].filter, suodatin);
-        QCOMPARE(dialogs.shown[0].kind, u"open"_s);
-        QVERIFY(dialogs.messages().isEmpty());
+        QCOMPARE(dlg->fileRequests.size(), 2);
+        QCOMPARE(dlg->fileRequests[0].title, otsikko);
+        QCOMPARE(dlg->fileRequests[0].filter, suodatin);
+        QCOMPARE(dlg->shown[0].kind, u"open"_s);
+        QVERIFY(dlg->messages().isEmpty());
     }
 
     void tietokannanValintaTallentuuHeti()
     {
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        seuranAsetukset(env);
+        seuranAsetukset(*env);
         const QString vanha = M::DatabasePath;
-        const QString uusi = env.path(u"toinen.mdb"_s);
+        const QString uusi = env->path(u"toinen.mdb"_s);
         frmAsetukset w;
-        dialogs.choosePath(vanha);
+        dlg->choosePath(vanha);
         osa<QPushButton>(w, u"cTietokantavalita"_s)->click();
-        QVERIFY(dialogs.messages().isEmpty());
+        QVERIFY(dlg->messages().isEmpty());
 
-        dialogs.choosePath(uusi);
+        dlg->choosePath(uusi);
         osa<QPushButton>(w, u"cTietokantavalita"_s)->click();
-        QCOMPARE(dialogs.fileRequests[1].title, u"Vonari - tietokantahakemisto"_s);
-        QCOMPARE(dialogs.fileRequests[1].filter, u"Database (*.mdb)|*.mdb"_s);
-        QCOMPARE(dialogs.fileRequests[1].defaultExt, u"mdb"_s);
-        QCOMPARE(dialogs.messages(), QStringList{u"Tietokantaa on vaihdettu. Vonari tulee käynnistää nyt uudestaan."_s});
+        QCOMPARE(dlg->fileRequests[1].title, u"Vonari - tietokantahakemisto"_s);
+        QCOMPARE(dlg->fileRequests[1].filter, u"Database (*.mdb)|*.mdb"_s);
+        QCOMPARE(dlg->fileRequests[1].defaultExt, u"mdb"_s);
+        QCOMPARE(dlg->messages(), QStringList{u"Tietokantaa on vaihdettu. Vonari tulee käynnistää nyt uudestaan."_s});
         QCOMPARE(osa<QLineEdit>(w, u"tTietokanta"_s)->text(), uusi);
-        QSettings ini(env.iniPath(), QSettings::IniFormat);
+        QSettings ini(env->iniPath(), QSettings::IniFormat);
         QCOMPARE(ini.value(u"VONARI/Database"_s).toString(), uusi);
         QCOMPARE(M::DatabasePath, uusi);
     }
 
     void postipalvelimenKysely()
     {
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        seuranAsetukset(env);
+        seuranAsetukset(*env);
         QString kysytty;
         mx::setResolver([&](const QString &domain) {
             kysytty = domain;
@@ -383,34 +347,28 @@ private slots:
         });
         frmAsetukset w;
         osa<QLineEdit>(w, u"tEmail"_s)->setText(u"rahastonhoitaja@latu.fi"_s);
-        dialogs.yes();
+        dlg->yes();
         osa<QPushButton>(w, u"cMXQuery"_s)->click();
         mx::setResolver({});
         QCOMPARE(kysytty, u"latu.fi"_s);
         QCOMPARE(osa<QLineEdit>(w, u"tSMTP"_s)->text(), u"mx.latu.fi"_s);
-        QVERIFY(dialogs.unexpected.isEmpty());
     }
 
     void uusiTietokantaMallista()
     {
-        TestEnv env;
-        ScriptedDialogs dialogs;
         frmAsetukset w;
         w.show();
-        dialogs.cancelInput();
+        dlg->cancelInput();
         w.findChild<QAction *>(u"mCreateNewDatabase"_s)->trigger();
         QVERIFY(w.isVisible());
-        QVERIFY(dialogs.unexpected.isEmpty());
-        QCOMPARE(dialogs.allTexts(), (QStringList{u"Tämä toiminto luo uuden tietokannan yhdistyksen jäsenrekisterin pohjaksi."_s,
-                                                  u"Anna uudelle tietokannalle nimi (max. 8 kirjainta)."_s,
-                                                  u"Tietokannan nimi ei voi olla tyhjä. Toiminto keskeytetään."_s}));
+        QCOMPARE(dlg->allTexts(), (QStringList{u"Tämä toiminto luo uuden tietokannan yhdistyksen jäsenrekisterin pohjaksi."_s,
+                                               u"Anna uudelle tietokannalle nimi (max. 8 kirjainta)."_s,
+                                               u"Tietokannan nimi ei voi olla tyhjä. Toiminto keskeytetään."_s}));
     }
 
     void lisaasetustenIkkuna()
     {
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        seuranAsetukset(env);
+        seuranAsetukset(*env);
         M::OsoiteMuoto = 2;
         M::SuorituksellaMaksetuksiJosEiLoppusummaa = true;
         frmAsetuksetLisa w;
@@ -422,14 +380,14 @@ private slots:
         QVERIFY(!w.muuttunut());
 
         osa<QRadioButton>(w, u"optOsoitemuoto_1"_s)->click();
-        dialogs.choosePath(u"/siirrot/osoitteet.txt"_s);
+        dlg->choosePath(u"/siirrot/osoitteet.txt"_s);
         osa<QPushButton>(w, u"cOsoitetiedostonValinta"_s)->click();
         QCOMPARE(osa<QLineEdit>(w, u"tOsoitteidenVienti"_s)->text(), u"/siirrot/osoitteet.txt"_s);
         QVERIFY(w.muuttunut());
         QTest::mouseClick(osa<QPushButton>(w, u"cTallenna"_s), Qt::LeftButton);
 
         QVERIFY(!w.isVisible());
-        QVERIFY(dialogs.messages().isEmpty());
+        QVERIFY(dlg->messages().isEmpty());
         QCOMPARE(M::OsoiteMuoto, 1);
         QCOMPARE(M::OsoiteTiedosto, u"/siirrot/osoitteet.txt"_s);
         QCOMPARE(kannanArvo(M::DatabasePath, u"OsoiteMuoto"_s), u"1"_s);

@@ -4,124 +4,50 @@
 #include "core/ui/frmAboutNorvik.h"
 #include "core/ui/frmMain.h"
 #include "core/ui/frmSplash.h"
-#include "scripteddialogs.h"
-#include "testenv.h"
+#include "testipohja.h"
 
 #include <QAction>
 #include <QElapsedTimer>
-#include <QFrame>
 #include <QApplication>
 #include <QLabel>
 #include <QMenu>
-#include <QMenuBar>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSettings>
 #include <QTimer>
 #include <QToolButton>
 #include <QtTest>
 
 using namespace MainModule;
+using namespace Qt::Literals::StringLiterals;
 
-class TestFrmMain : public QObject {
+class TestFrmMain : public Testipohja {
     Q_OBJECT
 
 private slots:
-    void buttons_data()
+    // Every command is there, and what is usable yet: the parts still to come are shown disabled.
+    void kaytettavyys()
     {
-        QTest::addColumn<QString>("nimi");
-        QTest::addColumn<QString>("teksti");
-        QTest::addColumn<bool>("kaytossa");
-        QTest::newRow("rekisteri") << "cJasenrekisteri" << "Jäsenrekisteri" << true;
-        QTest::newRow("maksukirja") << "cJasenmaksut" << "Maksukirja" << false;
-        QTest::newRow("laskutus") << "cLuoJasenmaksut" << "Laskutus" << false;
-        QTest::newRow("ominaisuudet") << "cOminaisuudet" << "Ominaisuudet" << true;
-        QTest::newRow("tietoja") << "cAboutNorvik" << "" << true;
-        QTest::newRow("sulje") << "cSulje" << "Sulje" << true;
-    }
-
-    void buttons()
-    {
-        QFETCH(QString, nimi);
-        QFETCH(QString, teksti);
-        QFETCH(bool, kaytossa);
-        TestEnv env;
-        frmMain w;
-        auto *b = w.findChild<QToolButton *>(nimi);
-        QVERIFY(b);
-        QCOMPARE(b->text(), teksti);
-        QCOMPARE(b->isEnabled(), kaytossa);
-        if (nimi == QLatin1String("cAboutNorvik"))
-            QVERIFY(!b->icon().isNull());
-        if (nimi == QLatin1String("cSulje"))
-            QCOMPARE(b->toolTip(), QStringLiteral("Sulje Vonari [Alt+F4]"));
-    }
-
-    void menus_data()
-    {
-        QTest::addColumn<QString>("valikko");
-        QTest::addColumn<QString>("nimi");
-        QTest::addColumn<QString>("teksti");
-        QTest::addColumn<bool>("kaytossa");
-        auto rivi = [](const char *v, const char *n, const char *t, bool k) {
-            QTest::newRow(n) << QString::fromUtf8(v) << QString::fromUtf8(n) << QString::fromUtf8(t) << k;
-        };
-        rivi("mTiedosto", "mJasenrekisteri", "Jäsenrekisteri", true);
-        rivi("mTiedosto", "mJasenmaksut", "Maksukirja", false);
-        rivi("mTiedosto", "mJasenmaksujenluonti", "Laskutus", false);
-        rivi("mTiedosto", "mPiirteet", "Ominaisuudet", true);
-        rivi("mTiedosto", "mIkajakauma", "Ikäjakauma", false);
-        rivi("mTiedosto", "mAsetukset", "&Asetukset", true);
-        rivi("mTiedosto", "mEuroMuunnos", "Tee Euro muunnos", false);
-        rivi("mTiedosto", "mPalautaEuroMuunnos", "Palauta Euro muunnos", false);
-        rivi("mTiedosto", "mVarmistus", "Tietokannan &varmuuskopio", true);
-        rivi("mTiedosto", "mPalautus", "Tietokannan palautus", true);
-        rivi("mTiedosto", "mLopetus", "&Sulje", true);
-        rivi("mTietokanta", "mPerustaTietokanta", "Perusta yhdistyksen tietokanta", true);
-        rivi("mTietokanta", "mMuokkaaTietokantaa", "Muokkaa tietokantaa", false);
-        rivi("mTietokanta", "mSuoritaSQLLause", "Suorita SQL-lause", false);
-        rivi("mTietokanta", "mImportData", "Tuo jäsentiedot csv-tiedostosta", false);
-        rivi("mTietokanta", "mService", "Huoltotiedoston lähetys", false);
-        rivi("mTietokanta", "mTietoja", "Tietoja", true);
-    }
-
-    void menus()
-    {
-        QFETCH(QString, valikko);
-        QFETCH(QString, nimi);
-        QFETCH(QString, teksti);
-        QFETCH(bool, kaytossa);
-        TestEnv env;
         DatabasePath = QStringLiteral("/home/u/.local/share/Vonari/demo1.mdb");
         frmMain w;
-        auto *menu = w.menuBar()->findChild<QMenu *>(valikko);
-        QVERIFY(menu);
-        QAction *entry = nullptr;
-        for (QAction *a : menu->actions())
-            if (a->objectName() == nimi)
-                entry = a;
-        QVERIFY2(entry, qPrintable(nimi + QStringLiteral(" puuttuu valikosta ") + valikko));
-        QCOMPARE(entry->text(), teksti);
-        QCOMPARE(entry->isEnabled(), kaytossa);
-    }
-
-    void menuTitlesAndSeparators()
-    {
-        TestEnv env;
-        frmMain w;
-        QCOMPARE(w.mTiedosto->title(), QStringLiteral("&Tiedosto"));
-        QCOMPARE(w.mTietokanta->title(), QStringLiteral("Tietokanta"));
-        QStringList erottimet;
+        QStringList kaytossa, poissa;
+        for (QToolButton *b : w.findChildren<QToolButton *>(QRegularExpression(u"^c"_s)))
+            (b->isEnabled() ? kaytossa : poissa) << b->objectName();
         for (QMenu *m : {w.mTiedosto, w.mTietokanta})
             for (QAction *a : m->actions())
-                if (a->isSeparator())
-                    erottimet << a->objectName();
-        QCOMPARE(erottimet, (QStringList{QStringLiteral("m2"), QStringLiteral("m3"), QStringLiteral("m4"),
-                                         QStringLiteral("m5"), QStringLiteral("m6")}));
+                if (!a->isSeparator())
+                    (a->isEnabled() ? kaytossa : poissa) << a->objectName();
+        kaytossa.sort();
+        poissa.sort();
+        QCOMPARE(kaytossa.join(u' '), QStringLiteral("cAboutNorvik cJasenrekisteri cOminaisuudet cSulje mAsetukset mJasenrekisteri "
+                                                     "mLopetus mPalautus mPerustaTietokanta mPiirteet mTietoja mVarmistus"));
+        QCOMPARE(poissa.join(u' '), QStringLiteral("cJasenmaksut cLuoJasenmaksut mEuroMuunnos mIkajakauma mImportData "
+                                                   "mJasenmaksujenluonti mJasenmaksut mMuokkaaTietokantaa mPalautaEuroMuunnos "
+                                                   "mService mSuoritaSQLLause"));
     }
 
     void sizeIsFixed()
     {
-        TestEnv env;
         frmMain w;
         w.show();
         QVERIFY(QTest::qWaitForWindowExposed(&w));
@@ -139,9 +65,7 @@ private slots:
     {
         QTest::addColumn<QString>("polku");
         QTest::addColumn<bool>("nakyy");
-        QTest::newRow("demo windows-polussa") << "c:\\x\\demo1.mdb" << true;
         QTest::newRow("demo ohjelmakansiossa") << "/home/u/.local/share/Vonari/demo1.mdb" << true;
-        QTest::newRow("yhdeksän merkkiä") << "DEMO1.MDB" << false;
         QTest::newRow("seuran kanta") << "/home/u/Documents/Vonari/seura.mdb" << false;
     }
 
@@ -149,7 +73,6 @@ private slots:
     {
         QFETCH(QString, polku);
         QFETCH(bool, nakyy);
-        TestEnv env;
         DatabasePath = polku;
         frmMain w;
         QCOMPARE(w.mPerustaTietokanta->isVisible(), nakyy);
@@ -157,7 +80,6 @@ private slots:
 
     void closingKeepsPlacementAndEnds()
     {
-        TestEnv env;
         auto *w = new frmMain;
         w->show();
         QVERIFY(QTest::qWaitForWindowExposed(w));
@@ -170,14 +92,13 @@ private slots:
         delete w;
 
         const QString avain = QStringLiteral("FORMS/frmMain%1%2").arg(versionMajor()).arg(versionMinor());
-        QVERIFY(QSettings(env.iniPath(), QSettings::IniFormat).contains(avain));
+        QVERIFY(QSettings(env->iniPath(), QSettings::IniFormat).contains(avain));
         frmMain uusi;
         QCOMPARE(uusi.geometry().topLeft(), paikka.topLeft());
     }
 
     void aboutShowsTheClub()
     {
-        TestEnv env;
         RegName = QStringLiteral("Kalastajat ry");
         frmMain w;
         QString nahty;
@@ -194,8 +115,6 @@ private slots:
 
     void settingsOpenFromTheMenu()
     {
-        TestEnv env;
-        ScriptedDialogs d;
         frmMain w;
         QString avattu;
         Qt::CursorShape osoitinAvattaessa = Qt::BlankCursor;
@@ -209,7 +128,6 @@ private slots:
         w.mAsetukset->trigger();
         QCOMPARE(avattu, QStringLiteral("frmAsetukset"));
         QCOMPARE(osoitinAvattaessa, Qt::ArrowCursor); // the hourglass ended with the loading
-        QVERIFY(d.unexpected.isEmpty());
     }
 
     void splashEndsEarlyOnKeyOrClick_data()
@@ -222,8 +140,7 @@ private slots:
     void splashEndsEarlyOnKeyOrClick()
     {
         QFETCH(bool, napsautus);
-        TestEnv env;
-        ScriptedDialogs d;
+        dlg->no(); // no club's database here: the default is not wanted
         frmSplash splash(60000);
         QTimer::singleShot(100, &splash, [&] {
             if (napsautus)
@@ -250,15 +167,14 @@ private slots:
     void splashAsksForTheClubOnlyInSeveralClubsMode()
     {
         QFETCH(bool, monta);
-        TestEnv env;
-        ScriptedDialogs d;
         MultiDb = monta;
         if (monta)
-            d.choosePath(QString());
+            dlg->choosePath(QString());
+        dlg->no(); // no club's database here: the default is not wanted
         frmSplash splash(0);
         splash.Form_Load();
         bool kysyttiin = false;
-        for (const auto &n : d.shown)
+        for (const auto &n : dlg->shown)
             kysyttiin = kysyttiin || (n.kind == QLatin1String("open") && n.title == QLatin1String("Seuran valinta"));
         QCOMPARE(kysyttiin, monta);
     }

@@ -3,14 +3,13 @@
 #include "core/Kaynnistys.h"
 #include "core/MainModule.h"
 #include "platform/files.h"
-#include "scripteddialogs.h"
-#include "testenv.h"
+#include "testipohja.h"
 
 #include <QtTest>
 
 using namespace MainModule;
 
-class TestKaynnistys : public QObject {
+class TestKaynnistys : public Testipohja {
     Q_OBJECT
 
 private slots:
@@ -36,26 +35,21 @@ private slots:
         QFETCH(bool, peruuta);
         QFETCH(QString, vastaus);
         QFETCH(bool, jatkuu);
-        TestEnv env;
-        ScriptedDialogs d;
         Salasana = salasana;
-        peruuta ? d.cancelInput() : d.type(vastaus);
+        peruuta ? dlg->cancelInput() : dlg->type(vastaus);
 
         QCOMPARE(TarkistaSalasana(), jatkuu);
-        QCOMPARE(d.shown.first().kind, QStringLiteral("input"));
-        QCOMPARE(d.shown.first().text, QStringLiteral("Anna salasana"));
-        QCOMPARE(d.shown.first().title, QStringLiteral("Vonari"));
+        QCOMPARE(dlg->shown.first().kind, QStringLiteral("input"));
+        QCOMPARE(dlg->shown.first().text, QStringLiteral("Anna salasana"));
+        QCOMPARE(dlg->shown.first().title, QStringLiteral("Vonari"));
         const QStringList odotettu = jatkuu ? QStringList() : QStringList{QStringLiteral("Annettu salasana on väärin, ohjelma lopetetaan.")};
-        QCOMPARE(d.messages(), odotettu);
-        QVERIFY(d.unexpected.isEmpty());
+        QCOMPARE(dlg->messages(), odotettu);
     }
 
     void noPasswordNoPrompt()
     {
-        TestEnv env;
-        ScriptedDialogs d;
         QVERIFY(TarkistaSalasana());
-        QVERIFY(d.shown.isEmpty());
+        QVERIFY(dlg->shown.isEmpty());
     }
 
     void backupReminder_data()
@@ -78,46 +72,41 @@ private slots:
         QFETCH(int, paivaaSitten);
         QFETCH(int, vali);
         QFETCH(bool, kysytaan);
-        TestEnv env;
-        ScriptedDialogs d;
         const QDate tanaan(2024, 3, 1);
         MuistutaVarm = muistuta;
         VarmuuskopioPv = vali;
         BackupDate = tanaan.addDays(-paivaaSitten);
         int varmistuksia = 0;
         if (kysytaan)
-            d.yes();
+            dlg->yes();
 
         MuistutaVarmuuskopiosta(tanaan, [&] { ++varmistuksia; });
 
         QCOMPARE(varmistuksia, kysytaan ? 1 : 0);
-        QVERIFY(d.unexpected.isEmpty());
         if (kysytaan) {
-            QCOMPARE(d.shown.size(), 1);
-            QCOMPARE(d.shown.first().kind, QStringLiteral("question"));
-            QCOMPARE(d.shown.first().icon, dlg::Icon::Question);
-            QCOMPARE(d.shown.first().text, QStringLiteral("Varmuuskopion tekemisestä on yli %1 päivää.\n"
-                                                          "Tehdäänkö varmuuskopio nyt?").arg(vali));
+            QCOMPARE(dlg->shown.size(), 1);
+            QCOMPARE(dlg->shown.first().kind, QStringLiteral("question"));
+            QCOMPARE(dlg->shown.first().icon, dlg::Icon::Question);
+            QCOMPARE(dlg->shown.first().text, QStringLiteral("Varmuuskopion tekemisestä on yli %1 päivää.\n"
+                                                             "Tehdäänkö varmuuskopio nyt?").arg(vali));
         } else {
-            QVERIFY(d.shown.isEmpty());
+            QVERIFY(dlg->shown.isEmpty());
         }
     }
 
     void answeringNoChangesNothing()
     {
-        TestEnv env;
-        ScriptedDialogs d;
         const QDate tanaan(2024, 3, 1);
         MuistutaVarm = true;
         BackupDate = QDate(2023, 1, 1);
-        d.no();
+        dlg->no();
         int varmistuksia = 0;
         MuistutaVarmuuskopiosta(tanaan, [&] { ++varmistuksia; });
         QCOMPARE(varmistuksia, 0);
         QCOMPARE(BackupDate, QDate(2023, 1, 1));
-        d.no();
+        dlg->no();
         MuistutaVarmuuskopiosta(tanaan, [&] { ++varmistuksia; }); // and it asks again next time
-        QCOMPARE(d.shown.size(), 2);
+        QCOMPARE(dlg->shown.size(), 2);
     }
 
     void currencySymbol_data()
@@ -136,39 +125,35 @@ private slots:
     {
         QFETCH(QString, tunnus);
         QFETCH(bool, ilmoitetaan);
-        TestEnv env;
-        ScriptedDialogs d;
         QCOMPARE(TarkistaValuuttatunnus(tunnus), ilmoitetaan);
         if (!ilmoitetaan) {
-            QVERIFY(d.shown.isEmpty());
+            QVERIFY(dlg->shown.isEmpty());
             return;
         }
-        const QStringList rivit = d.messages().value(0).split(QLatin1Char('\n'));
+        const QStringList rivit = dlg->messages().value(0).split(QLatin1Char('\n'));
         QCOMPARE(rivit.size(), 3);
         QCOMPARE(rivit[0], QStringLiteral("Tietokoneen valuuttatunnuksena on vielä 'mk'."));
         QCOMPARE(rivit[1], QStringLiteral("Muuta valuuttatunnus Ohjauspaneelista kohdasta Kansallisuusasetukset."));
         QVERIFY(rivit[2].contains(QLatin1Char('@')));
-        QCOMPARE(d.shown.first().title, QStringLiteral("Vonari"));
+        QCOMPARE(dlg->shown.first().title, QStringLiteral("Vonari"));
     }
 
     void clubChoice()
     {
-        TestEnv env;
-        ScriptedDialogs d;
         QCOMPARE(SeuranValinnanAloitus(QStringLiteral("/data/seura.mdb")), QStringLiteral("/data/seura.mdb"));
         QCOMPARE(SeuranValinnanAloitus(QStringLiteral("/data/SEURA.MDB")), QStringLiteral("/data/SEURA.MDB"));
         QCOMPARE(SeuranValinnanAloitus(QStringLiteral("/data/seura.db")), files::programFolder());
         QCOMPARE(SeuranValinnanAloitus(QString()), files::programFolder());
 
         DatabasePath = QStringLiteral("/data/seura.mdb");
-        d.choosePath(QStringLiteral("/data/toinen.mdb"));
+        dlg->choosePath(QStringLiteral("/data/toinen.mdb"));
         ValitseSeura();
         QCOMPARE(DatabasePath, QStringLiteral("/data/toinen.mdb"));
-        QCOMPARE(d.shown.last().title, QStringLiteral("Seuran valinta"));
-        d.choosePath(QString()); // cancelled: the path stays
+        QCOMPARE(dlg->shown.last().title, QStringLiteral("Seuran valinta"));
+        dlg->choosePath(QString()); // cancelled: the path stays
         ValitseSeura();
         QCOMPARE(DatabasePath, QStringLiteral("/data/toinen.mdb"));
-        QVERIFY(!QFile::exists(env.iniPath())); // the choice is for this run only
+        QVERIFY(!QFile::exists(env->iniPath())); // the choice is for this run only
     }
 };
 

@@ -5,7 +5,6 @@
 #include "testenv.h"
 
 #include <QProcess>
-#include <QRegularExpression>
 #include <QStandardPaths>
 #include <QtTest>
 
@@ -110,13 +109,16 @@ class TestSchema : public QObject {
             m_kanta = paivitettyKanta(m_yhteinen.path());
         return *m_kanta;
     }
+    std::unique_ptr<TestEnv> env;
 
 private slots:
+    void init() { env = std::make_unique<TestEnv>(); }
+    void cleanup() { env.reset(); }
+
     void malliPitaaVainPerustaulut()
     {
-        TestEnv env;
-        auto d = perusKanta(env.root());
-        auto odotus = maaritelty(env.root(), true);
+        auto d = perusKanta(env->root());
+        auto odotus = maaritelty(env->root(), true);
         if (rakenne(*d) != rakenne(*odotus))
             qWarning().noquote() << "The template should read:\n" << odotus->schemaDump();
         QCOMPARE(rakenne(*d), rakenne(*odotus));
@@ -126,12 +128,11 @@ private slots:
 
     void perustauluistaTaydeksiYhdellaAjolla()
     {
-        TestEnv env;
-        auto d = perusKanta(env.root());
+        auto d = perusKanta(env->root());
         d->execute(QStringLiteral("INSERT INTO jr (jrSukunimi, jrOsoite) VALUES ('Mäkelä', 'Kuusitie 4 B')"));
         UpdateDatabase(*d);
 
-        auto odotus = maaritelty(env.root(), false);
+        auto odotus = maaritelty(env->root(), false);
         for (const SchemaTable &t : Schema::taulut()) {
             QStringList nimet;
             for (const SchemaField &f : t.kentat)
@@ -160,8 +161,7 @@ private slots:
 
     void toinenAjoEiMuutaMitaan()
     {
-        TestEnv env;
-        auto d = paivitettyKanta(env.root());
+        auto d = paivitettyKanta(env->root());
         const QString ennen = d->schemaDump();
         const QVariant muutokset = d->scalar(QStringLiteral("PRAGMA schema_version"));
         UpdateDatabase(*d);
@@ -209,8 +209,7 @@ private slots:
         QFETCH(QString, poisto);
         QFETCH(QStringList, tehty);
         QFETCH(QStringList, tekematta);
-        TestEnv env;
-        auto d = perusKanta(env.root());
+        auto d = perusKanta(env->root());
         d->executeScript(este);
 
         QVERIFY_THROWS_EXCEPTION(db::DbError, UpdateDatabase(*d));
@@ -222,7 +221,7 @@ private slots:
 
         d->executeScript(poisto);
         UpdateDatabase(*d);
-        auto odotus = maaritelty(env.root(), false);
+        auto odotus = maaritelty(env->root(), false);
         QCOMPARE(rakenne(*d), rakenne(*odotus));
     }
 
@@ -257,8 +256,7 @@ private slots:
         QFETCH(QStringList, pois);
         QFETCH(QStringList, palaa);
         QFETCH(QStringList, poissa);
-        TestEnv env;
-        auto d = paivitettyKanta(env.root());
+        auto d = paivitettyKanta(env->root());
         for (const QString &sql : pois)
             d->execute(sql);
         QCOMPARE(TietokantaOnAjantasalla(*d), palaa.isEmpty());
@@ -345,8 +343,7 @@ private slots:
 
     void nimetTestataanTarkasti()
     {
-        TestEnv env;
-        auto d = paivitettyKanta(env.root());
+        auto d = paivitettyKanta(env->root());
         d->execute(QStringLiteral("CREATE TABLE oma (x INTEGER PRIMARY KEY, y INTEGER)"));
         struct Tapaus {
             const char *mika;
@@ -387,8 +384,7 @@ private slots:
 
     void malliLuodaanKerranEikaKorvata()
     {
-        TestEnv env;
-        QVERIFY(MalliPolku().startsWith(env.programFolder() + QStringLiteral("/mallit/")));
+        QVERIFY(MalliPolku().startsWith(env->programFolder() + QStringLiteral("/mallit/")));
         VarmistaMalli();
         QVERIFY(QFile::exists(MalliPolku()));
         {

@@ -4,8 +4,7 @@
 #include "core/UpdateDatabase.h"
 #include "kerhokanta.h"
 #include "platform/files.h"
-#include "scripteddialogs.h"
-#include "testenv.h"
+#include "testipohja.h"
 
 #include <QDir>
 #include <QtTest>
@@ -38,11 +37,9 @@ void poistaKirjoitusoikeus(const QString &polku)
 
 } // namespace
 
-class TestAvaus : public QObject {
+class TestAvaus : public Testipohja {
     Q_OBJECT
 
-    std::unique_ptr<TestEnv> env;
-    std::unique_ptr<ScriptedDialogs> dlgs;
     QString kanta;
 
     std::unique_ptr<db::Database> avaa(bool odotettuLopetus = false)
@@ -56,19 +53,11 @@ class TestAvaus : public QObject {
 private slots:
     void init()
     {
-        env = std::make_unique<TestEnv>();
-        dlgs = std::make_unique<ScriptedDialogs>();
+        Testipohja::init();
         QDir(env->root()).mkpath(QStringLiteral("seura"));
         kanta = env->path(QStringLiteral("seura/kerho.mdb"));
         kerho::luo(kanta, 50);
         DatabasePath = kanta;
-    }
-    void cleanup()
-    {
-        QVERIFY2(dlgs->unexpected.isEmpty(), qPrintable(dlgs->unexpected.join(QLatin1Char('\n'))));
-        QCOMPARE(dlgs->pendingReplies(), 0);
-        dlgs.reset();
-        env.reset();
     }
 
     void ehjaAvataanHiljaa()
@@ -76,7 +65,7 @@ private slots:
         auto d = avaa();
         QVERIFY(d);
         QCOMPARE(d->path(), kanta);
-        QVERIFY(dlgs->shown.isEmpty());
+        QVERIFY(dlg->shown.isEmpty());
         QVERIFY(!OletusKantaOtettu);
     }
 
@@ -92,9 +81,9 @@ private slots:
     {
         QFETCH(QString, polku);
         DatabasePath = polku.isEmpty() ? QString() : env->path(polku);
-        dlgs->no();
+        dlg->no();
         QVERIFY(!avaa());
-        QCOMPARE(dlgs->allTexts(), (QStringList{kEiLoydy + DatabasePath, kOletus}));
+        QCOMPARE(dlg->allTexts(), (QStringList{kEiLoydy + DatabasePath, kOletus}));
         QVERIFY(!OletusKantaOtettu);
     }
 
@@ -104,7 +93,7 @@ private slots:
         QDir().mkpath(env->programFolder());
         kerho::luo(demo, 5);
         DatabasePath = env->path(QStringLiteral("seura/poistettu.mdb"));
-        dlgs->yes();
+        dlg->yes();
         auto d = avaa();
         QVERIFY(d);
         QCOMPARE(d->path(), demo);
@@ -126,15 +115,15 @@ private slots:
         auto d = avaa();
         QVERIFY(d);
         QVERIFY(TietokantaOnAjantasalla(*d));
-        QCOMPARE(dlgs->messages(), QStringList{QStringLiteral("Tietokanta päivitetään Vonarin uuteen versioon. Tietokanta "
-                                                              "sellaisena kuin se oli ennen päivitystä on tallessa nimellä:\n") + kopio});
+        QCOMPARE(dlg->messages(), QStringList{QStringLiteral("Tietokanta päivitetään Vonarin uuteen versioon. Tietokanta "
+                                                             "sellaisena kuin se oli ennen päivitystä on tallessa nimellä:\n") + kopio});
         auto vanha = db::Database::open(kopio, db::OpenMode::ReadOnly);
         QVERIFY(!TietokantaOnAjantasalla(*vanha));
         QCOMPARE(vanha->scalar(QStringLiteral("SELECT count(*) FROM jr")).toInt(), 2);
         d.reset();
-        dlgs->shown.clear();
+        dlg->shown.clear();
         QVERIFY(avaa()); // current now: nothing more to copy
-        QVERIFY(dlgs->shown.isEmpty());
+        QVERIFY(dlg->shown.isEmpty());
     }
 
     void kopioEiOnnistu_data()
@@ -154,16 +143,16 @@ private slots:
         }
         // A folder stands where the copy would go.
         QDir().mkpath(PaivitystaEdeltavaKopio(kanta, QDate::currentDate()));
-        dlgs->answer(jatketaan ? dlg::Answer::Yes : dlg::Answer::No);
+        dlg->answer(jatketaan ? dlg::Answer::Yes : dlg::Answer::No);
         auto d = avaa(!jatketaan);
         QCOMPARE(bool(d), jatketaan);
-        const QString kysymys = dlgs->shown.first().text;
+        const QString kysymys = dlg->shown.first().text;
         QVERIFY2(kysymys.startsWith(QStringLiteral("Tietokannasta ei voitu ottaa varmuuskopiota ennen sen päivittämistä "
                                                    "Vonarin uuteen versioon.\n(58 / ")),
                  qPrintable(kysymys));
         QVERIFY(kysymys.endsWith(QStringLiteral("\nJatketaanko päivitystä ilman varmuuskopiota?")));
         if (!jatketaan)
-            QCOMPARE(dlgs->shown.last().text, QStringLiteral("Vonari suljetaan."));
+            QCOMPARE(dlg->shown.last().text, QStringLiteral("Vonari suljetaan."));
         d.reset();
         QCOMPARE(TietokantaOnAjantasalla(*db::Database::open(kanta, db::OpenMode::ReadOnly)), jatketaan);
     }
@@ -189,7 +178,7 @@ private slots:
         }
         if (tapaus != QLatin1String("lukittu")) {
             poistaKirjoitusoikeus(kanta);
-            dlgs->no();
+            dlg->no();
         } else {
             toinen = db::Database::open(kanta);
             toinen->execute(QStringLiteral("PRAGMA locking_mode=EXCLUSIVE"));
@@ -198,19 +187,19 @@ private slots:
         }
         QVERIFY(!avaa(!demo));
         if (demo) {
-            QCOMPARE(dlgs->allTexts(), kysymykset);
+            QCOMPARE(dlg->allTexts(), kysymykset);
             return;
         }
-        QCOMPARE(dlgs->allTexts(), kysymykset + QStringList({kaytossa(kanta), QStringLiteral("Vonari suljetaan.")}));
-        QCOMPARE(dlgs->shown.at(kysymykset.size()).icon, dlg::Icon::Stop);
+        QCOMPARE(dlg->allTexts(), kysymykset + QStringList({kaytossa(kanta), QStringLiteral("Vonari suljetaan.")}));
+        QCOMPARE(dlg->shown.at(kysymykset.size()).icon, dlg::Icon::Stop);
     }
 
     void kirjoitussuojausPoistetaan()
     {
         poistaKirjoitusoikeus(kanta);
-        dlgs->yes();
+        dlg->yes();
         QVERIFY(avaa());
-        QCOMPARE(dlgs->allTexts(), (QStringList{kSuojattu, kMuutetaanko}));
+        QCOMPARE(dlg->allTexts(), (QStringList{kSuojattu, kMuutetaanko}));
         QVERIFY(!files::isReadOnly(kanta));
     }
 
@@ -221,12 +210,12 @@ private slots:
         QFETCH(QString, kerrotaan);
         QFile::remove(kanta);
         kerho::kirjoita(kanta, tavut);
-        dlgs->no();
+        dlg->no();
         QVERIFY(!avaa());
-        QCOMPARE(dlgs->shown.size(), 2);
-        QCOMPARE(dlgs->shown.first().icon, dlg::Icon::Stop);
-        QVERIFY2(dlgs->shown.first().text.contains(kerrotaan), qPrintable(dlgs->shown.first().text));
-        QCOMPARE(dlgs->shown.last().text, kOletus);
+        QCOMPARE(dlg->shown.size(), 2);
+        QCOMPARE(dlg->shown.first().icon, dlg::Icon::Stop);
+        QVERIFY2(dlg->shown.first().text.contains(kerrotaan), qPrintable(dlg->shown.first().text));
+        QCOMPARE(dlg->shown.last().text, kOletus);
         QCOMPARE(kerho::sisalto(kanta), tavut);
         QCOMPARE(QDir(env->path(QStringLiteral("seura"))).entryList(QDir::Files), QStringList{QStringLiteral("kerho.mdb")});
     }
@@ -255,7 +244,7 @@ private slots:
             kerho::turmele(kanta, (sivu - 1) * 4096, 4096);
         }
         QVERIFY(!avaa());
-        const QStringList viestit = dlgs->messages();
+        const QStringList viestit = dlg->messages();
         QCOMPARE(viestit.size(), 3);
         QVERIFY2(viestit.at(0).startsWith(QStringLiteral("3343;")), qPrintable(viestit.at(0)));
         QVERIFY(viestit.at(0).endsWith(QStringLiteral("\nTietokantaa avattaessa tapahtui virhe:")));

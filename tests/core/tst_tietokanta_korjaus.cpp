@@ -1,8 +1,7 @@
 #include "core/MainModule.h"
 #include "core/Tietokanta.h"
 #include "kerhokanta.h"
-#include "scripteddialogs.h"
-#include "testenv.h"
+#include "testipohja.h"
 
 #include <QDir>
 #include <QtTest>
@@ -32,26 +31,17 @@ qint64 arvo(const QString &polku, const QString &sql)
 
 } // namespace
 
-class TestKorjaus : public QObject {
+class TestKorjaus : public Testipohja {
     Q_OBJECT
 
-    std::unique_ptr<TestEnv> env;
-    std::unique_ptr<ScriptedDialogs> dlgs;
     QString kanta;
 
 private slots:
     void init()
     {
-        env = std::make_unique<TestEnv>();
-        dlgs = std::make_unique<ScriptedDialogs>();
+        Testipohja::init();
         kanta = env->path(QStringLiteral("kerho.mdb"));
         DatabasePath = kanta;
-    }
-    void cleanup()
-    {
-        QVERIFY2(dlgs->unexpected.isEmpty(), qPrintable(dlgs->unexpected.join(QLatin1Char('\n'))));
-        dlgs.reset();
-        env.reset();
     }
 
     // What can be read comes back; the damaged file is kept, byte for byte, as the remainder.
@@ -91,7 +81,7 @@ private slots:
         const QByteArray vioittunut = kerho::sisalto(kanta);
 
         QVERIFY(KorjaaTietokanta(asetuksista));
-        const QStringList viestit = dlgs->messages();
+        const QStringList viestit = dlg->messages();
         QCOMPARE(viestit.size(), 2);
         QCOMPARE(viestit.first(), asetuksista
                      ? QStringLiteral("Tietokanta on vioittunut edellisen käyttökerran lopetuksen yhteydessä, yritän korjata tietokannan. Odota hetki.")
@@ -168,7 +158,7 @@ private slots:
         kerho::turmele(kanta, kohta, maara);
         const QByteArray tavut = kerho::sisalto(kanta);
         QVERIFY(!KorjaaTietokanta(false));
-        const QString viimeinen = dlgs->messages().last();
+        const QString viimeinen = dlg->messages().last();
         QVERIFY2(viimeinen.startsWith(QStringLiteral("Tietokannan korjaus ei onnistunut. Palauta tietokanta varmuuskopiolta "
                                                       "ennen kuin jatkat Vonarin käyttöä.\n(")),
                  qPrintable(viimeinen));
@@ -185,9 +175,9 @@ private slots:
         QFETCH(QString, kerrotaan);
         kerho::kirjoita(kanta, tavut);
         QVERIFY(!KorjaaTietokanta(true));
-        QCOMPARE(dlgs->shown.size(), 1);
-        QCOMPARE(dlgs->shown.first().icon, dlg::Icon::Stop);
-        QVERIFY2(dlgs->shown.first().text.contains(kerrotaan), qPrintable(dlgs->shown.first().text));
+        QCOMPARE(dlg->shown.size(), 1);
+        QCOMPARE(dlg->shown.first().icon, dlg::Icon::Stop);
+        QVERIFY2(dlg->shown.first().text.contains(kerrotaan), qPrintable(dlg->shown.first().text));
         QCOMPARE(kerho::sisalto(kanta), tavut);
         QCOMPARE(QDir(env->root()).entryList(QDir::Files), QStringList{QStringLiteral("kerho.mdb")});
     }
@@ -199,8 +189,8 @@ private slots:
         const QByteArray tavut = kerho::sisalto(kanta);
         QDir().mkpath(KorjauksenJaannos(kanta) + QStringLiteral("/tiella"));
         QVERIFY(!KorjaaTietokanta(false));
-        QVERIFY(dlgs->messages().last().startsWith(QStringLiteral("Vioittuneen tietokannan uudelleen nimeäminen ei onnistu.\n")));
-        QVERIFY(dlgs->messages().last().endsWith(QStringLiteral("Korjattu tietokanta on tallessa nimellä: ") + KorjauksenTulos(kanta)));
+        QVERIFY(dlg->messages().last().startsWith(QStringLiteral("Vioittuneen tietokannan uudelleen nimeäminen ei onnistu.\n")));
+        QVERIFY(dlg->messages().last().endsWith(QStringLiteral("Korjattu tietokanta on tallessa nimellä: ") + KorjauksenTulos(kanta)));
         QCOMPARE(kerho::sisalto(kanta), tavut);
         QVERIFY(kerho::ehja(KorjauksenTulos(kanta)));
     }

@@ -4,8 +4,7 @@
 #include "core/UpdateDatabase.h"
 #include "kerhokanta.h"
 #include "platform/files.h"
-#include "scripteddialogs.h"
-#include "testenv.h"
+#include "testipohja.h"
 
 #include <QDir>
 #include <QtTest>
@@ -26,18 +25,15 @@ QStringList tallessa(const QString &kansio)
 
 } // namespace
 
-class TestPalautus : public QObject {
+class TestPalautus : public Testipohja {
     Q_OBJECT
 
-    std::unique_ptr<TestEnv> env;
-    std::unique_ptr<ScriptedDialogs> dlgs;
     QString kanta, kopio, omat;
 
 private slots:
     void init()
     {
-        env = std::make_unique<TestEnv>();
-        dlgs = std::make_unique<ScriptedDialogs>();
+        Testipohja::init();
         omat = files::documentsFolder();
         QDir().mkpath(omat);
         QDir(env->root()).mkpath(QStringLiteral("varmuus"));
@@ -48,13 +44,6 @@ private slots:
         DatabasePath = kanta;
         BackupPath = env->path(QStringLiteral("varmuus/"));
         IniAsetukset().writeString(QStringLiteral("Database"), kanta);
-    }
-    void cleanup()
-    {
-        QVERIFY2(dlgs->unexpected.isEmpty(), qPrintable(dlgs->unexpected.join(QLatin1Char('\n'))));
-        QCOMPARE(dlgs->pendingReplies(), 0);
-        dlgs.reset();
-        env.reset();
     }
 
     // The copy lands in the chosen file; the database in use is replaced only on Yes, and what
@@ -81,13 +70,13 @@ private slots:
                               : kohde == QLatin1String("kaytossa") ? kanta : kopio;
         const kerho::Maarat vanhat = kerho::rivit(kanta);
         const kerho::Maarat varmuus = kerho::rivit(kopio);
-        dlgs->choosePath(kopio);
-        dlgs->choosePath(polku);
+        dlg->choosePath(kopio);
+        dlg->choosePath(polku);
         for (bool kylla : vastaukset)
-            dlgs->answer(kylla ? dlg::Answer::Yes : dlg::Answer::No);
+            dlg->answer(kylla ? dlg::Answer::Yes : dlg::Answer::No);
         Palautus();
-        QCOMPARE(dlgs->allTexts().last(), korvattu ? kKayttoon : kKorvataanko);
-        QCOMPARE(dlgs->allTexts().contains(kKorvataanko), kohde != QLatin1String("uusi"));
+        QCOMPARE(dlg->allTexts().last(), korvattu ? kKayttoon : kKorvataanko);
+        QCOMPARE(dlg->allTexts().contains(kKorvataanko), kohde != QLatin1String("uusi"));
         QCOMPARE(kerho::rivit(polku), korvattu ? varmuus : vanhat);
         QCOMPARE(DatabasePath, kayttoon ? polku : kanta);
         QCOMPARE(IniAsetukset().readString(QStringLiteral("Database")), kayttoon ? polku : kanta);
@@ -95,8 +84,8 @@ private slots:
         QCOMPARE(talteen.size(), kohde == QLatin1String("kaytossa") && korvattu ? 1 : 0);
         if (!talteen.isEmpty()) {
             QCOMPARE(kerho::rivit(omat + QLatin1Char('/') + talteen.first()), vanhat);
-            QVERIFY(dlgs->messages().contains(QStringLiteral("Korvattu tiedosto on tallessa nimellä:\n") + omat
-                                              + QLatin1Char('/') + talteen.first()));
+            QVERIFY(dlg->messages().contains(QStringLiteral("Korvattu tiedosto on tallessa nimellä:\n") + omat
+                                             + QLatin1Char('/') + talteen.first()));
         }
     }
 
@@ -109,9 +98,9 @@ private slots:
     void peruutus()
     {
         QFETCH(int, vaihe);
-        dlgs->choosePath(vaihe == 0 ? QString() : kopio);
+        dlg->choosePath(vaihe == 0 ? QString() : kopio);
         if (vaihe == 1)
-            dlgs->choosePath(QString());
+            dlg->choosePath(QString());
         Palautus();
         QCOMPARE(QDir(omat).entryList(QDir::Files), QStringList{QStringLiteral("kerho.mdb")});
         QCOMPARE(DatabasePath, kanta);
@@ -133,13 +122,13 @@ private slots:
         else
             QVERIFY(QFile::resize(kopio, QFileInfo(kopio).size() / 2));
         const QByteArray tavut = kerho::sisalto(kanta);
-        dlgs->choosePath(kopio);
-        dlgs->choosePath(kanta);
+        dlg->choosePath(kopio);
+        dlg->choosePath(kanta);
         if (vika != QLatin1String("teksti"))
-            dlgs->yes();
+            dlg->yes();
         Palautus();
-        QCOMPARE(dlgs->shown.last().icon, dlg::Icon::Stop);
-        QVERIFY2(dlgs->shown.last().text.contains(kerrotaan), qPrintable(dlgs->shown.last().text));
+        QCOMPARE(dlg->shown.last().icon, dlg::Icon::Stop);
+        QVERIFY2(dlg->shown.last().text.contains(kerrotaan), qPrintable(dlg->shown.last().text));
         QCOMPARE(kerho::sisalto(kanta), tavut);
         QVERIFY(tallessa(omat).isEmpty());
         QCOMPARE(DatabasePath, kanta);
@@ -148,11 +137,11 @@ private slots:
     void toisenKaytossaOlevaaEiKorvata()
     {
         auto toinen = db::Database::open(kanta);
-        dlgs->choosePath(kopio);
-        dlgs->choosePath(kanta);
-        dlgs->yes();
+        dlg->choosePath(kopio);
+        dlg->choosePath(kanta);
+        dlg->yes();
         Palautus();
-        QVERIFY(dlgs->shown.last().text.contains(QStringLiteral("on toisen ohjelman käytössä")));
+        QVERIFY(dlg->shown.last().text.contains(QStringLiteral("on toisen ohjelman käytössä")));
         toinen.reset();
         QCOMPARE(kerho::rivit(kanta).value(QStringLiteral("jr")), qint64(40));
     }
@@ -181,12 +170,12 @@ private slots:
         QFETCH(QString, tiedosto);
         QFETCH(QString, viesti);
         if (vastaus)
-            dlgs->type(*vastaus);
+            dlg->type(*vastaus);
         else
-            dlgs->cancelInput();
+            dlg->cancelInput();
         const QStringList ennen = QDir(omat).entryList(QDir::Files);
         QCOMPARE(PerustaTietokanta(kPerustus, QStringLiteral("malli.mdb")), !tiedosto.isEmpty());
-        QCOMPARE(dlgs->allTexts(), (QStringList{kPerustus, kNimi, viesti}));
+        QCOMPARE(dlg->allTexts(), (QStringList{kPerustus, kNimi, viesti}));
         if (tiedosto.isEmpty()) {
             QCOMPARE(QDir(omat).entryList(QDir::Files), ennen);
             QCOMPARE(IniAsetukset().readString(QStringLiteral("Database")), kanta);
@@ -202,9 +191,9 @@ private slots:
 
     void uusiTietokantaIlmanPohjaa()
     {
-        dlgs->type(QStringLiteral("uusi"));
+        dlg->type(QStringLiteral("uusi"));
         QVERIFY(!PerustaTietokanta(kPerustus, QStringLiteral("muu.mdb")));
-        QVERIFY(dlgs->shown.last().text.startsWith(QStringLiteral("Tietokantapohjaa ei voitu kopioida\n")));
+        QVERIFY(dlg->shown.last().text.startsWith(QStringLiteral("Tietokantapohjaa ei voitu kopioida\n")));
         QVERIFY(!QFile::exists(omat + QStringLiteral("/uusi.mdb")));
         QCOMPARE(IniAsetukset().readString(QStringLiteral("Database")), kanta);
     }

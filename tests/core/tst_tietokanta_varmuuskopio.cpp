@@ -3,8 +3,7 @@
 #include "core/Misc.h"
 #include "core/Tietokanta.h"
 #include "kerhokanta.h"
-#include "scripteddialogs.h"
-#include "testenv.h"
+#include "testipohja.h"
 
 #include <QDir>
 #include <QtTest>
@@ -51,11 +50,9 @@ private:
 
 } // namespace
 
-class TestVarmuuskopio : public QObject {
+class TestVarmuuskopio : public Testipohja {
     Q_OBJECT
 
-    std::unique_ptr<TestEnv> env;
-    std::unique_ptr<ScriptedDialogs> dlgs;
     QString kanta, kansio;
 
     // After a failure: the working file is whole, holds what it held and no marked row, and the
@@ -72,8 +69,7 @@ class TestVarmuuskopio : public QObject {
 private slots:
     void init()
     {
-        env = std::make_unique<TestEnv>();
-        dlgs = std::make_unique<ScriptedDialogs>();
+        Testipohja::init();
         QDir(env->root()).mkpath(QStringLiteral("seura"));
         QDir(env->root()).mkpath(QStringLiteral("varmuus"));
         kanta = env->path(QStringLiteral("seura/kerho.mdb"));
@@ -81,12 +77,6 @@ private slots:
         kerho::luo(kanta, 300);
         DatabasePath = kanta;
         BackupPath = kansio;
-    }
-    void cleanup()
-    {
-        QVERIFY2(dlgs->unexpected.isEmpty(), qPrintable(dlgs->unexpected.join(QLatin1Char('\n'))));
-        dlgs.reset();
-        env.reset();
     }
 
     void nimetJohdetaanPolusta_data()
@@ -118,9 +108,9 @@ private slots:
         KantaStore(*db::Database::open(kanta)).writeString(QStringLiteral("BackupDate"), QStringLiteral("2001-02-03"));
         const kerho::Maarat ennen = kerho::rivit(kanta);
         for (int kerta = 1; kerta <= 2; ++kerta) {
-            dlgs->shown.clear();
+            dlg->shown.clear();
             QVERIFY(TeeVarmuuskopio());
-            QCOMPARE(dlgs->messages(), (QStringList{kAloitus.arg(kansio), kValmis}));
+            QCOMPARE(dlg->messages(), (QStringList{kAloitus.arg(kansio), kValmis}));
             // The copy opens, passes the check and holds what the database held.
             const QString kopio = kansio + QStringLiteral("kerho.mdb");
             QVERIFY(kerho::ehja(kopio));
@@ -221,8 +211,8 @@ private slots:
 
         QVERIFY(!TeeVarmuuskopio());
         raja.reset();
-        QCOMPARE(dlgs->shown.size(), 2);
-        const auto &viesti = dlgs->shown.at(1);
+        QCOMPARE(dlg->shown.size(), 2);
+        const auto &viesti = dlg->shown.at(1);
         QCOMPARE(viesti.icon, dlg::Icon::Stop);
         const QString alku = QStringLiteral("Tietokantaa ei voida kopioida \nhakemistosta: %1\nhakemistoon: %2\n")
                                  .arg(kanta, BackupPath + QStringLiteral("kerho.mdb"));
@@ -244,7 +234,7 @@ private slots:
         db::Transaction kesken(*toinen);
         toinen->execute(QStringLiteral("INSERT INTO jr (jrSukunimi) VALUES ('Kirjoittaja')"));
         QVERIFY(!TeeVarmuuskopio());
-        QVERIFY(dlgs->messages().last().contains(QStringLiteral("(3051 / ")));
+        QVERIFY(dlg->messages().last().contains(QStringLiteral("(3051 / ")));
         kesken.commit();
         toinen.reset();
         auto d = db::Database::open(kanta);
@@ -291,7 +281,7 @@ private slots:
 
         QVERIFY(!TeeVarmuuskopio());
         toinen.reset();
-        const auto &viesti = dlgs->shown.last();
+        const auto &viesti = dlg->shown.last();
         QCOMPARE(viesti.icon, dlg::Icon::Stop);
         QVERIFY2(viesti.text.startsWith(alku) && viesti.text.contains(syy), qPrintable(viesti.text));
         const QString kopio = kansio + QStringLiteral("kerho.mdb");

@@ -9,8 +9,8 @@
 #include "members/ui/frmPostinumerot.h"
 #include "scripteddialogs.h"
 #include "testenv.h"
+#include "testiapu.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QCompleter>
 #include <QLabel>
@@ -20,7 +20,6 @@
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QtTest>
-#include <functional>
 
 using namespace Qt::Literals::StringLiterals;
 using hakuseura::Jasen;
@@ -48,30 +47,14 @@ struct Seura {
     }
 };
 
-// Runs `f` once the modal dialog's own event loop is going; closes the dialog if `f` left it open.
-void kunAuki(std::function<void(QDialog *)> f)
+// Works the search dialog once it is up; closes it if the work left it open.
+template <class F>
+void kunAuki(F f)
 {
-    QTimer::singleShot(0, [f] {
-        auto *d = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-        if (!d)
-            return;
-        f(d);
-        if (d->isVisible())
-            d->reject();
-    });
+    testi::kunAuki<QDialog>(f);
 }
 
-void kirjoita(QWidget *w, const QString &teksti)
-{
-    for (QChar c : teksti) {
-        Qt::Key k = Qt::Key_unknown;
-        if (c == QLatin1Char(' '))
-            k = Qt::Key_Space;
-        else if (c.isLetterOrNumber() && c.unicode() < 0x80)
-            k = Qt::Key(c.toUpper().unicode());
-        QTest::sendKeyEvent(QTest::Click, w, k, QString(c), Qt::NoModifier);
-    }
-}
+using testi::kirjoita;
 
 // Opens and closes the drop-down list, as a user looking at it does; the list is read then.
 void avaaLista(QComboBox *c)
@@ -86,6 +69,15 @@ int rivi(const QComboBox *c, qint64 id)
         if (c->itemData(i).toLongLong() == id)
             return i;
     return -1;
+}
+
+KoodilistaIkkuna *koodilista(const QString &otsikko)
+{
+    if (otsikko == u"Jäsenlajit"_s)
+        return new frmJasenlajit;
+    if (otsikko == u"Jäsenryhmät"_s)
+        return new frmJasenryhmat;
+    return new frmPostinumerot;
 }
 
 QStringList puu(const QTreeWidget *t)
@@ -364,132 +356,125 @@ private slots:
 
     // ---- code-list windows ----
 
-    void memberKindsNewSaveNavigateDelete()
+    // The three code-list windows share one way of working: the list in code order, steps by key
+    // that stay at the ends, the list row following the typing, Ctrl+Z and Peru, a click in the
+    // list, a delete after its question, and a row left unsaved stored when the window closes.
+    void koodilistaIkkunat_data()
     {
-        Seura s;
-        frmJasenlajit w;
-        QVERIFY(w.lataa());
-        w.show();
-        QCOMPARE(w.windowTitle(), u"Vonari - Jäsenlajit"_s);
-        QCOMPARE(w.tvwLista->topLevelItemCount(), 0); // an empty list, an empty tree
-        QVERIFY(!w.cPoista->isEnabled());
-        QVERIFY(!w.cTallenna->isEnabled());
-
-        auto lisaa = [&](const QString &koodi, const QString &nimi) {
-            w.cUusi->click();
-            kirjoita(w.tKoodi, koodi);
-            kirjoita(w.tNimi, nimi);
-            QVERIFY(w.cTallenna->isEnabled());
-            w.cTallenna->click();
-        };
-        lisaa(u"V"_s, u"Varsinainen"_s);
-        lisaa(u"K"_s, u"Kunnia'jäsen"_s);
-        lisaa(u"N"_s, u"Nuori; alle 18"_s);
-        QCOMPARE(puu(w.tvwLista), (QStringList{u"K Kunnia'jäsen"_s, u"N Nuori; alle 18"_s, u"V Varsinainen"_s}));
-        QCOMPARE(s.db->scalar(u"SELECT Jasenlaji_Nimi FROM Jasenlaji WHERE Jasenlaji_Koodi = 'K'"_s).toString(), u"Kunnia'jäsen"_s);
-
-        // Steps go by key: the first row has nothing before it, and the window stays.
-        w.cEnsimmainen->click();
-        QCOMPARE(w.tNimi->text(), u"Varsinainen"_s);
-        w.cEdellinen->click();
-        QCOMPARE(w.tNimi->text(), u"Varsinainen"_s);
-        QCOMPARE(s.dlg.beeps, 1);
-        w.cSeuraava->click();
-        QCOMPARE(w.tNimi->text(), u"Kunnia'jäsen"_s);
-
-        // The tree row follows the name as it is typed; Peru takes the stored row back.
-        kirjoita(w.tNimi, u"x"_s);
-        QCOMPARE(w.tvwLista->currentItem()->text(0), u"K Kunnia'jäsenx"_s);
-        w.cPeru->click();
-        QCOMPARE(w.tNimi->text(), u"Kunnia'jäsen"_s);
-        QVERIFY(!w.cTallenna->isEnabled());
-
-        // A click in the tree reads that row.
-        w.tvwLista->setCurrentItem(w.tvwLista->topLevelItem(2));
-        QTRY_COMPARE(w.tKoodi->text(), u"V"_s);
-
-        // No keeps the row; Yes deletes it and shows the next one.
-        w.cEnsimmainen->click();
-        s.dlg.no();
-        w.cPoista->click();
-        QCOMPARE(s.db->scalar(u"SELECT count(*) FROM Jasenlaji"_s).toInt(), 3);
-        s.dlg.yes();
-        w.cPoista->click();
-        QCOMPARE(s.dlg.shown.last().text, u"Haluatko varmasti poistaa valitun jäsenlajin?"_s);
-        QCOMPARE(s.db->scalar(u"SELECT count(*) FROM Jasenlaji WHERE Jasenlaji_Koodi = 'V'"_s).toInt(), 0);
-        QCOMPARE(puu(w.tvwLista), (QStringList{u"K Kunnia'jäsen"_s, u"N Nuori; alle 18"_s}));
-        QCOMPARE(w.tKoodi->text(), u"K"_s);
-        QVERIFY(s.dlg.unexpected.isEmpty());
+        QTest::addColumn<QString>("ikkuna");
+        QTest::addColumn<QString>("kysymys");
+        QTest::addColumn<QString>("sql"); // the names of the rows in code order
+        QTest::addColumn<QStringList>("askeleet"); // the codes in the order of the steps
+        const QStringList lisatty{u"2"_s, u"01"_s, u"1"_s};
+        QTest::newRow("jäsenlajit") << u"Jäsenlajit"_s << u"Haluatko varmasti poistaa valitun jäsenlajin?"_s
+                                    << u"SELECT group_concat(n, '|') FROM (SELECT Jasenlaji_Nimi n FROM Jasenlaji ORDER BY Jasenlaji_Koodi)"_s << lisatty;
+        QTest::newRow("jäsenryhmät") << u"Jäsenryhmät"_s << u"Haluatko varmasti poistaa valitun jäsenryhmän?"_s
+                                     << u"SELECT group_concat(n, '|') FROM (SELECT Jasenryhma_Nimi n FROM Jasenryhma ORDER BY Jasenryhma_Koodi)"_s << lisatty;
+        // A postal code is its own key, in text order: the leading zero counts.
+        QTest::newRow("postinumerot") << u"Postinumerot"_s << u"Haluatko varmasti poistaa valitun postinumeron?"_s
+                                      << u"SELECT group_concat(n, '|') FROM (SELECT Postitoimipaikka n FROM Postinumero ORDER BY Postinumero)"_s
+                                      << QStringList{u"01"_s, u"1"_s, u"2"_s};
     }
 
-    void memberGroupsStorePendingEditOnClose()
+    void koodilistaIkkunat()
     {
+        QFETCH(QString, ikkuna);
+        QFETCH(QString, kysymys);
+        QFETCH(QString, sql);
+        QFETCH(QStringList, askeleet);
         Seura s;
-        s.db->execute(u"INSERT INTO Jasenryhma (Jasenryhma_Koodi, Jasenryhma_Nimi) VALUES ('H', 'Hallitus')"_s);
-        auto *w = new frmJasenryhmat;
+        auto *w = koodilista(ikkuna);
         QVERIFY(w->lataa());
         w->show();
-        QCOMPARE(w->tNimi->text(), u"Hallitus"_s);
-        kirjoita(w->tNimi, u" 2024"_s);
-        // The window's Ctrl+Z wins over the box's own undo.
         QVERIFY(QTest::qWaitForWindowActive(w));
-        QTest::keyClick(w->tNimi, Qt::Key_Z, Qt::ControlModifier);
-        QCOMPARE(w->tNimi->text(), u"Hallitus"_s);
-        kirjoita(w->tNimi, u" 2025"_s);
+        QCOMPARE(w->windowTitle(), u"Vonari - "_s + ikkuna);
+        const QList<QLineEdit *> laatikot = w->findChildren<QLineEdit *>();
+        QLineEdit *koodi = laatikot.value(0), *nimi = laatikot.value(1);
+        QCOMPARE(w->tvwLista->topLevelItemCount(), 0);
+        QVERIFY(!w->cPoista->isEnabled() && !w->cTallenna->isEnabled());
+
+        const QHash<QString, QString> nimet{{u"2"_s, u"Varsinainen"_s}, {u"01"_s, u"Kunnia'jäsen"_s}, {u"1"_s, u"Nuori; alle 18"_s}};
+        for (const QString &k : {u"2"_s, u"01"_s, u"1"_s}) {
+            w->cUusi->click();
+            kirjoita(koodi, k);
+            kirjoita(nimi, nimet[k]);
+            QVERIFY(w->cTallenna->isEnabled());
+            w->cTallenna->click();
+        }
+        QCOMPARE(puu(w->tvwLista), (QStringList{u"01 Kunnia'jäsen"_s, u"1 Nuori; alle 18"_s, u"2 Varsinainen"_s}));
+        QCOMPARE(s.db->scalar(sql).toString(), u"Kunnia'jäsen|Nuori; alle 18|Varsinainen"_s);
+
+        w->cEnsimmainen->click();
+        w->cEdellinen->click();
+        QCOMPARE(koodi->text(), askeleet[0]);
+        QCOMPARE(s.dlg.beeps, 1);
+        w->cViimeinen->click();
+        w->cSeuraava->click();
+        QCOMPARE(koodi->text(), askeleet[2]);
+        QCOMPARE(s.dlg.beeps, 2);
+        w->cEdellinen->click();
+        QCOMPARE(nimi->text(), nimet[askeleet[1]]);
+
+        kirjoita(nimi, u"x"_s);
+        QCOMPARE(w->tvwLista->currentItem()->text(0), askeleet[1] + u' ' + nimet[askeleet[1]] + u'x');
+        QTest::keyClick(nimi, Qt::Key_Z, Qt::ControlModifier); // the window's, not the box's own undo
+        QCOMPARE(nimi->text(), nimet[askeleet[1]]);
+        kirjoita(nimi, u"x"_s);
+        w->cPeru->click();
+        QCOMPARE(nimi->text(), nimet[askeleet[1]]);
+        QVERIFY(!w->cTallenna->isEnabled());
+
+        w->tvwLista->setCurrentItem(w->tvwLista->topLevelItem(2));
+        QTRY_COMPARE(koodi->text(), u"2"_s);
+
+        // No keeps the row; Yes deletes it and shows the next one, or at the end the one before.
+        w->cEnsimmainen->click();
+        s.dlg.no();
+        w->cPoista->click();
+        QCOMPARE(s.dlg.shown.last().text, kysymys);
+        QCOMPARE(w->tvwLista->topLevelItemCount(), 3);
         s.dlg.yes();
         w->cPoista->click();
-        QCOMPARE(s.dlg.shown.last().text, u"Haluatko varmasti poistaa valitun jäsenryhmän?"_s);
+        QCOMPARE(koodi->text(), askeleet[1]);
+        w->cViimeinen->click();
+        s.dlg.yes();
+        w->cPoista->click();
+        QCOMPARE(koodi->text(), askeleet[1]);
+        QCOMPARE(puu(w->tvwLista), QStringList{askeleet[1] + u' ' + nimet[askeleet[1]]});
+
+        // With the last row gone the boxes take a new one, stored when the window closes.
+        s.dlg.yes();
+        w->cPoista->click();
         QCOMPARE(w->tvwLista->topLevelItemCount(), 0);
-        kirjoita(w->tKoodi, u"T"_s);
-        kirjoita(w->tNimi, u"Toimikunta"_s);
+        kirjoita(koodi, u"3"_s);
+        kirjoita(nimi, u"Toimikunta"_s);
         w->cSulje->click();
         QVERIFY(!w->isVisible());
         delete w;
-        QCOMPARE(s.db->scalar(u"SELECT Jasenryhma_Nimi FROM Jasenryhma WHERE Jasenryhma_Koodi = 'T'"_s).toString(), u"Toimikunta"_s);
-        QCOMPARE(s.db->scalar(u"SELECT count(*) FROM Jasenryhma"_s).toInt(), 1);
+        QCOMPARE(s.db->scalar(sql).toString(), u"Toimikunta"_s);
+        QVERIFY(s.dlg.unexpected.isEmpty());
     }
 
-    void postalCodesKeepTheLeadingZero()
+    // A code already in the list is told, nothing is written, and the typing stays.
+    void postinumeroOnYksilollinen()
     {
         Seura s;
         frmPostinumerot w;
         QVERIFY(w.lataa());
-        w.show();
-        QCOMPARE(w.windowTitle(), u"Vonari - Postinumerot"_s);
-        QCOMPARE(w.cPoista->toolTip(), u"Poista näytössä oleva postinumero [F4]"_s);
-        auto lisaa = [&](const QString &koodi, const QString &paikka) {
+        QCOMPARE(w.tPostinumero->maxLength(), 5);
+        for (const QString &paikka : {u"HELSINKI"_s, u"Toinen"_s}) {
             w.cUusi->click();
-            kirjoita(w.tPostinumero, koodi);
+            kirjoita(w.tPostinumero, u"00100"_s);
             kirjoita(w.tPostitoimipaikka, paikka);
             w.cTallenna->click();
-        };
-        lisaa(u"00100"_s, u"HELSINKI"_s);
-        lisaa(u"100"_s, u"Sata"_s);
-        QCOMPARE(puu(w.tvwLista), (QStringList{u"00100 HELSINKI"_s, u"100 Sata"_s}));
-        QCOMPARE(w.tPostinumero->maxLength(), 5);
-
-        // A taken code: the message, nothing written, and the typing kept.
-        lisaa(u"00100"_s, u"Toinen"_s);
+        }
         QCOMPARE(s.dlg.messages(), QStringList{u"Postinumero 00100 on jo luettelossa."_s});
         QCOMPARE(w.tPostitoimipaikka->text(), u"Toinen"_s);
         QVERIFY(w.cTallenna->isEnabled());
-        QCOMPARE(s.db->scalar(u"SELECT count(*) FROM Postinumero"_s).toInt(), 2);
+        QCOMPARE(s.db->scalar(u"SELECT group_concat(Postitoimipaikka) FROM Postinumero"_s).toString(), u"HELSINKI"_s);
         w.tPostinumero->setText(u"00200"_s);
         w.cTallenna->click();
-        QCOMPARE(puu(w.tvwLista), (QStringList{u"00100 HELSINKI"_s, u"00200 Toinen"_s, u"100 Sata"_s}));
-
-        w.cEnsimmainen->click();
-        w.cSeuraava->click();
-        QCOMPARE(w.tPostinumero->text(), u"00200"_s);
-        w.cViimeinen->click();
-        QCOMPARE(w.tPostinumero->text(), u"100"_s);
-        s.dlg.yes();
-        w.cPoista->click();
-        QCOMPARE(s.dlg.shown.last().text, u"Haluatko varmasti poistaa valitun postinumeron?"_s);
-        // Nothing after the last code: the window shows the one before.
-        QCOMPARE(w.tPostinumero->text(), u"00200"_s);
-        QCOMPARE(s.db->scalar(u"SELECT count(*) FROM Postinumero WHERE Postinumero = '00100'"_s).toInt(), 1);
-        QCOMPARE(s.db->scalar(u"SELECT count(*) FROM Postinumero"_s).toInt(), 2);
+        QCOMPARE(puu(w.tvwLista), (QStringList{u"00100 HELSINKI"_s, u"00200 Toinen"_s}));
     }
 };
 

@@ -2,8 +2,8 @@
 #include "malliseura.h"
 #include "members/Hakuehdot.h"
 #include "members/ui/frmHakuehdot.h"
-#include "scripteddialogs.h"
-#include "testenv.h"
+#include "testiapu.h"
+#include "testipohja.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -53,21 +53,19 @@ void naytaAktiivisena(QWidget &w)
     QVERIFY(QTest::qWaitForWindowActive(&w));
 }
 
-QStringList rivit(QListWidget *l)
-{
-    QStringList t;
-    for (int i = 0; i < l->count(); ++i)
-        t << l->item(i)->text();
-    return t;
-}
+using testi::rivit;
 
 } // namespace
 
-class TestFrmHakuehdot : public QObject {
+class TestFrmHakuehdot : public Testipohja {
     Q_OBJECT
 
 private slots:
-    void init() { Haku = HakuParametrit(); }
+    void init()
+    {
+        Testipohja::init();
+        Haku = HakuParametrit();
+    }
 
     void eiTietokantaa_data()
     {
@@ -81,11 +79,9 @@ private slots:
     {
         QFETCH(QString, polku);
         QFETCH(QString, viesti);
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        MainModule::DatabasePath = polku.replace(u"<env>"_s, env.root());
+        MainModule::DatabasePath = polku.replace(u"<env>"_s, env->root());
         QVERIFY(!NaytaHakuehdot());
-        QCOMPARE(dialogs.messages(), QStringList{viesti.replace(u"<env>"_s, env.root())});
+        QCOMPARE(dlg->messages(), QStringList{viesti.replace(u"<env>"_s, env->root())});
         QVERIFY(!QApplication::activeModalWidget());
     }
 
@@ -93,9 +89,7 @@ private slots:
     // the usual answers on.
     void latausTyhjallaLohkolla()
     {
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        seura(env, {u"Ääni"_s, QVariant(), u"Zeta"_s, u"kuoro"_s, QVariant(), u"Aamu"_s});
+        seura(*env, {u"Ääni"_s, QVariant(), u"Zeta"_s, u"kuoro"_s, QVariant(), u"Aamu"_s});
         frmHakuehdot w;
         QVERIFY(w.Lataa());
         QCOMPARE(rivit(w.lstOminaisuudet), (QStringList{u"Aamu"_s, u"kuoro"_s, u"Zeta"_s, u"Ääni"_s}));
@@ -109,7 +103,7 @@ private slots:
         for (const auto *opt : {&w.optDate, &w.optLong, &w.optCurrency, &w.optSyntAika, &w.optLiit})
             QVERIFY((*opt)[1]->isChecked());
         QVERIFY(w.frameTarkennukset->isEnabled());
-        QVERIFY(dialogs.shown.isEmpty());
+        QVERIFY(dlg->shown.isEmpty());
     }
 
     // Refinements only for a single attribute that is held: two rows or EI close them and empty
@@ -130,9 +124,7 @@ private slots:
         QFETCH(int, riveja);
         QFETCH(bool, ei);
         QFETCH(bool, kaytossa);
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        seura(env, numeroidut(4));
+        seura(*env, numeroidut(4));
         frmHakuehdot w;
         QVERIFY(w.Lataa());
         naytaAktiivisena(w);
@@ -174,9 +166,7 @@ private slots:
         QFETCH(QString, syotto);
         QFETCH(QString, tulos);
         QFETCH(int, piippaukset);
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        seura(env, numeroidut(2));
+        seura(*env, numeroidut(2));
         frmHakuehdot w;
         QVERIFY(w.Lataa());
         naytaAktiivisena(w);
@@ -187,15 +177,13 @@ private slots:
         QCOMPARE(t->text(), syotto);
         w.lstOminaisuudet->setFocus();
         QCOMPARE(t->text(), tulos);
-        QCOMPARE(dialogs.beeps, piippaukset);
+        QCOMPARE(dlg->beeps, piippaukset);
     }
 
     // Enter goes to "Seuraava >>" without leaving the box; the check still runs.
     void enterTarkistaaLaatikon()
     {
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        seura(env, numeroidut(2));
+        seura(*env, numeroidut(2));
         frmHakuehdot w;
         QVERIFY(w.Lataa());
         naytaAktiivisena(w);
@@ -203,16 +191,14 @@ private slots:
         QTest::keyClicks(w.tSyntAika, u"ei pvm"_s);
         QTest::keyClick(w.tSyntAika, Qt::Key_Return);
         QCOMPARE(w.result(), int(QDialog::Accepted));
-        QCOMPARE(dialogs.beeps, 1);
+        QCOMPARE(dlg->beeps, 1);
         QCOMPARE(Haku.dateSynt, u""_s);
     }
 
     // "Seuraava >>" writes every answer to the block; beyond thirty rows the rest are dropped.
     void seuraavaKirjoittaaLohkon()
     {
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        seura(env, numeroidut(35));
+        seura(*env, numeroidut(35));
         frmHakuehdot w;
         QVERIFY(w.Lataa());
         naytaAktiivisena(w);
@@ -244,15 +230,13 @@ private slots:
         QCOMPARE(Haku.lPostinumeroAlku, u"00100"_s);
         QCOMPARE(Haku.lPostinumeroLoppu, u"00990"_s);
         QVERIFY(Haku.sheDate.isEmpty() && Haku.sheLong.isEmpty() && Haku.sheCurrency.isEmpty());
-        QVERIFY(dialogs.shown.isEmpty());
+        QVERIFY(dlg->shown.isEmpty());
     }
 
     // The window opens on the last answers; a single attribute keeps its refinements.
     void aiemmatVastaukset()
     {
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        seura(env, numeroidut(3));
+        seura(*env, numeroidut(3));
         Haku.ValitutOminaisuudet[0] = 2;
         Haku.sheLong = u"7"_s;
         Haku.iheLong = 2;
@@ -272,9 +256,7 @@ private slots:
     // Closing the window by its frame leaves the block as it was; "Seuraava >>" reports success.
     void suljettuIlmanSeuraavaa()
     {
-        TestEnv env;
-        ScriptedDialogs dialogs;
-        seura(env, numeroidut(2));
+        seura(*env, numeroidut(2));
         Haku.lPostinumeroAlku = u"00100"_s;
         QTimer::singleShot(0, [] {
             auto *w = qobject_cast<frmHakuehdot *>(QApplication::activeModalWidget());

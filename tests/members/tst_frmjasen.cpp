@@ -1,89 +1,25 @@
-#include "core/MainModule.h"
-#include "core/Malli.h"
 #include "core/Misc.h"
-#include "core/UpdateDatabase.h"
-#include "members/ui/frmJasen.h"
+#include "jasenikkuna.h"
 #include "members/ui/frmPerheenUusiOsoite.h"
-#include "scripteddialogs.h"
-#include "seurat.h"
-#include "testenv.h"
 
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListView>
 #include <QListWidget>
-#include <QPointer>
 #include <QPushButton>
-#include <QTabWidget>
 #include <QToolButton>
 #include <QTreeView>
 #include <QtTest>
-
-#include "malliseura.h"
 
 using namespace Qt::Literals::StringLiterals;
 using EditMode = db::Recordset::EditMode;
 
 namespace {
 
-// A small club in a scratch home, the member window open on it, and a connection of the test's
-// own to look at the database after each flow.
-struct Seura {
-    TestEnv env;
-    ScriptedDialogs dlg;
-    std::unique_ptr<db::Database> d;
-    QPointer<frmJasen> w;
-
-    // An empty club, or the generated club of `jasenia` members.
-    explicit Seura(int jasenia = 0)
-    {
-        MainModule::DatabasePath = env.path(u"seura.mdb"_s);
-        if (jasenia > 0)
-            seurat::Kopio(jasenia, MainModule::DatabasePath);
-        else
-            QFile::copy(malliseura::malli(), MainModule::DatabasePath);
-        QFile(MainModule::DatabasePath).setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-        d = db::Database::open(MainModule::DatabasePath);
-    }
-    ~Seura() { delete w.data(); }
-
-    qint64 jasen(const QString &suku, const QString &etu, const QVariant &numero = {})
-    {
-        d->execute(u"INSERT INTO jr (jrSukunimi, jrEtunimi, jrJasennumero, jrJasenmaksu) VALUES (?, ?, ?, 0)"_s, {suku, etu, numero});
-        return d->lastInsertId();
-    }
-
-    bool avaa()
-    {
-        w = new frmJasen;
-        if (!w->Lataa())
-            return false;
-        w->show();
-        w->activateWindow();
-        return QTest::qWaitForWindowActive(w);
-    }
-
-    QVariant arvo(qint64 id, const QString &sarake)
-    {
-        return d->scalar(u"SELECT "_s + sarake + u" FROM jr WHERE jrID = ?"_s, {id});
-    }
-    int maara(const QString &ehto, const db::Params &p = {}) { return d->scalar(u"SELECT COUNT(*) FROM "_s + ehto, p).toInt(); }
-    QString teksti(int i) const { return w->tYhteystiedot[i]->text(); }
-};
-
-// Types as a user does, one key at a time; letters outside ASCII go as text.
-void kirjoita(QWidget *kohde, const QString &teksti)
-{
-    kohde->setFocus();
-    for (QChar c : teksti) {
-        const int koodi = c.isLetter() && c.unicode() < 128 ? int(c.toUpper().unicode()) : int(Qt::Key_unknown);
-        QTest::sendKeyEvent(QTest::Press, kohde, Qt::Key(koodi), QString(c), Qt::NoModifier);
-        QTest::sendKeyEvent(QTest::Release, kohde, Qt::Key(koodi), QString(c), Qt::NoModifier);
-    }
-}
+using Seura = JasenSeura;
+using testi::kirjoita;
 
 void jata(QWidget *kentta, QWidget *seuraava)
 {

@@ -1,36 +1,25 @@
 // The member window with the windows it opens: the attribute tab, the name search, the bulk
 // attach of the attribute menu, and the main window's way in.
 #include "core/Esittelyseura.h"
-#include "core/MainModule.h"
-#include "core/Malli.h"
-#include "core/UpdateDatabase.h"
 #include "core/ui/frmMain.h"
+#include "jasenikkuna.h"
 #include "members/ui/ArvoPaneeli.h"
 #include "members/ui/LiitosPohja.h"
 #include "members/ui/frmHaku.h"
-#include "members/ui/frmJasen.h"
 #include "members/ui/frmJasenOminaisuudet.h"
 #include "members/ui/frmJasenlajit.h"
 #include "members/ui/frmMoniliitos.h"
 #include "members/ui/frmNimiHaku.h"
 #include "members/ui/frmPiirre.h"
-#include "scripteddialogs.h"
-#include "testenv.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QListView>
 #include <QListWidget>
 #include <QPlainTextEdit>
-#include <QPointer>
 #include <QPushButton>
-#include <QTabWidget>
-#include <QTimer>
 #include <QToolButton>
 #include <QtTest>
-
-#include "malliseura.h"
 
 using namespace Qt::Literals::StringLiterals;
 using EditMode = db::Recordset::EditMode;
@@ -38,41 +27,23 @@ using EditMode = db::Recordset::EditMode;
 namespace {
 
 // Two members and the memo attribute "Kuoro", the member window open on the first.
-struct Seura {
-    TestEnv env;
-    ScriptedDialogs dlg;
-    std::unique_ptr<db::Database> d;
-    QPointer<frmJasen> w;
+struct Seura : JasenSeura {
     frmJasenOminaisuudet *sivu = nullptr;
     qint64 aalto = 0, berg = 0, kuoro = 0;
 
     Seura()
     {
-        MainModule::DatabasePath = env.path(u"seura.mdb"_s);
-        d = malliseura::kopio(MainModule::DatabasePath);
         aalto = jasen(u"Aalto"_s, u"Anna"_s);
         berg = jasen(u"Berg"_s, u"Bo"_s);
         d->execute(u"INSERT INTO pi (piNimi, piKuvaus, piEnbldDate, piEnbldLong, piEnbldCurrency, piEnbldMemo) "
                    u"VALUES ('Kuoro', 'Laulaa kuorossa', 0, 0, 0, 1)"_s);
         kuoro = d->lastInsertId();
     }
-    ~Seura() { delete w.data(); }
 
-    qint64 jasen(const QString &suku, const QString &etu)
-    {
-        d->execute(u"INSERT INTO jr (jrSukunimi, jrEtunimi, jrJasenmaksu) VALUES (?, ?, 0)"_s, {suku, etu});
-        return d->lastInsertId();
-    }
-
+    // On the attribute tab.
     bool avaa()
     {
-        w = new frmJasen;
-        if (!w->Lataa())
-            return false;
-        sivu = w->findChild<frmJasenOminaisuudet *>();
-        w->show();
-        w->activateWindow();
-        if (!sivu || !QTest::qWaitForWindowActive(w))
+        if (!JasenSeura::avaa() || !(sivu = w->findChild<frmJasenOminaisuudet *>()))
             return false;
         w->TabStr1->setCurrentWidget(sivu);
         return true;
@@ -85,22 +56,6 @@ struct Seura {
     void liitaKuoro(qint64 jr) { d->execute(u"INSERT INTO pt (ptjrID, ptpiID) VALUES (?, ?)"_s, {jr, kuoro}); }
 };
 
-// Works the next modal dialog of type T once it is up.
-template <class T>
-void kunAuki(std::function<void(T *)> tehtava)
-{
-    auto *ajastin = new QTimer;
-    ajastin->setInterval(10);
-    QObject::connect(ajastin, &QTimer::timeout, [ajastin, tehtava] {
-        if (auto *d = qobject_cast<T *>(QApplication::activeModalWidget())) {
-            ajastin->stop();
-            ajastin->deleteLater();
-            tehtava(d);
-        }
-    });
-    ajastin->start();
-}
-
 template <class T>
 T *ikkuna()
 {
@@ -110,11 +65,8 @@ T *ikkuna()
     return nullptr;
 }
 
-void kirjoita(QPlainTextEdit *kohde, const QString &teksti)
-{
-    kohde->setFocus();
-    QTest::keyClicks(kohde, teksti);
-}
+using testi::kirjoita;
+using testi::kunAuki;
 
 } // namespace
 

@@ -11,16 +11,14 @@
 #include "members/ui/frmOminaisuudenYhdistaminen.h"
 #include "members/ui/frmPiirre.h"
 #include "platform/database.h"
-#include "scripteddialogs.h"
 #include "malliseura.h"
-#include "testenv.h"
+#include "testiapu.h"
+#include "testipohja.h"
 
-#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListView>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -33,21 +31,9 @@ using db::Database;
 
 namespace {
 
-// Types text key by key, as a user does (ä and ö included).
-void kirjoita(QWidget *w, const QString &teksti)
-{
-    for (const QChar c : teksti) {
-        const Qt::Key k = c.isLetter() ? Qt::Key(c.toUpper().unicode()) : Qt::Key(c.unicode());
-        QTest::sendKeyEvent(QTest::Click, w, k, QString(c), Qt::NoModifier);
-    }
-}
-
-void korvaa(QLineEdit *t, const QString &teksti)
-{
-    t->selectAll();
-    QTest::keyClick(t, Qt::Key_Delete);
-    kirjoita(t, teksti);
-}
+using testi::kirjoita;
+using testi::korvaa;
+using testi::rivit;
 
 QStringList puunNimet(QTreeWidget *puu)
 {
@@ -57,22 +43,11 @@ QStringList puunNimet(QTreeWidget *puu)
     return s;
 }
 
-QStringList listanTekstit(QListWidget *l)
-{
-    QStringList s;
-    for (int i = 0; i < l->count(); ++i)
-        s << l->item(i)->text();
-    return s;
-}
-
 } // namespace
 
-class tst_frmpiirre : public QObject {
+class tst_frmpiirre : public Testipohja {
     Q_OBJECT
-    TestEnv env;
-    int kerhoja = 0;
     std::unique_ptr<Database> d;
-    std::unique_ptr<ScriptedDialogs> sd;
 
     qint64 piirre(const QString &nimi, const QString &liput = {}, const QVariant &paiva = {}, const QVariant &luku = {},
                   const QVariant &raha = {}, const QVariant &muistio = {})
@@ -93,27 +68,21 @@ class tst_frmpiirre : public QObject {
         d->execute(QStringLiteral("INSERT INTO pt (ptjrID, ptpiID, ptValLong, ptValDate) VALUES (?, ?, ?, ?)"), {jr, pi, luku, paiva});
         return d->lastInsertId();
     }
-    int maara(const QString &ehto, const db::Params &p = {})
-    {
-        return d->scalar(QStringLiteral("SELECT count(*) FROM ") + ehto, p).toInt();
-    }
+    int maara(const QString &ehto, const db::Params &p = {}) { return testi::maara(*d, ehto, p); }
     QVariant arvo(const QString &sql, const db::Params &p = {}) { return d->scalar(sql, p); }
 
 private slots:
     // A fresh copy of the upgraded template for every case.
     void init()
     {
-        const QString polku = env.path(QStringLiteral("kerho%1.mdb").arg(++kerhoja));
-        MainModule::DatabasePath = polku;
-        d = malliseura::kopio(polku);
-        sd = std::make_unique<ScriptedDialogs>();
+        Testipohja::init();
+        MainModule::DatabasePath = env->path(QStringLiteral("kerho.mdb"));
+        d = malliseura::kopio(MainModule::DatabasePath);
     }
     void cleanup()
     {
-        QVERIFY2(sd->unexpected.isEmpty(), qPrintable(sd->unexpected.join(QLatin1Char('\n'))));
-        QCOMPARE(sd->pendingReplies(), 0);
-        sd.reset();
         d.reset();
+        Testipohja::cleanup();
     }
 
     // ---- frmPiirre ------------------------------------------------------------------------
@@ -122,7 +91,7 @@ private slots:
     {
         MainModule::DatabasePath = QStringLiteral("unknown");
         AvaaOminaisuudet(nullptr);
-        QCOMPARE(sd->messages(), QStringList{QStringLiteral("Tarkista tietokanta asetukset asetusikkunasta!")});
+        QCOMPARE(dlg->messages(), QStringList{QStringLiteral("Tarkista tietokanta asetukset asetusikkunasta!")});
         QVERIFY(!IsTopLevel());
     }
 
@@ -145,7 +114,7 @@ private slots:
     {
         frmPiirre f;
         QVERIFY(f.lataa());
-        QCOMPARE(sd->messages(), QStringList{QStringLiteral("Ominaisuuksia ei vielä ole.\nLisää uusi ominaisuus klikkaamalla Uusi painiketta.")});
+        QCOMPARE(dlg->messages(), QStringList{QStringLiteral("Ominaisuuksia ei vielä ole.\nLisää uusi ominaisuus klikkaamalla Uusi painiketta.")});
         QCOMPARE(f.windowTitle(), QStringLiteral("Vonari - Ominaisuudet - 0"));
         QVERIFY(f.cUusi->isEnabled() && f.cSulje->isEnabled());
         QVERIFY(!f.cTallenna->isEnabled() && !f.cPoista->isEnabled() && !f.tNimi->isEnabled() && !f.cSeuraava->isEnabled());
@@ -166,21 +135,14 @@ private slots:
         kirjoita(f.tLong, QStringLiteral("7")); // disabled: takes nothing
         QTest::keyClick(f.tNimi, Qt::Key_F3);
 
-        db::Statement st(*d, QStringLiteral("SELECT piNimi, piEnbldDate, piDate, piEnbldCurrency, piCurrency, piEnbldLong, piLong, "
-                                            "piEnbldMemo, piMemo FROM pi"));
-        QVERIFY(st.next());
-        QCOMPARE(st.value(0).toString(), QStringLiteral("O'Connorin kerhö"));
-        QCOMPARE(st.value(1).toInt(), 1);
-        QCOMPARE(st.value(2).toString(), QStringLiteral("2025-02-01"));
-        QCOMPARE(st.value(3).toInt(), 1);
-        QCOMPARE(st.value(4).toLongLong(), 125000);
-        QCOMPARE(st.value(5).toInt(), 0);
-        QVERIFY(st.value(6).isNull() && st.value(8).isNull());
-        QVERIFY(!st.next());
+        QCOMPARE(maara(QStringLiteral("pi")), 1);
+        QCOMPARE(testi::rivi(*d, QStringLiteral("SELECT piNimi, piEnbldDate, piDate, piEnbldCurrency, piCurrency, piEnbldLong, "
+                                                "piLong, piMemo FROM pi")),
+                 QStringLiteral("O'Connorin kerhö|1|2025-02-01|1|125000|0|N|N"));
         QCOMPARE(f.windowTitle(), QStringLiteral("Vonari - Ominaisuudet - 1"));
         QCOMPARE(puunNimet(f.tvwPiirteet), (QStringList{QStringLiteral("Ominaisuudet"), QStringLiteral("O"), QStringLiteral("O'Connorin kerhö")}));
         QCOMPARE(f.tCurrency->text(), QStringLiteral("12,50"));
-        QCOMPARE(sd->messages().size(), 1);
+        QCOMPARE(dlg->messages().size(), 1);
     }
 
     void nimenAlkuaVaroitetaanJokaNappaimella()
@@ -190,7 +152,7 @@ private slots:
         QVERIFY(f.lataa());
         f.cUusi->click();
         kirjoita(f.tNimi, QStringLiteral("1a"));
-        QCOMPARE(sd->messages(), QStringList(2, QStringLiteral("Ominaisuuden nimen tulee alkaa kirjaimella.")));
+        QCOMPARE(dlg->messages(), QStringList(2, QStringLiteral("Ominaisuuden nimen tulee alkaa kirjaimella.")));
         QCOMPARE(f.tNimi->text(), QStringLiteral("1a"));
         f.cTallenna->click();
         QCOMPARE(maara(QStringLiteral("pi WHERE piNimi = '1a'")), 1);
@@ -216,7 +178,7 @@ private slots:
         // A Null flag leaves the check box and its box as they were.
         QVERIFY(f.chkDate->isChecked() && f.tDate->isEnabled());
         QTest::keyClick(f.tNimi, Qt::Key_D, Qt::ControlModifier);
-        QCOMPARE(sd->beeps, 1);
+        QCOMPARE(dlg->beeps, 1);
         QCOMPARE(f.tNimi->text(), QStringLiteral("Beeta"));
         QTest::keyClick(f.tNimi, Qt::Key_A, Qt::ControlModifier);
         QCOMPARE(f.tNimi->text(), QStringLiteral("Alfa 2"));
@@ -270,13 +232,13 @@ private slots:
         frmPiirre f;
         QVERIFY(f.lataa());
         f.show();
-        sd->no();
+        dlg->no();
         QTest::keyClick(f.tNimi, Qt::Key_F4);
         QCOMPARE(maara(QStringLiteral("pi")), 2);
         QCOMPARE(maara(QStringLiteral("pt")), 2);
-        sd->yes();
+        dlg->yes();
         f.cPoista->click();
-        QCOMPARE(sd->shown.last().text, QStringLiteral("Poistetaanko näytössä oleva ominaisuus?"));
+        QCOMPARE(dlg->shown.last().text, QStringLiteral("Poistetaanko näytössä oleva ominaisuus?"));
         QCOMPARE(maara(QStringLiteral("pi WHERE piID = ?"), {alfa}), 0);
         QCOMPARE(maara(QStringLiteral("pt WHERE ptpiID = ?"), {alfa}), 0);
         QCOMPARE(maara(QStringLiteral("mt WHERE mtpiID = ?"), {alfa}), 0);
@@ -285,7 +247,7 @@ private slots:
         QVERIFY(!puunNimet(f.tvwPiirteet).contains(QStringLiteral("Alfa")));
         QCOMPARE(f.tNimi->text(), QStringLiteral("Beeta"));
         QCOMPARE(f.windowTitle(), QStringLiteral("Vonari - Ominaisuudet - 1"));
-        sd->yes();
+        dlg->yes();
         f.cPoista->click();
         QCOMPARE(maara(QStringLiteral("pi")), 0);
         QVERIFY(f.cUusi->isEnabled() && !f.tNimi->isEnabled() && !f.cPoista->isEnabled());
@@ -324,7 +286,7 @@ private slots:
         liitos(toinen, talk, 1);
         frmJasenOminaisuudet s;
         s.naytaJasen(j);
-        QCOMPARE(listanTekstit(s.lstAllPt), (QStringList{QStringLiteral("Lisenssi"), QStringLiteral("Talkoot")}));
+        QCOMPARE(rivit(s.lstAllPt), (QStringList{QStringLiteral("Lisenssi"), QStringLiteral("Talkoot")}));
         QCOMPARE(s.lstAllPt->currentRow(), 0);
         QCOMPARE(s.arvot->lKuvaus->text(), QStringLiteral("Lisenssi kuvaus"));
         QCOMPARE(s.arvot->tLong->text(), QStringLiteral("3"));
@@ -334,7 +296,7 @@ private slots:
         s.lstAllPt->setCurrentRow(1);
         QCOMPARE(s.arvot->tLong->text(), QStringLiteral("8"));
         s.naytaJasen(toinen);
-        QCOMPARE(listanTekstit(s.lstAllPt), QStringList{QStringLiteral("Talkoot")});
+        QCOMPARE(rivit(s.lstAllPt), QStringList{QStringLiteral("Talkoot")});
         QCOMPARE(s.arvot->tLong->text(), QStringLiteral("1"));
     }
 
@@ -347,7 +309,7 @@ private slots:
         s.show();
         s.paivitaPiirteet();
         s.naytaJasen(j);
-        QCOMPARE(listanTekstit(s.lstAllPi), (QStringList{QStringLiteral("Bändi"), QStringLiteral("Kausimaksu")}));
+        QCOMPARE(rivit(s.lstAllPi), (QStringList{QStringLiteral("Bändi"), QStringLiteral("Kausimaksu")}));
 
         s.cLisaaPiirre->click();
         QVERIFY(!s.lstAllPi->isHidden() && s.lstAllPt->isHidden() && !s.cPoistaPiirre->isEnabled());
@@ -369,7 +331,7 @@ private slots:
         const QPoint kohta = s.lstAllPi->visualItemRect(s.lstAllPi->item(0)).center();
         QTest::mouseClick(s.lstAllPi->viewport(), Qt::LeftButton, {}, kohta);
         QTest::mouseDClick(s.lstAllPi->viewport(), Qt::LeftButton, {}, kohta);
-        QCOMPARE(listanTekstit(s.lstAllPt), (QStringList{QStringLiteral("Kausimaksu"), QStringLiteral("Bändi"), QStringLiteral("Bändi")}));
+        QCOMPARE(rivit(s.lstAllPt), (QStringList{QStringLiteral("Kausimaksu"), QStringLiteral("Bändi"), QStringLiteral("Bändi")}));
         QCOMPARE(s.lstAllPt->currentRow(), 2);
         QCOMPARE(maara(QStringLiteral("pt WHERE ptjrID = ?"), {j}), 3);
         QCOMPARE(maara(QStringLiteral("pt WHERE ptValMemo IS NOT NULL")), 0);
@@ -389,7 +351,7 @@ private slots:
 
         korvaa(s.arvot->tLong, QStringLiteral("x"));
         QTest::keyClick(s.arvot->tLong, Qt::Key_Return);
-        QCOMPARE(sd->beeps, 1);
+        QCOMPARE(dlg->beeps, 1);
         QVERIFY(s.arvot->tLong->text().isEmpty());
         QVERIFY(s.piirreMuuttunut());
         QVERIFY(muutettu.count() > 0);
@@ -422,15 +384,15 @@ private slots:
         s.show();
         s.naytaJasen(j);
         s.lstAllPt->setCurrentRow(1);
-        sd->no();
+        dlg->no();
         s.cPoistaPiirre->click();
-        QCOMPARE(sd->shown.last().text, QStringLiteral("Poistetaanko valittu ominaisuus?"));
+        QCOMPARE(dlg->shown.last().text, QStringLiteral("Poistetaanko valittu ominaisuus?"));
         QCOMPARE(maara(QStringLiteral("pt")), 2);
         QCOMPARE(s.lstAllPt->count(), 2);
-        sd->yes();
+        dlg->yes();
         s.cPoistaPiirre->click();
         QCOMPARE(maara(QStringLiteral("pt WHERE ptpiID = ?"), {b}), 0);
-        QCOMPARE(listanTekstit(s.lstAllPt), QStringList{QStringLiteral("Alfa")});
+        QCOMPARE(rivit(s.lstAllPt), QStringList{QStringLiteral("Alfa")});
         QCOMPARE(s.lstAllPt->currentRow(), 0);
         QCOMPARE(s.arvot->tLong->text(), QStringLiteral("1"));
     }
@@ -441,7 +403,7 @@ private slots:
         piirre(QStringLiteral("Alfa"));
         frmJasenOminaisuudet s;
         s.paivitaPiirteet();
-        QCOMPARE(listanTekstit(s.lstAllPi), QStringList{QStringLiteral("Alfa")});
+        QCOMPARE(rivit(s.lstAllPi), QStringList{QStringLiteral("Alfa")});
         QCOMPARE(maara(QStringLiteral("pi")), 1);
     }
 
@@ -457,12 +419,12 @@ private slots:
         QCOMPARE(f.lstJR->model()->rowCount(), 2);
         QCOMPARE(maara(QStringLiteral("jr")), 2);
         f.cLisaa->click();
-        QCOMPARE(sd->messages().last(), QStringLiteral("Valitse ominaisuus ennen lisäystä!"));
+        QCOMPARE(dlg->messages().last(), QStringLiteral("Valitse ominaisuus ennen lisäystä!"));
 
         f.pohja->lstAllPt->setCurrentRow(0);
         QCOMPARE(f.pohja->arvot->tLong->text(), QStringLiteral("5"));
         f.cLisaa->click();
-        QCOMPARE(sd->messages().last(), QStringLiteral("Ominaisuus lisätty!"));
+        QCOMPARE(dlg->messages().last(), QStringLiteral("Ominaisuus lisätty!"));
         QCOMPARE(maara(QStringLiteral("pt")), 0);
 
         f.lstJR->selectionModel()->select(f.lstJR->model()->index(1, 0), QItemSelectionModel::Select);
@@ -492,7 +454,7 @@ private slots:
         f.cLisaa->click();
         kirjoita(f.tVanhin, QStringLiteral("eilen"));
         QTest::keyClick(f.tVanhin, Qt::Key_Return);
-        QCOMPARE(sd->beeps, 1);
+        QCOMPARE(dlg->beeps, 1);
         QVERIFY(f.tVanhin->text().isEmpty());
         kirjoita(f.tVanhin, QStringLiteral("2000-01-01"));
         QTest::keyClick(f.tVanhin, Qt::Key_Return);
@@ -506,15 +468,15 @@ private slots:
         f.tVanhin->clear();
         f.pohja->chkEstaToistot->setChecked(true);
         f.cLisaa->click();
-        QCOMPARE(sd->messages(), (QStringList{QStringLiteral("Ominaisuutta ei ole valittuna luettelosta - ominaisuuksia ei lisätä."),
-                                              QStringLiteral("Päivämäärärajoja ei ole asetettu - ominaisuuksia ei lisätä."),
-                                              QStringLiteral("Ominaisuutta ei yhdellekään jäsenelle."),
-                                              QStringLiteral("Ominaisuus lisättiin yhdelle jäsenelle."),
-                                              QStringLiteral("Ominaisuus lisättiin yhdelle jäsenelle.")}));
+        QCOMPARE(dlg->messages(), (QStringList{QStringLiteral("Ominaisuutta ei ole valittuna luettelosta - ominaisuuksia ei lisätä."),
+                                               QStringLiteral("Päivämäärärajoja ei ole asetettu - ominaisuuksia ei lisätä."),
+                                               QStringLiteral("Ominaisuutta ei yhdellekään jäsenelle."),
+                                               QStringLiteral("Ominaisuus lisättiin yhdelle jäsenelle."),
+                                               QStringLiteral("Ominaisuus lisättiin yhdelle jäsenelle.")}));
         QCOMPARE(maara(QStringLiteral("pt WHERE ptpiID = ? AND ptValLong IS NULL"), {pi}), 2);
         f.pohja->chkEstaToistot->setChecked(false);
         f.cLisaa->click();
-        QCOMPARE(sd->messages().last(), QStringLiteral("Ominaisuus lisättiin 2 jäsenelle."));
+        QCOMPARE(dlg->messages().last(), QStringLiteral("Ominaisuus lisättiin 2 jäsenelle."));
     }
 
     void ominaisuudenPoisto()
@@ -530,11 +492,11 @@ private slots:
         QCOMPARE(f.cmbPoistoEhto->count(), 3);
         f.cmbPoistettava->setCurrentIndex(2);
         f.cDelete->click();
-        QCOMPARE(sd->messages().last(), QStringLiteral("Valitse poistettava ominaisuus ja ehto poistolle. Toiminto keskeytetty."));
+        QCOMPARE(dlg->messages().last(), QStringLiteral("Valitse poistettava ominaisuus ja ehto poistolle. Toiminto keskeytetty."));
         QCOMPARE(maara(QStringLiteral("pt")), 3);
         f.cmbPoistoEhto->setCurrentIndex(1);
         f.cDelete->click();
-        QCOMPARE(sd->messages().last(), QStringLiteral("Valmis: poistettu 1 jäseneltä."));
+        QCOMPARE(dlg->messages().last(), QStringLiteral("Valmis: poistettu 1 jäseneltä."));
         QCOMPARE(maara(QStringLiteral("pt WHERE ptpiID = ?"), {pois}), 1);
         QCOMPARE(maara(QStringLiteral("pt WHERE ptpiID = ? AND ptjrID = ?"), {pois, b}), 1);
     }
@@ -548,12 +510,12 @@ private slots:
         frmOminaisuudenYhdistaminen f;
         QCOMPARE(f.windowTitle(), QStringLiteral("Vonari - Ominaisuuden yhdistäminen"));
         f.cCombine->click();
-        QCOMPARE(sd->messages().last(),
+        QCOMPARE(dlg->messages().last(),
                  QStringLiteral("Valitse yhdistettävä ominaisuus ja ominaisuus johon yhdistetään. Toiminto keskeytetty."));
         f.cmbYhdistettava->setCurrentIndex(1);
         f.cmbYhdistetaan->setCurrentIndex(2);
         f.cCombine->click();
-        QCOMPARE(sd->messages().last(), QStringLiteral("Valmis."));
+        QCOMPARE(dlg->messages().last(), QStringLiteral("Valmis."));
         QCOMPARE(maara(QStringLiteral("pt WHERE ptpiID = ?"), {uusi}), 2);
         QCOMPARE(maara(QStringLiteral("pt WHERE ptpiID = ? AND ptValLong = 12"), {uusi}), 1);
         QCOMPARE(maara(QStringLiteral("pi")), 2);

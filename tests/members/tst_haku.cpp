@@ -2,7 +2,7 @@
 #include "members/Jasenhaku.h"
 #include "members/Koodilistat.h"
 #include "members/Postinumerot.h"
-#include "testenv.h"
+#include "testipohja.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -21,9 +21,8 @@ QStringList tekstit(const QVector<HakuRivi> &rivit)
 }
 
 // Members whose names carry what users type: apostrophes, quotes, ; and %, Finnish letters.
-std::unique_ptr<db::Database> nimiseura(TestEnv &env)
+void nimiseura(db::Database &db)
 {
-    auto db = hakuseura::luo(env.path(u"nimet.mdb"_s));
     const QList<Jasen> jasenet = {
         {u"Virtanen"_s, u"Matti"_s, u"Helsinki"_s},
         {u"Virtala"_s, u"Maija"_s, u"Turku"_s},
@@ -37,16 +36,28 @@ std::unique_ptr<db::Database> nimiseura(TestEnv &env)
         {{}, u"Nimetön"_s, {}},
     };
     for (const Jasen &j : jasenet)
-        hakuseura::lisaa(*db, j);
-    return db;
+        hakuseura::lisaa(db, j);
 }
 
 } // namespace
 
-class TestHaku : public QObject {
+class TestHaku : public Testipohja {
     Q_OBJECT
+    std::unique_ptr<db::Database> db;
 
 private slots:
+    // An empty upgraded club for every case.
+    void init()
+    {
+        Testipohja::init();
+        db = hakuseura::luo(env->path(u"seura.mdb"_s));
+    }
+    void cleanup()
+    {
+        db.reset();
+        Testipohja::cleanup();
+    }
+
     void nameSearchFindsInsideTheNamesAsTyped_data()
     {
         QTest::addColumn<QString>("sukunimi");
@@ -73,8 +84,7 @@ private slots:
         QFETCH(QString, sukunimi);
         QFETCH(QString, etunimi);
         QFETCH(QStringList, loydetyt);
-        TestEnv env;
-        auto db = nimiseura(env);
+        nimiseura(*db);
         const auto rivit = Jasenhaku::Nimella(*db, sukunimi, etunimi);
         QCOMPARE(tekstit(rivit), loydetyt);
         // Each row leads to the member it shows.
@@ -106,11 +116,10 @@ private slots:
     {
         QFETCH(QString, kuvio);
         QFETCH(QStringList, osuvat);
-        TestEnv env;
-        auto db = db::Database::create(env.path(u"like.mdb"_s));
-        db->executeScript(u"CREATE TABLE t (id INTEGER PRIMARY KEY, s TEXT);"
-                          "INSERT INTO t (s) VALUES ('Mäkinen'), ('kiki'), ('Ärrinen'), ('5% ale'), ('55 ale'), (NULL), ('\u212Aalle');"_s);
-        db::Statement st(*db, u"SELECT s FROM t WHERE s LIKE ? ESCAPE '\\' ORDER BY id"_s, {u"%zz%"_s});
+        auto like = db::Database::create(env->path(u"like.mdb"_s));
+        like->executeScript(u"CREATE TABLE t (id INTEGER PRIMARY KEY, s TEXT);"
+                            "INSERT INTO t (s) VALUES ('Mäkinen'), ('kiki'), ('Ärrinen'), ('5% ale'), ('55 ale'), (NULL), ('\u212Aalle');"_s);
+        db::Statement st(*like, u"SELECT s FROM t WHERE s LIKE ? ESCAPE '\\' ORDER BY id"_s, {u"%zz%"_s});
         QVERIFY(!st.next());
         st.reset({kuvio});
         QStringList saatu;
@@ -121,8 +130,6 @@ private slots:
 
     void memberNumberIsComparedAsText()
     {
-        TestEnv env;
-        auto db = hakuseura::luo(env.path(u"n.mdb"_s));
         const qint64 n12 = hakuseura::lisaa(*db, {u"A"_s, {}, {}, u"12"_s});
         const qint64 n012 = hakuseura::lisaa(*db, {u"B"_s, {}, {}, u"012"_s});
         const qint64 a7 = hakuseura::lisaa(*db, {u"C"_s, {}, {}, u"A7"_s});
@@ -136,8 +143,6 @@ private slots:
 
     void memoSearchCountsAndLandsOnTheLastRow()
     {
-        TestEnv env;
-        auto db = hakuseura::luo(env.path(u"m.mdb"_s));
         const qint64 a = hakuseura::lisaa(*db, {u"Aalto"_s});
         const qint64 b = hakuseura::lisaa(*db, {u"Berg"_s});
         const qint64 c = hakuseura::lisaa(*db, {u"Cedar"_s});
@@ -176,8 +181,6 @@ private slots:
 
     void memoStartsAreThirtyCharacters()
     {
-        TestEnv env;
-        auto db = hakuseura::luo(env.path(u"m30.mdb"_s));
         const qint64 a = hakuseura::lisaa(*db, {u"Aalto"_s});
         hakuseura::muistio(*db, a, u"Ääkköset ensin ja sitten pitkä loppu, jota ei näytetä"_s);
         const auto alut = Jasenhaku::MuistioAlut(*db);
@@ -188,8 +191,6 @@ private slots:
 
     void contactSearchIsExactAndTakesTheFirst()
     {
-        TestEnv env;
-        auto db = hakuseura::luo(env.path(u"y.mdb"_s));
         const qint64 eka = hakuseura::lisaa(*db, {u"A"_s, {}, {}, {}, u"Koulukatu 1"_s, u"09 123"_s, {}, u"a@b.fi"_s});
         const qint64 toka = hakuseura::lisaa(*db, {u"B"_s, {}, {}, {}, u"Koulukatu 1"_s, {}, u"040 1"_s, {}});
         hakuseura::lisaa(*db, {u"C"_s, {}, {}, {}, u"Koulukatu 12"_s, {}, {}, u"O'Hara@x.fi"_s});
@@ -206,8 +207,6 @@ private slots:
 
     void dropDownListsInFinnishOrder()
     {
-        TestEnv env;
-        auto db = hakuseura::luo(env.path(u"l.mdb"_s));
         const qint64 o = hakuseura::lisaa(*db, {u"A"_s, {}, {}, {}, u"Öljytie 2"_s});
         const qint64 z = hakuseura::lisaa(*db, {u"B"_s, {}, {}, {}, u"Zetakuja 1"_s});
         const qint64 a1 = hakuseura::lisaa(*db, {u"C"_s, {}, {}, {}, u"aittatie 5"_s});
@@ -235,8 +234,6 @@ private slots:
     void codeListRowRoundTrip()
     {
         QFETCH(QString, taulu);
-        TestEnv env;
-        auto db = hakuseura::luo(env.path(u"k.mdb"_s));
         std::unique_ptr<cKoodi> r;
         if (taulu == u"Jasenlaji"_s)
             r = std::make_unique<cJasenlaji>();
@@ -294,8 +291,6 @@ private slots:
 
     void emptyNewRowIsNotWritten()
     {
-        TestEnv env;
-        auto db = hakuseura::luo(env.path(u"e.mdb"_s));
         cJasenryhma r;
         r.setTietokanta(db->path());
         r.setNimi(u"x"_s);
@@ -307,8 +302,6 @@ private slots:
 
     void stepsByKeyAndStayAtTheEnds()
     {
-        TestEnv env;
-        auto db = hakuseura::luo(env.path(u"s.mdb"_s));
         cJasenlaji r;
         r.setTietokanta(db->path());
         QVERIFY(!r.GetFirst());
@@ -342,8 +335,6 @@ private slots:
 
     void postalCodeKeyIsText()
     {
-        TestEnv env;
-        auto db = hakuseura::luo(env.path(u"p.mdb"_s));
         const QString polku = db->path();
         auto tallenna = [&](const QString &koodi, const QString &paikka) {
             cPostinumero p;

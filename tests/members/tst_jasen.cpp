@@ -4,18 +4,14 @@
 #include "members/JasenMaksut.h"
 #include "members/Nimipuu.h"
 #include "members/Perhe.h"
-#include "testenv.h"
+#include "testiapu.h"
+#include "testipohja.h"
 
 #include <QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-std::unique_ptr<db::Database> seura(TestEnv &env)
-{
-    return malliseura::kopio(env.path(u"seura.mdb"_s));
-}
 
 qint64 lisaa(db::Database &d, const QVariant &suku, const QVariant &etu = {}, const QVariant &numero = {}, int maksu = 1)
 {
@@ -38,10 +34,7 @@ QVariant kentta(db::Database &d, qint64 jrId, const QString &nimi)
     return d.scalar(u"SELECT "_s + nimi + u" FROM jr WHERE jrID = ?"_s, {jrId});
 }
 
-int rivit(db::Database &d, const QString &sql, const db::Params &p = {})
-{
-    return d.scalar(u"SELECT COUNT(*) FROM "_s + sql, p).toInt();
-}
+using testi::maara;
 
 QStringList tekstit(const QVector<NimiRivi> &nimet)
 {
@@ -53,15 +46,26 @@ QStringList tekstit(const QVector<NimiRivi> &nimet)
 
 } // namespace
 
-class TestJasen : public QObject {
+class TestJasen : public Testipohja {
     Q_OBJECT
+    std::unique_ptr<db::Database> d;
 
 private slots:
+    // An empty upgraded club for every case.
+    void init()
+    {
+        Testipohja::init();
+        d = malliseura::kopio(env->path(u"seura.mdb"_s));
+    }
+    void cleanup()
+    {
+        d.reset();
+        Testipohja::cleanup();
+    }
+
     // A taken number refuses the save but loses nothing else; letters compare in any case.
     void jasennumeroOnYksilollinen()
     {
-        TestEnv env;
-        auto d = seura(env);
         lisaa(*d, u"Aalto"_s, u"Anna"_s, u"A7"_s);
         const qint64 oma = lisaa(*d, u"Berg"_s, u"Bo"_s, u"8"_s);
         auto rs = db::Recordset::openTable(*d, u"jr"_s);
@@ -75,7 +79,7 @@ private slots:
         QCOMPARE(rs->editMode(), db::Recordset::EditMode::AddNew);
         QVERIFY(!rs->value(u"jrJasennumero"_s).isValid());
         QCOMPARE(rs->value(u"jrSukunimi"_s).toString(), u"O'Connor"_s);
-        QCOMPARE(rivit(*d, u"jr"_s), 2);
+        QCOMPARE(maara(*d, u"jr"_s), 2);
         QCOMPARE(JasennumeroVarattuViesti(u"a7"_s), u"Jäsennumero #a7 on varattu jo toiselle jäsenelle."_s);
 
         l.tYhteystiedot[iJasennumero] = u"9"_s;
@@ -115,8 +119,6 @@ private slots:
         QFETCH(bool, postinumeroMuuttui);
         QFETCH(QString, sarake);
         QFETCH(QVariant, odotettu);
-        TestEnv env;
-        auto d = seura(env);
         const qint64 id = lisaa(*d, u"Aalto"_s);
         d->execute(u"UPDATE jr SET jrSyntyma = '1980-05-05', jrLiittyma = '2000-01-01', jrOsoite = 'Tie 1'"_s);
         auto rs = db::Recordset::openTable(*d, u"jr"_s);
@@ -137,8 +139,6 @@ private slots:
     // A number given is used up at once: cancelling the new row does not give it back.
     void automaattinenNumeroKuluu()
     {
-        TestEnv env;
-        auto d = seura(env);
         MainModule::Jasennro = 41;
         auto rs = db::Recordset::openTable(*d, u"jr"_s);
         rs->addNew();
@@ -148,14 +148,12 @@ private slots:
         QCOMPARE(d->scalar(u"SELECT setString FROM Settings WHERE setSection = 'VONARI' AND setKey = 'Jasennro'"_s).toString(),
                  u"42"_s);
         QCOMPARE(AnnaJasennumero(*d), u"42"_s);
-        QCOMPARE(rivit(*d, u"Settings WHERE setKey = 'Jasennro'"_s), 1);
-        QCOMPARE(rivit(*d, u"jr"_s), 0);
+        QCOMPARE(maara(*d, u"Settings WHERE setKey = 'Jasennro'"_s), 1);
+        QCOMPARE(maara(*d, u"jr"_s), 0);
     }
 
     void kopioOttaaVainYhteystiedot()
     {
-        TestEnv env;
-        auto d = seura(env);
         const qint64 id = lisaa(*d, u"Aalto"_s, u"Anna"_s, u"5"_s);
         d->execute(u"UPDATE jr SET jrOsoite = 'Tie 1', jrEmail = 'a@b.fi', jrTitteli = 'FT', jrViitenumero = '12344', "
                    "jrPostinumero = '00100', jrPostitoimipaikka = 'Helsinki'"_s);
@@ -173,8 +171,6 @@ private slots:
     // Deleting one member takes his attributes; invoices and family links stay behind.
     void poistotJattavatMitaKuuluu()
     {
-        TestEnv env;
-        auto d = seura(env);
         const qint64 paa = lisaa(*d, u"Aalto"_s);
         const qint64 lapsi = lisaa(*d, u"Aalto"_s, u"Eino"_s, {}, 0);
         const qint64 maksamaton = lisaa(*d, u"Berg"_s, {}, {}, 0);
@@ -186,31 +182,29 @@ private slots:
         d->execute(u"INSERT INTO jmhist (jmhjmID, jmhjmjrID) VALUES (1, ?)"_s, {paa});
 
         PoistaJasen(*d, paa);
-        QCOMPARE(rivit(*d, u"jr WHERE jrID = ?"_s, {paa}), 0);
-        QCOMPARE(rivit(*d, u"pt WHERE ptjrID = ?"_s, {paa}), 0);
-        QCOMPARE(rivit(*d, u"jrPerhe"_s), 2);
-        QCOMPARE(rivit(*d, u"jmhist"_s), 1);
+        QCOMPARE(maara(*d, u"jr WHERE jrID = ?"_s, {paa}), 0);
+        QCOMPARE(maara(*d, u"pt WHERE ptjrID = ?"_s, {paa}), 0);
+        QCOMPARE(maara(*d, u"jrPerhe"_s), 2);
+        QCOMPARE(maara(*d, u"jmhist"_s), 1);
         // The member left without a head loses his link when he is viewed; the head's own waits.
         QVERIFY(LataaPerhe(*d, lapsi, false).perheenPaa.isEmpty());
-        QCOMPARE(rivit(*d, u"jrPerhe WHERE jrPSubID = ?"_s, {lapsi}), 0);
-        QCOMPARE(rivit(*d, u"jrPerhe"_s), 1);
+        QCOMPARE(maara(*d, u"jrPerhe WHERE jrPSubID = ?"_s, {lapsi}), 0);
+        QCOMPARE(maara(*d, u"jrPerhe"_s), 1);
 
         QCOMPARE(MaksamattomienMaara(*d), 2);
         QCOMPARE(PoistaMaksamattomat(*d), 2);
-        QCOMPARE(rivit(*d, u"jr"_s), 1); // the member with no mark at all stays
-        QCOMPARE(rivit(*d, u"pt"_s), 2); // the bulk delete leaves attribute rows
+        QCOMPARE(maara(*d, u"jr"_s), 1); // the member with no mark at all stays
+        QCOMPARE(maara(*d, u"pt"_s), 2); // the bulk delete leaves attribute rows
     }
 
     void nimettomatPoistetaanAvattaessa()
     {
-        TestEnv env;
-        auto d = seura(env);
         lisaa(*d, {}, u"Nimetön"_s);
         lisaa(*d, u"Aalto"_s);
         d->execute(u"INSERT INTO pi (piNimi) VALUES (NULL), ('Kuoro')"_s);
         PoistaNimettomat(*d);
-        QCOMPARE(rivit(*d, u"jr"_s), 1);
-        QCOMPARE(rivit(*d, u"pi"_s), 1);
+        QCOMPARE(maara(*d, u"jr"_s), 1);
+        QCOMPARE(maara(*d, u"pi"_s), 1);
     }
 
     void nimipuunJuuri_data()
@@ -239,8 +233,6 @@ private slots:
 
     void nimipuuSuomalaisessaJarjestyksessa()
     {
-        TestEnv env;
-        auto d = seura(env);
         const qint64 ohman = lisaa(*d, u"öhman"_s, u"Olli"_s);
         const qint64 vaaka = lisaa(*d, u"Vaaka"_s, u"Ville"_s);
         lisaa(*d, u"Aalto"_s, u"Eero"_s);
@@ -269,13 +261,11 @@ private slots:
 
     void perheenPaaLiittyyKerran()
     {
-        TestEnv env;
-        auto d = seura(env);
         const qint64 paa = lisaa(*d, u"Aalto"_s, u"Anna"_s);
         const qint64 lapsi = lisaa(*d, u"Aalto"_s, u"Eino"_s);
         LiitaPaaPerheeseen(*d, paa);
         LiitaPaaPerheeseen(*d, paa);
-        QCOMPARE(rivit(*d, u"jrPerhe WHERE jrPMID = ? AND jrPSubID = ?"_s, {paa, paa}), 1);
+        QCOMPARE(maara(*d, u"jrPerhe WHERE jrPMID = ? AND jrPSubID = ?"_s, {paa, paa}), 1);
 
         const qint64 linkki = LisaaPerheeseen(*d, paa, lapsi);
         PerheLuokat luokat{};
@@ -292,17 +282,15 @@ private slots:
         // A deleted member drops out of the head's list but keeps his link.
         d->execute(u"DELETE FROM jr WHERE jrID = ?"_s, {lapsi});
         QCOMPARE(LataaPerhe(*d, paa, true).jasenet.size(), 1);
-        QCOMPARE(rivit(*d, u"jrPerhe"_s), 2);
+        QCOMPARE(maara(*d, u"jrPerhe"_s), 2);
 
         PuraPerhe(*d, paa);
-        QCOMPARE(rivit(*d, u"jrPerhe"_s), 0);
+        QCOMPARE(maara(*d, u"jrPerhe"_s), 0);
         QVERIFY(LataaPerhe(*d, paa, true).jasenet.isEmpty());
     }
 
     void perheenOsoiteMuuttuu()
     {
-        TestEnv env;
-        auto d = seura(env);
         const qint64 paa = lisaa(*d, u"Aalto"_s);
         const qint64 jasen = lisaa(*d, u"Aalto"_s, u"Eino"_s);
         const qint64 yksin = lisaa(*d, u"Berg"_s);
@@ -353,8 +341,6 @@ private slots:
 
     void postinumeroidenTarkistus()
     {
-        TestEnv env;
-        auto d = seura(env);
         const qint64 a = lisaa(*d, u"Aalto"_s, u"Anna"_s, u"3"_s);
         const qint64 b = lisaa(*d, u"Berg"_s, u"Bo"_s, u"4"_s);
         lisaa(*d, u"Cedar"_s);
@@ -422,8 +408,6 @@ private slots:
     // A family invoice pays the whole family; the invoice and its rows are marked paid.
     void maksetuksiMerkitseeLaskunJaPerheen()
     {
-        TestEnv env;
-        auto d = seura(env);
         const qint64 paa = lisaa(*d, u"Aalto"_s, {}, {}, 0);
         const qint64 jasen = lisaa(*d, u"Aalto"_s, u"Eino"_s, {}, 0);
         const qint64 muu = lisaa(*d, u"Berg"_s, {}, {}, 0);
@@ -448,9 +432,9 @@ private slots:
 
         const MaksetuksiTulos t = MerkitseLaskuMaksetuksi(*d, 7);
         QVERIFY(t.loytyi && t.jasenmaksu);
-        QCOMPARE(rivit(*d, u"jr WHERE jrJasenmaksu = 1"_s), 2);
+        QCOMPARE(maara(*d, u"jr WHERE jrJasenmaksu = 1"_s), 2);
         QCOMPARE(kentta(*d, muu, u"jrJasenmaksu"_s).toInt(), 0);
-        QCOMPARE(rivit(*d, u"jmRivi WHERE jmRMaksettu = 1"_s), 2);
+        QCOMPARE(maara(*d, u"jmRivi WHERE jmRMaksettu = 1"_s), 2);
         const LaskunTiedot perhe = LueLasku(*d, laskut[1].jmhID);
         QCOMPARE(perhe.maksettu, u"Kyllä"_s);
         QCOMPARE(perhe.perhemaksu, u"Kyllä"_s);

@@ -6,6 +6,7 @@
 #include "platform/recordset.h"
 #include "malliseura.h"
 #include "testenv.h"
+#include "testiapu.h"
 
 #include <QtTest>
 
@@ -38,21 +39,12 @@ qint64 liitos(Database &d, qint64 jr, qint64 pi, const QVariant &muistio = {})
     return d.lastInsertId();
 }
 
+using testi::maara;
+
 // date | long | currency | memo of one attachment, Null as "N".
 QString arvot(Database &d, qint64 ptID)
 {
-    db::Statement st(d, QStringLiteral("SELECT ptValDate, ptValLong, ptValCurrency, ptValMemo FROM pt WHERE ptID = ?"), {ptID});
-    if (!st.next())
-        return QStringLiteral("(ei riviä)");
-    QStringList s;
-    for (int i = 0; i < 4; ++i)
-        s << (st.value(i).isNull() ? QStringLiteral("N") : st.value(i).toString());
-    return s.join(QLatin1Char('|'));
-}
-
-int maara(Database &d, const QString &ehto, const db::Params &p = {})
-{
-    return d.scalar(QStringLiteral("SELECT count(*) FROM ") + ehto, p).toInt();
+    return testi::rivi(d, QStringLiteral("SELECT ptValDate, ptValLong, ptValCurrency, ptValMemo FROM pt WHERE ptID = ?"), {ptID});
 }
 
 // "jrID:piID" of every attachment, in key order.
@@ -311,15 +303,8 @@ private slots:
         KirjoitaMaaritysRivi(*rs, {QStringLiteral("O'Connorin \"kerho\"; --"), QString(), QStringLiteral("31.2.2024"),
                                    QStringLiteral("12,5"), QStringLiteral("abc"), QStringLiteral("muistio")});
         rs->update();
-        db::Statement st(*d, QStringLiteral("SELECT piNimi, piKuvaus, piDate, piLong, piCurrency, piMemo, piEnbldDate FROM pi"));
-        QVERIFY(st.next());
-        QCOMPARE(st.value(0).toString(), QStringLiteral("O'Connorin \"kerho\"; --"));
-        QVERIFY(st.value(1).isNull());
-        QVERIFY(st.value(2).isNull());
-        QCOMPARE(st.value(3).toLongLong(), 12);
-        QVERIFY(st.value(4).isNull());
-        QCOMPARE(st.value(5).toString(), QStringLiteral("muistio"));
-        QVERIFY(st.value(6).isNull());
+        QCOMPARE(testi::rivi(*d, QStringLiteral("SELECT piNimi, piKuvaus, piDate, piLong, piCurrency, piMemo, piEnbldDate FROM pi")),
+                 QStringLiteral("O'Connorin \"kerho\"; --|N|N|12|N|muistio|N"));
         rs->moveFirst();
         const MaaritysNakyma n = LueMaaritysRivi(*rs);
         QCOMPARE(n.lomake.tLong, QStringLiteral("12"));

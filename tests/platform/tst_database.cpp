@@ -9,11 +9,11 @@ using db::Database;
 
 class TestDatabase : public QObject {
     Q_OBJECT
+    std::unique_ptr<TestEnv> env;
 
-private:
-    std::unique_ptr<Database> fresh(TestEnv &env)
+    std::unique_ptr<Database> fresh()
     {
-        auto d = Database::create(env.path(QStringLiteral("t.mdb")));
+        auto d = Database::create(env->path(QStringLiteral("t.mdb")));
         d->executeScript(QStringLiteral(
             "CREATE TABLE jr (jrID INTEGER PRIMARY KEY AUTOINCREMENT, "
             "jrSukunimi VARCHAR(50) CHECK (length(jrSukunimi) <= 50), jrJasennumero VARCHAR(10));"
@@ -22,10 +22,12 @@ private:
     }
 
 private slots:
+    void init() { env = std::make_unique<TestEnv>(); }
+    void cleanup() { env.reset(); }
+
     void valuesRoundTripAsTyped()
     {
-        TestEnv env;
-        auto d = fresh(env);
+        auto d = fresh();
         const QString nasty = QStringLiteral("O'Connor \"x\"; DROP TABLE jr; -- 100%");
         d->execute(QStringLiteral("INSERT INTO jr (jrSukunimi) VALUES (?)"), {nasty});
         QCOMPARE(d->scalar(QStringLiteral("SELECT jrSukunimi FROM jr")).toString(), nasty);
@@ -35,8 +37,7 @@ private slots:
 
     void errorsAreCategorised()
     {
-        TestEnv env;
-        auto d = fresh(env);
+        auto d = fresh();
         d->execute(QStringLiteral("INSERT INTO jr (jrJasennumero) VALUES ('1')"));
         try {
             d->execute(QStringLiteral("INSERT INTO jr (jrJasennumero) VALUES ('1')"));
@@ -55,7 +56,6 @@ private slots:
 
     void openFailuresAreTold()
     {
-        TestEnv env;
         auto expectKind = [](const QString &path, db::ErrorKind kind) {
             try {
                 Database::open(path);
@@ -64,11 +64,11 @@ private slots:
                 QCOMPARE(int(e.kind()), int(kind));
             }
         };
-        expectKind(env.path(QStringLiteral("nothere.mdb")), db::ErrorKind::NotFound);
-        expectKind(env.path(QStringLiteral("no/such/folder/x.mdb")), db::ErrorKind::BadPath);
+        expectKind(env->path(QStringLiteral("nothere.mdb")), db::ErrorKind::NotFound);
+        expectKind(env->path(QStringLiteral("no/such/folder/x.mdb")), db::ErrorKind::BadPath);
         expectKind(QString(), db::ErrorKind::BadPath);
 
-        const QString access = env.path(QStringLiteral("old.mdb"));
+        const QString access = env->path(QStringLiteral("old.mdb"));
         QByteArray jet(2048, '\0');
         jet.replace(4, 15, "Standard Jet DB");
         { QFile f(access); QVERIFY(f.open(QIODevice::WriteOnly)); f.write(jet); }
@@ -77,15 +77,14 @@ private slots:
         QVERIFY(f.open(QIODevice::ReadOnly));
         QCOMPARE(f.readAll(), jet); // never written
 
-        const QString text = env.path(QStringLiteral("text.mdb"));
+        const QString text = env->path(QStringLiteral("text.mdb"));
         { QFile t(text); QVERIFY(t.open(QIODevice::WriteOnly)); t.write("hello world, not a database at all"); }
         expectKind(text, db::ErrorKind::NotOurDatabase);
     }
 
     void reservedIdsAreUsedUpAndSurviveDeletes()
     {
-        TestEnv env;
-        auto d = fresh(env);
+        auto d = fresh();
         const qint64 a = d->reserveId(QStringLiteral("jr"));
         const qint64 b = d->reserveId(QStringLiteral("jr")); // a cancelled add used `a`
         QCOMPARE(b, a + 1);
@@ -99,8 +98,7 @@ private slots:
 
     void transactionRollsBackUnlessCommitted()
     {
-        TestEnv env;
-        auto d = fresh(env);
+        auto d = fresh();
         {
             db::Transaction t(*d);
             d->execute(QStringLiteral("INSERT INTO jr (jrSukunimi) VALUES ('a')"));
@@ -116,8 +114,7 @@ private slots:
 
     void finnishOrderAndFunctions()
     {
-        TestEnv env;
-        auto d = fresh(env);
+        auto d = fresh();
         for (const char *n : {"Öhman", "aalto", "Zetterberg", "Åberg", "Äijälä", "Berg"})
             d->execute(QStringLiteral("INSERT INTO jr (jrSukunimi) VALUES (?)"), {QString::fromUtf8(n)});
         QStringList order;

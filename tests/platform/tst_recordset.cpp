@@ -11,7 +11,7 @@ using db::Recordset;
 
 namespace {
 
-std::unique_ptr<Database> jasenet(TestEnv &env)
+std::unique_ptr<Database> jasenet(const TestEnv &env)
 {
     auto d = Database::create(env.path(u"t.mdb"_s));
     d->executeScript(QStringLiteral(
@@ -48,12 +48,24 @@ const QStringList Jarjestys{u"Aalto"_s, u"Nieminen"_s, u"O'Brien"_s, u"Ärölä"
 
 class TestRecordset : public QObject {
     Q_OBJECT
+    std::unique_ptr<TestEnv> env;
+    std::unique_ptr<Database> d;
 
 private slots:
+    // Five members and three attribute rows for every case.
+    void init()
+    {
+        env = std::make_unique<TestEnv>();
+        d = jasenet(*env);
+    }
+    void cleanup()
+    {
+        d.reset();
+        env.reset();
+    }
+
     void liikkuuMolempiinSuuntiin()
     {
-        TestEnv env;
-        auto d = jasenet(env);
         auto rs = nimijarjestyksessa(*d);
         QCOMPARE(rs->recordCount(), 5);
         QVERIFY(!rs->bof() && !rs->eof());
@@ -78,8 +90,6 @@ private slots:
 
     void tyhjaJoukko()
     {
-        TestEnv env;
-        auto d = jasenet(env);
         auto rs = Recordset::openTable(*d, u"jr"_s, u"jrID < 0"_s);
         QVERIFY(rs->bof() && rs->eof());
         QCOMPARE(rs->recordCount(), 0);
@@ -105,8 +115,6 @@ private slots:
     // The identity is taken at AddNew: a cancelled add uses it up, as the invoice guard expects.
     void lisaysJaPeruutus()
     {
-        TestEnv env;
-        auto d = jasenet(env);
         auto rs = nimijarjestyksessa(*d);
         rs->moveNext(); // Nieminen
         rs->addNew();
@@ -131,8 +139,6 @@ private slots:
 
     void muokkausJaTallennus()
     {
-        TestEnv env;
-        auto d = jasenet(env);
         auto rs = nimijarjestyksessa(*d);
         QVERIFY_THROWS_EXCEPTION(db::DbError, rs->setValue(u"jrSukunimi"_s, u"x"_s));
         rs->edit();
@@ -167,8 +173,6 @@ private slots:
 
     void poistoJaSiirto()
     {
-        TestEnv env;
-        auto d = jasenet(env);
         auto rs = nimijarjestyksessa(*d);
         rs->setAbsolutePosition(2); // O'Brien
         rs->deleteRow();
@@ -196,8 +200,6 @@ private slots:
     // A row deleted by another statement (the blank-row clean-up) is told, not shown stale.
     void rivinPoistoMuualta()
     {
-        TestEnv env;
-        auto d = jasenet(env);
         auto rs = nimijarjestyksessa(*d);
         d->execute(u"DELETE FROM jr WHERE jrSukunimi = 'Aalto'"_s);
         QVERIFY_THROWS_EXCEPTION(db::DbError, rs->value(u"jrSukunimi"_s));
@@ -208,8 +210,6 @@ private slots:
 
     void etsintaHeittomerkilla()
     {
-        TestEnv env;
-        auto d = jasenet(env);
         d->execute(u"INSERT INTO jr (jrSukunimi, jrEtunimi) VALUES ('O''Brien', 'Mary'), ('O''Brien', 'Sean')"_s);
         auto rs = nimijarjestyksessa(*d);
         const QString ehto = u"jrSukunimi = ?"_s;
@@ -236,8 +236,6 @@ private slots:
 
     void kirjanmerkki()
     {
-        TestEnv env;
-        auto d = jasenet(env);
         auto rs = nimijarjestyksessa(*d);
         rs->setAbsolutePosition(3);
         const Recordset::Bookmark merkki = rs->bookmark();
@@ -252,8 +250,6 @@ private slots:
 
     void tilannekuva()
     {
-        TestEnv env;
-        auto d = jasenet(env);
         {
             auto rs = Recordset::openSnapshot(*d, QStringLiteral(
                 "SELECT jr.* FROM jr LEFT JOIN pt ON jr.jrID = pt.ptjrID WHERE pt.ptArvo = ? ORDER BY jr.jrSukunimi COLLATE FI;"),

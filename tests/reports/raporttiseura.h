@@ -2,8 +2,7 @@
 // addresses and dates are known, so that a test can tell which rows a report must show.
 #pragma once
 
-#include "core/Malli.h"
-#include "core/UpdateDatabase.h"
+#include "malliseura.h"
 #include "platform/database.h"
 
 #include <QDate>
@@ -19,13 +18,7 @@ struct TestiJasen {
 };
 
 // The template and the upgrade at `polku`.
-inline std::unique_ptr<db::Database> LuoTyhjaSeura(const QString &polku)
-{
-    LuoMalliTietokanta(polku);
-    auto d = db::Database::open(polku);
-    UpdateDatabase(*d);
-    return d;
-}
+inline std::unique_ptr<db::Database> LuoTyhjaSeura(const QString &polku) { return malliseura::kopio(polku); }
 
 inline qint64 LisaaJasen(db::Database &d, const TestiJasen &j)
 {

@@ -7,6 +7,7 @@
 #include "reports/Raporttiajo.h"
 #include "reports/RaporttiVirhe.h"
 #include "testenv.h"
+#include "testiapu.h"
 
 #include <QtTest>
 
@@ -55,15 +56,6 @@ std::shared_ptr<Solmu> tekstiSolmu(const QString &t)
 }
 
 QString nbsp(QString s) { return s.replace(u' ', QChar(0x00A0)); }
-
-QString kirjoita(const QString &polku, const QByteArray &sisalto)
-{
-    QFile f(polku);
-    if (!f.open(QIODevice::WriteOnly))
-        qFatal("cannot write %s", qPrintable(polku));
-    f.write(sisalto);
-    return polku;
-}
 
 } // namespace
 
@@ -328,7 +320,7 @@ private slots:
         const qint64 ohman = LisaaJasen(*d, {u"Öhman"_s, u"Olli"_s, {}, {}, {}, {}, u"4"_s, false, QDate(1999, 12, 31)});
         d->execute(u"INSERT INTO pi (piNimi) VALUES ('Kannatusjäsen')"_s);
         d->execute(u"INSERT INTO pt (ptjrID, ptpiID, ptValCurrency) VALUES (?, 1, 125000), (?, 1, 124999)"_s, {ohman, aalto});
-        const QString polku = kirjoita(env.path(u"nimet.rpt"_s), R"xml(<raportti><lahde taulu="jr">
+        const QString polku = testi::tiedosto(env.path(u"nimet.rpt"_s), R"xml(<raportti><lahde taulu="jr">
             <liitos taulu="pt" ehto="{pt.ptjrID} = {jr.jrID}"/></lahde>
             <jarjestys>+{jr.jrSukunimi}</jarjestys>
             <rivi korkeus="5"><teksti x="0" y="0" leveys="50" korkeus="5" lauseke="{jr.jrSukunimi}"/></rivi></raportti>)xml");

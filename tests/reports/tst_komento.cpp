@@ -4,7 +4,6 @@
 #include "testenv.h"
 
 #include <QProcess>
-#include <QStandardPaths>
 #include <QtTest>
 
 using namespace Qt::Literals::StringLiterals;
