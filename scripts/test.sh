@@ -21,7 +21,7 @@ export CCACHE_BASEDIR="$ROOT" CCACHE_NOHASHDIR=1
 cmake -S . -B "$BUILD" -G Ninja -DVONARI_SANITIZE=$SANITIZE -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
 cmake --build "$BUILD" -j"$(nproc)" || {
   # A stale moc cache can miss windows that arrived with an update: redo it once.
-  rm -rf "$BUILD"/src/vonari_ui_autogen "$BUILD"/src/vonari_logic_autogen
+  rm -rf "$BUILD"/src/vonari_ui_autogen "$BUILD"/src/vonari_logic_autogen "$BUILD"/tests/vonari_testsupport_autogen
   cmake --build "$BUILD" -j"$(nproc)"
 }
 
