@@ -10,6 +10,7 @@
 #include "raporttiseura.h"
 #include "testenv.h"
 
+#include <QDir>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QtTest>
@@ -429,6 +430,31 @@ private slots:
             edellinen = i;
         }
         QVERIFY(edellinen > 0);
+    }
+
+    // Every built-in definition reads and lays out on the demonstration club with the formulas
+    // the program gives, and the lists with a selection of their own take only their rows.
+    void kaikkiMaaritykset()
+    {
+        d->execute(u"UPDATE jr SET jrMukaan = 1"_s);
+        TeePerhetarrat(*d);
+        TaytaRekisteritiedot(*d, {});
+        const QStringList tiedostot = QDir(u":/raportit"_s).entryList({u"*.rpt"_s});
+        QVERIFY(tiedostot.size() >= 24);
+        for (const QString &t : tiedostot) {
+            JasenRaportti r{t, {}, {u"Seurannimi= 'Vanhankylän Urheiluseura ry'"_s}, {}};
+            const Asiakirja a = laadi(r);
+            QVERIFY2(a.riveja > 0 && !a.sivut.empty(), qPrintable(t));
+        }
+        const int maksamatta = d->scalar(u"SELECT count(*) FROM jmhist WHERE jmhjmJasMak = 1 AND jmhjmMaksettu = 0"_s).toInt();
+        QVERIFY(maksamatta > 0);
+        QCOMPARE(laadi({u"jmlmksma.rpt"_s, {}, {}, {}}).riveja, maksamatta);
+        // The program's selection narrows the report's own.
+        QCOMPARE(laadi({u"jmlmksma.rpt"_s, u"{jmhist.jmhjmLaskunumero} < 0"_s, {}, {}}).riveja, 0);
+        const Asiakirja lista = laadi({u"jmllista.rpt"_s, {}, {}, {u"+{jmhist.jmhjmLaskunumero}"_s}});
+        const QString yhteensa = u"Laskuja %1, yhteensä "_s.arg(d->scalar(u"SELECT count(*) FROM jmhist"_s).toInt());
+        const QStringList viimeinen = lista.tekstit(int(lista.sivut.size()) - 1);
+        QVERIFY(std::any_of(viimeinen.begin(), viimeinen.end(), [&](const QString &x) { return x.startsWith(yhteensa); }));
     }
 
     void pdf_data()
