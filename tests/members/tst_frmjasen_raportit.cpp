@@ -13,6 +13,7 @@
 #include "seurat.h"
 #include "testenv.h"
 
+#include "tulostuskirjaus.h"
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
@@ -26,12 +27,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-struct Kirjaus : Tulostuskohde {
-    std::vector<Asiakirja> esikatsellut;
-    void esikatsele(const Asiakirja &d, bool, bool) override { esikatsellut.push_back(d); }
-    void tulosta(const Asiakirja &, const QString &, int) override {}
-};
 
 // Answers the modal windows of one flow in the order given; a step takes only a window of its type.
 class Vastaaja {

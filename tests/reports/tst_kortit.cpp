@@ -13,6 +13,7 @@
 #include "seurat.h"
 #include "testipohja.h"
 
+#include "tulostuskirjaus.h"
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
@@ -25,12 +26,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-struct Kirjaus : Tulostuskohde {
-    std::vector<Asiakirja> esikatsellut;
-    void esikatsele(const Asiakirja &d, bool, bool) override { esikatsellut.push_back(d); }
-    void tulosta(const Asiakirja &, const QString &, int) override {}
-};
 
 // Answers the print settings window that the next modal run opens: preview, one copy.
 void HyvaksyTulostusasetuksetMyohemmin()

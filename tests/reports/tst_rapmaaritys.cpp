@@ -17,6 +17,7 @@
 #include "seurat.h"
 #include "testenv.h"
 
+#include "tulostuskirjaus.h"
 #include <QAction>
 #include <QApplication>
 #include <QLineEdit>
@@ -60,11 +61,6 @@ Asiakirja tuloste(db::Database &d, const RepSettings &r, const HakuParametrit &p
     return LaadiSarakeraportti(d, r, ajo);
 }
 
-struct Kirjaus : Tulostuskohde {
-    std::vector<Asiakirja> esikatsellut;
-    void esikatsele(const Asiakirja &d, bool, bool) override { esikatsellut.push_back(d); }
-    void tulosta(const Asiakirja &, const QString &, int) override {}
-};
 
 // Answers the windows a report row opens, each by its kind, and lists the ones it saw.
 struct Vastaaja {

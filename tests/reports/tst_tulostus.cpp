@@ -11,6 +11,7 @@
 #include "seurat.h"
 #include "testipohja.h"
 
+#include "tulostuskirjaus.h"
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -23,18 +24,6 @@ using namespace Qt::Literals::StringLiterals;
 using namespace MainModule;
 
 namespace {
-
-struct Kirjaus : Tulostuskohde {
-    std::vector<Asiakirja> esikatsellut;
-    QString tulostin;
-    int kopioita = -1;
-    void esikatsele(const Asiakirja &d, bool, bool) override { esikatsellut.push_back(d); }
-    void tulosta(const Asiakirja &, const QString &nimi, int k) override
-    {
-        tulostin = nimi;
-        kopioita = k;
-    }
-};
 
 } // namespace
 
