@@ -451,6 +451,10 @@ private:
 
     void suljeSarakerivi()
     {
+        if (m_lohkossa > 0) {
+            m_y = m_lohkoYla + qMin(m_lohkossa, m_sarakkeessa) * m_askel;
+            m_lohkossa = 0;
+        }
         if (m_sarake == 0)
             return;
         m_y = m_riviYla + m_riviKorkeus + m_rivinOsa.o->pystyvali;
@@ -536,6 +540,10 @@ private:
         const double runko = m_d.koko.width() - m_reunat.left() - m_reunat.right();
         const double leveys = o.sarakeleveys > 0 ? o.sarakeleveys : (runko - (o.sarakkeita - 1) * o.vaakavali) / o.sarakkeita;
         Ilmentyma il = rakenna(vo, a);
+        if (o.alas) {
+            sijoitaAlas(o, il, leveys);
+            return;
+        }
         if (m_sarake == 0) {
             if (m_y + il.korkeus > m_ala + Vara && m_sisaltoa)
                 uusiSivu();
@@ -547,6 +555,29 @@ private:
         m_sisaltoa = true;
         if (++m_sarake == o.sarakkeita)
             suljeSarakerivi();
+    }
+
+    // Down the first column, then the next, as many rows to a column as the page has room for;
+    // every row takes the height of the block's first.
+    void sijoitaAlas(const Osa &o, Ilmentyma &il, double leveys)
+    {
+        auto aloita = [&] {
+            m_lohkoYla = m_y;
+            m_askel = qMax(il.korkeus + o.pystyvali, 1.0);
+            m_sarakkeessa = qMax(1, int((m_ala - m_y + o.pystyvali + Vara) / m_askel));
+        };
+        if (m_lohkossa == 0) {
+            if (m_y + il.korkeus > m_ala + Vara && m_sisaltoa)
+                uusiSivu();
+            aloita();
+        } else if (m_lohkossa == m_sarakkeessa * o.sarakkeita) {
+            uusiSivu();
+            aloita();
+        }
+        const int sarake = m_lohkossa / m_sarakkeessa, rivi = m_lohkossa % m_sarakkeessa;
+        lisaa(il, m_reunat.left() + sarake * (leveys + o.vaakavali), m_lohkoYla + rivi * m_askel);
+        ++m_lohkossa;
+        m_sisaltoa = true;
     }
 
     void avaaRyhma(int taso, int rivi)
@@ -613,6 +644,8 @@ private:
     int m_rivi = -1, m_sivunEnsimmainen = -1;
     int m_sarake = 0;
     double m_riviYla = 0, m_riviKorkeus = 0;
+    int m_lohkossa = 0, m_sarakkeessa = 1; // rows placed down the columns of this page, rows a column holds
+    double m_lohkoYla = 0, m_askel = 0;
 };
 
 } // namespace

@@ -312,7 +312,7 @@ private:
                                 QStringLiteral("kursiivi"), QStringLiteral("alleviivattu")};
         if (laji == OsaLaji::Rivi)
             sallitut << QStringLiteral("sarakkeita") << QStringLiteral("leveys") << QStringLiteral("vaakavali")
-                     << QStringLiteral("pystyvali");
+                     << QStringLiteral("pystyvali") << QStringLiteral("taytto");
         attribuutit(sallitut);
         Osa o;
         o.laji = laji;
@@ -329,6 +329,11 @@ private:
         o.sarakeleveys = pituus("leveys");
         o.vaakavali = pituus("vaakavali");
         o.pystyvali = pituus("pystyvali");
+        const QString taytto = arvo("taytto").trimmed().toLower();
+        if (taytto == QLatin1String("alas"))
+            o.alas = true;
+        else if (!taytto.isEmpty() && taytto != QLatin1String("vierekkain"))
+            virhe(QStringLiteral("täyttöjärjestys \"%1\" on tuntematon (vierekkain tai alas)").arg(taytto));
         while (seuraavaLapsi())
             o.kohteet.push_back(kohde());
         paikka = std::move(o);

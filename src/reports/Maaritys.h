@@ -61,6 +61,7 @@ struct Osa {
     int sarakkeita = 1;
     double sarakeleveys = 0; // twips; 0 = the whole width
     double vaakavali = 0, pystyvali = 0;
+    bool alas = false;       // fill each column down the page before the next (name lists)
 };
 
 struct Ryhma {

@@ -224,6 +224,37 @@ private slots:
         QCOMPARE(tarra, (QStringList{ulkoNimi, ulkomainen.osoite, ulkomainen.postinumero + u' ' + ulkomainen.toimipaikka, u"PUOLA"_s}));
     }
 
+    // The name list fills its left column down the page, then the right one, page after page,
+    // and its total comes under the longer column of the last page.
+    void palstatTayttyvatAlas()
+    {
+        LisaaGeneroidut(*d, 150);
+        const Asiakirja doc = laadi({kanta, u"mvluetl2"_s, {}, {}, {u"Seurannimi= 'Seura'"_s}});
+        QStringList jarjestyksessa;
+        QSet<QString> nimet;
+        for (int i = 0; i < 150; ++i)
+            nimet << nimi(GeneroituJasen(i));
+        for (int s = 0; s < int(doc.sivut.size()); ++s) {
+            std::vector<const Tulostekohde *> sivulla;
+            for (const Tulostekohde *k : doc.tekstikohteet(s))
+                if (nimet.contains(k->teksti))
+                    sivulla.push_back(k);
+            // Column by column, top to bottom within each.
+            std::stable_sort(sivulla.begin(), sivulla.end(), [](const Tulostekohde *a, const Tulostekohde *b) {
+                return a->alue.left() < b->alue.left() - 1 || (qAbs(a->alue.left() - b->alue.left()) <= 1 && a->alue.top() < b->alue.top());
+            });
+            for (const Tulostekohde *k : sivulla)
+                jarjestyksessa << k->teksti;
+        }
+        QStringList odotettu = nimet.values();
+        QCollator fi(QLocale(QLocale::Finnish, QLocale::Finland));
+        std::sort(odotettu.begin(), odotettu.end(), [&](const QString &a, const QString &b) { return fi.compare(a, b) < 0; });
+        QCOMPARE(jarjestyksessa.size(), 150);
+        QCOMPARE(jarjestyksessa, odotettu);
+        const QStringList viimeinen = doc.tekstit(int(doc.sivut.size()) - 1);
+        QVERIFY(viimeinen.contains(u"Jäseniä yhteensä: 150"_s));
+    }
+
     void ryhmat_summat_ja_sivunvaihdot()
     {
         TestiJasen a = GeneroituJasen(0), b = GeneroituJasen(1);
