@@ -69,11 +69,7 @@ class TestKortit : public Testipohja {
 private slots:
     void cleanup()
     {
-        AsetaTulostuskohde(nullptr);
-        Raportti() = Raporttiajo();
-        TulostusLaite = 0;
-        Kopiot = 1;
-        TulostusPeruttu = false;
+        PalautaTulostustila();
         Testipohja::cleanup();
     }
 

@@ -141,9 +141,7 @@ private slots:
     }
     void cleanup()
     {
-        AsetaTulostuskohde(nullptr);
-        Raportti() = Raporttiajo();
-        TulostusLaite = 0;
+        PalautaTulostustila();
         Haku = HakuParametrit();
     }
 

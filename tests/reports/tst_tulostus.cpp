@@ -23,21 +23,13 @@
 using namespace Qt::Literals::StringLiterals;
 using namespace MainModule;
 
-namespace {
-
-} // namespace
-
 class TestTulostus : public Testipohja {
     Q_OBJECT
 
 private slots:
     void cleanup()
     {
-        AsetaTulostuskohde(nullptr);
-        Raportti() = Raporttiajo();
-        TulostusLaite = 0;
-        Kopiot = 1;
-        TulostusPeruttu = false;
+        PalautaTulostustila();
         Testipohja::cleanup();
     }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "reports/Raporttiajo.h"
+#include "reports/Tulostus.h"
 
 #include <vector>
 
@@ -17,3 +18,14 @@ struct Kirjaus : Tulostuskohde {
         kopioita = k;
     }
 };
+
+// Back to a program that has printed nothing: no destination, a fresh engine, the shared print
+// state at its defaults.
+inline void PalautaTulostustila()
+{
+    AsetaTulostuskohde(nullptr);
+    Raportti() = Raporttiajo();
+    TulostusLaite = 0;
+    Kopiot = 1;
+    TulostusPeruttu = false;
+}

@@ -13,6 +13,7 @@
 #include <QAction>
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QToolButton>
 #include <QWidget>
 
 namespace ikkuna {
@@ -108,6 +109,23 @@ KahdenOminaisuudenLomake RakennaKahdenOminaisuudenLomake(QDialog *d, const Valin
         TaytaOminaisuusValinta(l.toka, *kanta);
     });
     return l;
+}
+
+QToolButton *KomentoPainike(QWidget *ikkuna, QList<QAction *> &komennot, const char *nimi, const QString &teksti,
+                            const QString &vihje, const QKeySequence &nappain, std::function<void()> toiminto)
+{
+    auto *a = new QAction(teksti, ikkuna);
+    a->setToolTip(vihje);
+    a->setShortcut(nappain);
+    ikkuna->addAction(a);
+    QObject::connect(a, &QAction::triggered, ikkuna, std::move(toiminto));
+    komennot << a;
+    auto *b = new QToolButton(ikkuna);
+    b->setObjectName(QString::fromUtf8(nimi));
+    b->setDefaultAction(a);
+    b->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    b->setMinimumWidth(64);
+    return b;
 }
 
 } // namespace ikkuna

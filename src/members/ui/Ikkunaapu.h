@@ -7,12 +7,14 @@
 #include <QHash>
 #include <QKeySequence>
 #include <QObject>
+#include <functional>
 #include <memory>
 
 class QAction;
 class QComboBox;
 class QDialog;
 class QPushButton;
+class QToolButton;
 class QLineEdit;
 class QWidget;
 
@@ -72,5 +74,10 @@ public:
 private:
     QHash<int, QAction *> m_toiminnot; // key combination -> its command
 };
+
+// A record window's command: an action on the window with its key and tip, kept in `komennot`,
+// and the text button that shows it. `toiminto` runs as given; the caller wraps its own guard.
+QToolButton *KomentoPainike(QWidget *ikkuna, QList<QAction *> &komennot, const char *nimi, const QString &teksti,
+                            const QString &vihje, const QKeySequence &nappain, std::function<void()> toiminto);
 
 } // namespace ikkuna

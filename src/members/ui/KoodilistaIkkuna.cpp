@@ -4,6 +4,7 @@
 #include "core/Misc.h"
 #include "core/ui/uihelpers.h"
 #include "members/Koodilistat.h"
+#include "members/ui/Ikkunaapu.h"
 #include "members/ui/Tapahtumat.h"
 #include "platform/dialogs.h"
 
@@ -46,18 +47,7 @@ KoodilistaIkkuna::~KoodilistaIkkuna() = default;
 QToolButton *KoodilistaIkkuna::komento(const char *nimi, const QString &teksti, const QString &vihje, const QKeySequence &nappain,
                                        std::function<void()> toiminto)
 {
-    auto *a = new QAction(teksti, this);
-    a->setToolTip(vihje);
-    a->setShortcut(nappain);
-    addAction(a);
-    connect(a, &QAction::triggered, this, [toiminto] { tapahtuma::suojattu(toiminto); });
-    m_komennot << a;
-    auto *b = new QToolButton(this);
-    b->setObjectName(QString::fromUtf8(nimi));
-    b->setDefaultAction(a);
-    b->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    b->setMinimumWidth(64);
-    return b;
+    return ikkuna::KomentoPainike(this, m_komennot, nimi, teksti, vihje, nappain, [toiminto] { tapahtuma::suojattu(toiminto); });
 }
 
 void KoodilistaIkkuna::rakenna(const Tekstit &t)

@@ -44,18 +44,7 @@ frmPiirre::~frmPiirre() = default;
 QToolButton *frmPiirre::komento(const char *nimi, const QString &teksti, const QString &vihje, const QKeySequence &nappain,
                                 std::function<void()> toiminto)
 {
-    auto *a = new QAction(teksti, this);
-    a->setToolTip(vihje);
-    a->setShortcut(nappain);
-    addAction(a);
-    connect(a, &QAction::triggered, this, [toiminto] { ikkuna::Suojattu(toiminto); });
-    m_komennot << a;
-    auto *b = new QToolButton(this);
-    b->setObjectName(QString::fromUtf8(nimi));
-    b->setDefaultAction(a);
-    b->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    b->setMinimumWidth(64);
-    return b;
+    return ikkuna::KomentoPainike(this, m_komennot, nimi, teksti, vihje, nappain, [toiminto] { ikkuna::Suojattu(toiminto); });
 }
 
 void frmPiirre::rakenna()
