@@ -1,4 +1,5 @@
 #include "core/AsetustenLuku.h"
+#include "platform/kello.h"
 
 #include "core/MainModule.h"
 #include "core/Misc.h"
@@ -107,7 +108,7 @@ std::optional<QString> LueSeuranAsetukset(const AsetuksenLukija &lue)
         BackupDate = paiva;
     } else {
         // A fresh club counts as backed up today, so the reminder does not greet its first start.
-        BackupDate = QDate::currentDate();
+        BackupDate = kello::tanaan();
         takaisin = BackupDate.toString(Qt::ISODate);
     }
 

@@ -1,6 +1,7 @@
 // Opening the club's database at start: the read-only question, the error loop and what a
 // clean open leads to.
 #include "core/Tietokanta.h"
+#include "platform/kello.h"
 
 #include "core/Asetukset.h"
 #include "core/Kantatiedosto.h"
@@ -117,7 +118,7 @@ bool onJasenia(db::Database &d)
 // copy of the day is kept, so a second attempt after a failed upgrade does not replace it.
 bool otaPaivitystaEdeltavaKopio(const QString &kanta)
 {
-    const QString kopio = PaivitystaEdeltavaKopio(kanta, QDate::currentDate());
+    const QString kopio = PaivitystaEdeltavaKopio(kanta, kello::tanaan());
     if (files::FileExists(kopio))
         return true;
     kanta::Kopiointi tapa;

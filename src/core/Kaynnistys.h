@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/Tietokanta.h"
+#include "platform/kello.h"
 
 #include <QDate>
 #include <QString>
@@ -21,7 +22,7 @@ bool TarkistaSalasana();
 bool VarmuuskopioErapaivana(const QDate &tanaan, const QDate &viimeisin, long paivia);
 
 // Offers a backup at start when the reminder is on and one is due; Yes runs `teeVarmuuskopio`.
-void MuistutaVarmuuskopiosta(const QDate &tanaan = QDate::currentDate(),
+void MuistutaVarmuuskopiosta(const QDate &tanaan = kello::tanaan(),
                              const std::function<void()> &teeVarmuuskopio = TeeVarmuuskopio);
 
 // The desktop's own currency symbol.

@@ -1,5 +1,6 @@
 // Restore of a backup into the user's data folder, and taking it into use from the next start.
 #include "core/Tietokanta.h"
+#include "platform/kello.h"
 
 #include "core/Kantatiedosto.h"
 #include "core/MainModule.h"
@@ -34,7 +35,7 @@ QString korvatunNimi(const QString &kohde)
     const QString kansio = kohde.left(kohde.lastIndexOf(QLatin1Char('/')) + 1);
     const QString liite = tieto.suffix().isEmpty() ? QString() : QLatin1Char('.') + tieto.suffix();
     return kansio + tieto.completeBaseName() + QStringLiteral("-ennen-palautusta-")
-        + QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss")) + liite;
+        + kello::nyt().toString(QStringLiteral("yyyyMMdd-HHmmss")) + liite;
 }
 
 // A database still open elsewhere has its log beside it; one left by a crash goes at one open.

@@ -1,6 +1,7 @@
 // Backup and reorganisation: a verified copy in the backup folder, then a compacted file that
 // takes the database's name in one step, with the former file kept as the remainder.
 #include "core/Tietokanta.h"
+#include "platform/kello.h"
 
 #include "core/Asetukset.h"
 #include "core/Kantatiedosto.h"
@@ -150,7 +151,7 @@ void kirjaaVarmuuskopionPaiva(const QString &kanta)
     try {
         auto db = db::Database::open(kanta);
         KantaStore asetukset(*db);
-        asetukset.writeString(QStringLiteral("BackupDate"), QDate::currentDate().toString(Qt::ISODate));
+        asetukset.writeString(QStringLiteral("BackupDate"), kello::tanaan().toString(Qt::ISODate));
     } catch (const db::DbError &) {
         // The backup itself is done; the reminder only comes back sooner.
     }

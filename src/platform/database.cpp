@@ -119,6 +119,24 @@ Statement::~Statement()
         m_db->palautaValmis(m_sql, m_stmt);
 }
 
+// Qt 6 no longer calls a variant holding a null string or an invalid date null: both are Null
+// to the database, never '' or a date text of nothing.
+static bool onNull(const QVariant &v)
+{
+    if (!v.isValid() || v.isNull())
+        return true;
+    switch (v.metaType().id()) {
+    case QMetaType::QString:
+        return v.toString().isNull();
+    case QMetaType::QDate:
+        return !v.toDate().isValid();
+    case QMetaType::QDateTime:
+        return !v.toDateTime().isValid();
+    default:
+        return false;
+    }
+}
+
 void Statement::bindAll(const Params &params)
 {
     const int expected = sqlite3_bind_parameter_count(m_stmt);
@@ -129,7 +147,7 @@ void Statement::bindAll(const Params &params)
         const QVariant &v = params[i];
         const int idx = i + 1;
         int rc = SQLITE_OK;
-        if (!v.isValid() || v.isNull()) {
+        if (onNull(v)) {
             rc = sqlite3_bind_null(m_stmt, idx);
         } else {
             switch (v.metaType().id()) {
@@ -504,21 +522,41 @@ bool Database::quickCheck(QString *report)
 
 // ---- Transaction -------------------------------------------------------------------------
 
-Transaction::Transaction(Database &db) : m_db(db) { m_db.execute(QStringLiteral("BEGIN IMMEDIATE")); }
+// The outermost unit of a connection is a real transaction; one opened inside it is a savepoint,
+// so a function that writes as one unit stays one unit inside a larger run.
+Transaction::Transaction(Database &db) : m_db(db), m_taso(db.m_avoimia)
+{
+    if (m_taso == 0)
+        m_db.execute(QStringLiteral("BEGIN IMMEDIATE"));
+    else
+        m_db.execute(QStringLiteral("SAVEPOINT s%1").arg(m_taso));
+    ++m_db.m_avoimia;
+}
 
 Transaction::~Transaction()
 {
-    if (!m_done) {
-        try {
+    if (m_done)
+        return;
+    --m_db.m_avoimia;
+    try {
+        if (m_taso == 0) {
             m_db.execute(QStringLiteral("ROLLBACK"));
-        } catch (...) {
+        } else {
+            m_db.execute(QStringLiteral("ROLLBACK TO s%1").arg(m_taso));
+            m_db.execute(QStringLiteral("RELEASE s%1").arg(m_taso));
         }
+    } catch (...) {
     }
 }
 
 void Transaction::commit()
 {
-    m_db.execute(QStringLiteral("COMMIT"));
+    if (m_done)
+        return;
+    if (m_db.m_avoimia != m_taso + 1)
+        throw DbError(ErrorKind::Other, QStringLiteral("Sisempi tapahtuma on vielä kesken."));
+    m_db.execute(m_taso == 0 ? QStringLiteral("COMMIT") : QStringLiteral("RELEASE s%1").arg(m_taso));
+    --m_db.m_avoimia;
     m_done = true;
 }
 

@@ -132,8 +132,12 @@ public:
     // Translates the last SQLite failure into the program's error.
     [[noreturn]] void fail(int code, const QString &context = {});
 
+    // True while a Transaction of this connection is open.
+    bool inTransaction() const { return m_avoimia > 0; }
+
 private:
     friend class Statement;
+    friend class Transaction;
     Database(sqlite3 *db, const QString &path);
     void configure();
     // Prepared statements are kept for their next use: a report or a bulk run asks the same
@@ -144,10 +148,12 @@ private:
     sqlite3 *m_db = nullptr;
     QString m_path;
     QHash<QString, sqlite3_stmt *> m_valmiit;
+    int m_avoimia = 0; // open Transaction objects on this connection
     std::shared_ptr<void> m_elossa = std::make_shared<int>(0);
 };
 
-// Rolls back unless committed: a run whose writes belong together commits as one.
+// Rolls back unless committed: a run whose writes belong together commits as one. Nests: the
+// outermost is BEGIN IMMEDIATE, an inner one a SAVEPOINT that rolls back only its own part.
 class Transaction {
 public:
     explicit Transaction(Database &db);
@@ -158,6 +164,7 @@ public:
 
 private:
     Database &m_db;
+    int m_taso;
     bool m_done = false;
 };
 

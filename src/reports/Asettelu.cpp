@@ -1,4 +1,5 @@
 #include "reports/Asettelu.h"
+#include "platform/kello.h"
 
 #include "platform/files.h"
 #include "reports/RaporttiVirhe.h"
@@ -134,7 +135,7 @@ public:
                              ohitus.bottom() > 0 ? ohitus.bottom() : m.reunat.bottom());
         m_arv.rivit = &r;
         m_arv.kaavat = &v.kaavat;
-        m_arv.tanaan = v.tanaan.isValid() ? v.tanaan : QDate::currentDate();
+        m_arv.tanaan = v.tanaan.isValid() ? v.tanaan : kello::tanaan();
         valmistele();
     }
 

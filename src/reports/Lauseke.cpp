@@ -1,4 +1,5 @@
 #include "reports/Lauseke.h"
+#include "platform/kello.h"
 
 #include "reports/Muotoilu.h"
 #include "reports/RaporttiVirhe.h"
@@ -245,7 +246,7 @@ private:
         if (n == QLatin1String("recordnumber"))
             return qint64(m_a.rivi + 1);
         if (n == QLatin1String("currentdate"))
-            return m_a.tanaan.isValid() ? m_a.tanaan : QDate::currentDate();
+            return m_a.tanaan.isValid() ? m_a.tanaan : kello::tanaan();
         if (n == QLatin1String("sum"))
             return kooste(s, true);
         if (n == QLatin1String("count"))

@@ -96,20 +96,77 @@ private slots:
         QCOMPARE(d->reserveId(QStringLiteral("jr")), qint64(101));
     }
 
-    void transactionRollsBackUnlessCommitted()
+    void transactionsNestAndRollBackTheirOwnPart()
     {
         auto d = fresh();
+        auto lisaa = [&](const char *nimi) {
+            d->execute(QStringLiteral("INSERT INTO jr (jrSukunimi) VALUES (?)"), {QString::fromUtf8(nimi)});
+        };
+        auto nimet = [&] {
+            QStringList n;
+            db::Statement st(*d, QStringLiteral("SELECT jrSukunimi FROM jr ORDER BY jrID"));
+            while (st.next())
+                n << st.value(0).toString();
+            return n.join(QLatin1Char(','));
+        };
         {
             db::Transaction t(*d);
-            d->execute(QStringLiteral("INSERT INTO jr (jrSukunimi) VALUES ('a')"));
+            lisaa("a");
         }
-        QCOMPARE(d->scalar(QStringLiteral("SELECT count(*) FROM jr")).toInt(), 0);
+        QCOMPARE(nimet(), QString());
         {
-            db::Transaction t(*d);
-            d->execute(QStringLiteral("INSERT INTO jr (jrSukunimi) VALUES ('a')"));
-            t.commit();
+            db::Transaction ulompi(*d);
+            lisaa("a");
+            {
+                db::Transaction sisempi(*d);
+                lisaa("b"); // rolled back alone
+            }
+            {
+                db::Transaction sisempi(*d);
+                lisaa("c");
+                sisempi.commit();
+            }
+            QVERIFY(d->inTransaction());
+            ulompi.commit();
         }
-        QCOMPARE(d->scalar(QStringLiteral("SELECT count(*) FROM jr")).toInt(), 1);
+        QCOMPARE(nimet(), QStringLiteral("a,c"));
+        QVERIFY(!d->inTransaction());
+        // An exception through both levels leaves nothing of either.
+        try {
+            db::Transaction ulompi(*d);
+            lisaa("d");
+            db::Transaction sisempi(*d);
+            lisaa("e");
+            sisempi.commit();
+            throw std::runtime_error("kesken");
+        } catch (const std::runtime_error &) {
+        }
+        QCOMPARE(nimet(), QStringLiteral("a,c"));
+        // A committed inner unit is still undone by its outer run's rollback.
+        {
+            db::Transaction ulompi(*d);
+            db::Transaction sisempi(*d);
+            lisaa("f");
+            sisempi.commit();
+        }
+        QCOMPARE(nimet(), QStringLiteral("a,c"));
+        // After all that the connection opens a real transaction again.
+        db::Transaction t(*d);
+        lisaa("g");
+        t.commit();
+        QCOMPARE(nimet(), QStringLiteral("a,c,g"));
+    }
+
+    void nullStringsAndInvalidDatesBindAsNull()
+    {
+        auto d = fresh();
+        d->execute(QStringLiteral("CREATE TABLE v (t TEXT, p TEXT, a TEXT)"));
+        d->execute(QStringLiteral("INSERT INTO v VALUES (?, ?, ?)"), {QString(), QDate(), QDateTime()});
+        d->execute(QStringLiteral("INSERT INTO v VALUES (?, ?, ?)"),
+                   {QStringLiteral(""), QDate(2026, 1, 2), QDateTime(QDate(2026, 1, 2), QTime(3, 4, 5))});
+        QCOMPARE(d->scalar(QStringLiteral("SELECT count(*) FROM v WHERE t IS NULL AND p IS NULL AND a IS NULL")).toInt(), 1);
+        QCOMPARE(d->scalar(QStringLiteral("SELECT p || '/' || a FROM v WHERE t = ''")).toString(),
+                 QStringLiteral("2026-01-02/2026-01-02 03:04:05"));
     }
 
     void finnishOrderAndFunctions()

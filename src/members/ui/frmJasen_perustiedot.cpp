@@ -1,5 +1,6 @@
 // The "Perustiedot" and "Muistio" pages: the member's own fields and what typing in them does.
 #include "members/ui/frmJasen.h"
+#include "platform/kello.h"
 
 #include "core/Misc.h"
 #include "platform/dialogs.h"
@@ -158,7 +159,7 @@ bool frmJasen::LiittymaNappain(QKeyEvent *k)
     if (muutos == 0)
         return false;
     QLineEdit *t = tYhteystiedot[iLiittyma];
-    t->setText(SiirraPaivaa(t->text(), muutos, QDate::currentDate()));
+    t->setText(SiirraPaivaa(t->text(), muutos, kello::tanaan()));
     return true;
 }
 
