@@ -1,6 +1,7 @@
 // The composition root: Qt application, Finnish locale, real dialogs, then the start-up.
 #include "core/ui/Main.h"
 #include "core/ui/frmMain.h"
+#include "platform/ui/Edistymispalkki.h"
 #include "platform/ui/QtDialogs.h"
 #include "reports/ui/Raporttitulostus.h"
 
@@ -24,9 +25,13 @@ int main(int argc, char **argv)
     dlg::QtDialogs dialogit;
     dlg::install(&dialogit);
     AsennaTulostuskohde();
+    AsetaEdistymisenLuoja([](const QString &otsikko) -> std::unique_ptr<Edistyminen> {
+        return std::make_unique<Edistymisikkuna>(QApplication::activeWindow(), otsikko);
+    });
 
     const std::unique_ptr<frmMain> ikkuna = Main();
     const int tulos = ikkuna ? app.exec() : 0;
+    AsetaEdistymisenLuoja({});
     dlg::install(nullptr);
     return tulos;
 }

@@ -5,6 +5,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <optional>
+
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -30,7 +32,7 @@ void tallennaKansio(const QString &tiedosto)
     }
 }
 
-bool tarkistaKopio(const QString &polku, const Rivimaarat &odotetut, bool taysi, Virhe *virhe)
+bool tarkistaKopio(const QString &polku, const Rivimaarat &odotetut, bool taysi, Edistyminen *edistyminen, Virhe *virhe)
 {
     const int vioittunut = db::errorNumber(db::ErrorKind::Corrupt);
     try {
@@ -39,6 +41,7 @@ bool tarkistaKopio(const QString &polku, const Rivimaarat &odotetut, bool taysi,
         // the field rules would only multiply its time.
         d->execute(QStringLiteral("PRAGMA ignore_check_constraints=ON"));
         d->execute(QStringLiteral("PRAGMA mmap_size=1073741824"));
+        KantaVahti vahti(*d, edistyminen);
         QString raportti;
         if (!eheystarkistus(*d, taysi, &raportti)) {
             *virhe = {vioittunut, QStringLiteral("Kopio ei läpäissyt eheystarkistusta: %1").arg(raportti.left(300))};
@@ -56,13 +59,15 @@ bool tarkistaKopio(const QString &polku, const Rivimaarat &odotetut, bool taysi,
 }
 
 // Takes the snapshot under the temporary name; the counts are of the very state copied.
-bool otaTilannekuva(const QString &lahde, const QString &kesken, bool lukitse, Rivimaarat *ennen, Virhe *virhe)
+bool otaTilannekuva(const QString &lahde, const QString &kesken, bool lukitse, Edistyminen *edistyminen,
+                    Rivimaarat *ennen, Virhe *virhe)
 {
     try {
         std::unique_ptr<db::Database> lukko;
+        std::optional<db::Transaction> kirjoittajatOdottavat; // rolled back: it only holds the lock
         if (lukitse) {
             lukko = db::Database::open(lahde);
-            lukko->execute(QStringLiteral("BEGIN IMMEDIATE"));
+            kirjoittajatOdottavat.emplace(*lukko);
             *ennen = laskeRivit(*lukko);
         }
         {
@@ -72,10 +77,9 @@ bool otaTilannekuva(const QString &lahde, const QString &kesken, bool lukitse, R
             lukija->execute(QStringLiteral("PRAGMA mmap_size=1073741824"));
             if (!lukitse)
                 *ennen = laskeRivit(*lukija);
+            KantaVahti vahti(*lukija, edistyminen);
             lukija->execute(QStringLiteral("VACUUM INTO ?"), {kesken});
         }
-        if (lukko)
-            lukko->execute(QStringLiteral("ROLLBACK"));
         return true;
     } catch (const db::DbError &e) {
         *virhe = virheKannasta(e);
@@ -192,12 +196,17 @@ bool kopioiTietokanta(const QString &lahde, const QString &kohde, const Kopioint
         return false;
     }
     Rivimaarat ennen;
-    if (!otaTilannekuva(lahde, kesken, tapa.lukitseLahde, &ennen, virhe)
-        || !tallennaLevylle(kesken, virhe)
-        || !tarkistaKopio(kesken, ennen, tapa.taysiTarkistus, virhe)
-        || !annaNimi(kesken, kohde, tapa.korvaaKohde, virhe)) {
+    try {
+        if (!otaTilannekuva(lahde, kesken, tapa.lukitseLahde, tapa.edistyminen, &ennen, virhe)
+            || !tallennaLevylle(kesken, virhe)
+            || !tarkistaKopio(kesken, ennen, tapa.taysiTarkistus, tapa.edistyminen, virhe)
+            || !annaNimi(kesken, kohde, tapa.korvaaKohde, virhe)) {
+            poistaTietokantatiedosto(kesken);
+            return false;
+        }
+    } catch (const Keskeytetty &) {
         poistaTietokantatiedosto(kesken);
-        return false;
+        throw;
     }
     if (maarat)
         *maarat = ennen;

@@ -2,6 +2,7 @@
 // working file missing or half-written, whatever moment the process is stopped at.
 #pragma once
 
+#include "platform/ajo.h"
 #include "platform/database.h"
 
 #include <QMap>
@@ -29,6 +30,8 @@ struct Kopiointi {
     bool korvaaKohde = false;
     // A full integrity check of the copy, or the quick one where speed matters more.
     bool taysiTarkistus = true;
+    // Shows the copy and the check working; a stop removes what was written and throws Keskeytetty.
+    Edistyminen *edistyminen = nullptr;
 };
 
 // PRAGMA integrity_check, or quick_check when not `taysi`; the report of what was found.

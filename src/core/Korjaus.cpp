@@ -61,7 +61,17 @@ bool KorjaaTietokanta(bool asetuksista)
     kanta::Virhe v;
     kanta::Pelastus pelastus;
     kanta::poistaTietokantatiedosto(tulos);
-    if (!kanta::pelastaTietokanta(kanta, tulos, &pelastus, &v)) {
+    bool pelastettu = false;
+    try {
+        const std::unique_ptr<Edistyminen> edistyminen = UusiEdistyminen(QStringLiteral("Tietokannan korjaus"));
+        pelastettu = kanta::pelastaTietokanta(kanta, tulos, &pelastus, &v, edistyminen.get());
+    } catch (const Keskeytetty &) {
+        kanta::poistaTietokantatiedosto(tulos);
+        Ilmoita(QStringLiteral("Tietokannan korjaus keskeytettiin.") + kRivi
+                + QStringLiteral("Tietokantatiedostoa ei ole muutettu: ") + kanta);
+        return false;
+    }
+    if (!pelastettu) {
         kanta::poistaTietokantatiedosto(tulos);
         Ilmoita(QStringLiteral("Tietokannan korjaus ei onnistunut. Palauta tietokanta varmuuskopiolta ennen kuin jatkat Vonarin käyttöä.")
                 + kRivi + QStringLiteral("(%1 / %2)").arg(v.numero).arg(v.kuvaus) + kRivi

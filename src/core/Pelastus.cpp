@@ -161,10 +161,12 @@ void kopioiLaskurit(db::Database &d)
 
 } // namespace
 
-bool pelastaTietokanta(const QString &vioittunut, const QString &uusi, Pelastus *tulos, Virhe *virhe)
+bool pelastaTietokanta(const QString &vioittunut, const QString &uusi, Pelastus *tulos, Virhe *virhe,
+                       Edistyminen *edistyminen)
 {
     try {
         auto d = db::Database::create(uusi);
+        KantaVahti vahti(*d, edistyminen);
         // Flushed once at the end: a stopped salvage leaves only this output, which is redone.
         d->execute(QStringLiteral("PRAGMA synchronous=OFF"));
         // Lets a file shorter than its header says be read as far as it goes.

@@ -13,7 +13,9 @@ struct Pelastus {
 };
 
 // Builds `uusi` from the schema and the readable rows of `vioittunut`, which is only read.
-// False when not even the schema can be read or the new file cannot be written.
-bool pelastaTietokanta(const QString &vioittunut, const QString &uusi, Pelastus *tulos, Virhe *virhe);
+// False when not even the schema can be read or the new file cannot be written. A stop throws
+// Keskeytetty; the caller removes the half-written `uusi`.
+bool pelastaTietokanta(const QString &vioittunut, const QString &uusi, Pelastus *tulos, Virhe *virhe,
+                       Edistyminen *edistyminen = nullptr);
 
 } // namespace kanta

@@ -35,7 +35,7 @@ QString tilanne(const QString &kanta, const QString &kopio)
         + QStringLiteral("Varmuuskopio on tallessa: ") + kopio;
 }
 
-bool kopioiVarmuuskopioksi(const QString &kanta, const QString &kopio, Virhe *v)
+bool kopioiVarmuuskopioksi(const QString &kanta, const QString &kopio, Edistyminen *edistyminen, Virhe *v)
 {
     const QString kansio = MainModule::BackupPath;
     if (kansio.isEmpty() || !kansio.endsWith(QLatin1Char('/'))) {
@@ -57,6 +57,7 @@ bool kopioiVarmuuskopioksi(const QString &kanta, const QString &kopio, Virhe *v)
     kanta::Kopiointi tapa;
     tapa.lukitseLahde = true;
     tapa.korvaaKohde = true;
+    tapa.edistyminen = edistyminen;
     return kanta::kopioiTietokanta(kanta, kopio, tapa, v);
 }
 
@@ -72,7 +73,7 @@ void poistaMerkinnat(const QString &kanta)
 
 // Steps of the compaction: the output is a checked snapshot with the marked rows, made while
 // nobody else has the file open.
-bool tiivista(const QString &kanta, const QString &tulos, Virhe *v)
+bool tiivista(const QString &kanta, const QString &tulos, Edistyminen *edistyminen, Virhe *v)
 {
     if (!kanta::poistaTietokantatiedosto(tulos)) {
         *v = kanta::virheJarjestelmasta(errno, tulos);
@@ -82,6 +83,7 @@ bool tiivista(const QString &kanta, const QString &tulos, Virhe *v)
     tapa.lukitseLahde = true;
     tapa.korvaaKohde = true;
     tapa.taysiTarkistus = false;
+    tapa.edistyminen = edistyminen;
     if (!kanta::kopioiTietokanta(kanta, tulos, tapa, v))
         return false;
     if (kanta::muuKayttajaPaalla(kanta)) {
@@ -92,7 +94,7 @@ bool tiivista(const QString &kanta, const QString &tulos, Virhe *v)
     return true;
 }
 
-bool jarjestaUudelleen(const QString &kanta, const QString &kopio)
+bool jarjestaUudelleen(const QString &kanta, const QString &kopio, Edistyminen *edistyminen)
 {
     try {
         auto db = db::Database::open(kanta);
@@ -105,7 +107,15 @@ bool jarjestaUudelleen(const QString &kanta, const QString &kopio)
 
     const QString tulos = JarjestelynTulos(kanta);
     Virhe v;
-    const bool tiivistetty = tiivista(kanta, tulos, &v);
+    bool tiivistetty = false;
+    try {
+        tiivistetty = tiivista(kanta, tulos, edistyminen, &v);
+    } catch (const Keskeytetty &) {
+        // Stopped before the swap: the database is as it was, without the marks.
+        kanta::poistaTietokantatiedosto(tulos);
+        poistaMerkinnat(kanta);
+        throw;
+    }
     if (QCoreApplication::instance())
         QCoreApplication::processEvents();
     if (!tiivistetty) {
@@ -169,12 +179,18 @@ bool TeeVarmuuskopio()
 
     const QString kopio = VarmuuskopionNimi(BackupPath, kanta);
     Virhe v;
-    if (!kopioiVarmuuskopioksi(kanta, kopio, &v)) {
-        IlmoitaVirhe(kopiointiVirhe(kanta, kopio, v));
+    try {
+        const std::unique_ptr<Edistyminen> edistyminen = UusiEdistyminen(QStringLiteral("Varmuuskopiointi ja uudelleenjärjestely"));
+        if (!kopioiVarmuuskopioksi(kanta, kopio, edistyminen.get(), &v)) {
+            IlmoitaVirhe(kopiointiVirhe(kanta, kopio, v));
+            return false;
+        }
+        if (!jarjestaUudelleen(kanta, kopio, edistyminen.get()))
+            return false;
+    } catch (const Keskeytetty &) {
+        Ilmoita(QStringLiteral("Varmuuskopiointi ja uudelleenjärjestely keskeytettiin. Tietokanta on ennallaan."));
         return false;
     }
-    if (!jarjestaUudelleen(kanta, kopio))
-        return false;
     Ilmoita(QStringLiteral("Tietokannan varmuuskopiointi ja uudelleenjärjestely valmis."));
     kirjaaVarmuuskopionPaiva(kanta);
     return true;

@@ -49,9 +49,10 @@ QVector<ListaRivi> JasenLista(db::Database &db)
     return rivit;
 }
 
-LiitosTulos Moniliitos(db::Database &db, qint64 piID, const QVector<qint64> &jasenet, const ArvoSyote &arvot,
+LiitosTulos Moniliitos(const Ajo &ajo, qint64 piID, const QVector<qint64> &jasenet, const ArvoSyote &arvot,
                        bool vainUusille)
 {
+    db::Database &db = ajo.kanta;
     const TallennettavatArvot a = Tallennettaviksi(arvot);
     // ?1 attribute, ?2–?5 the values, ?6 the member.
     QString sql = lisaysSarakkeet + QStringLiteral("SELECT ?1, ?6, ?2, ?3, ?4, ?5");
@@ -62,8 +63,9 @@ LiitosTulos Moniliitos(db::Database &db, qint64 piID, const QVector<qint64> &jas
     db::Transaction tx(db);
     const qint64 ennen = riveja(db);
     db::Statement lisays(db, sql, p);
-    for (qint64 jrID : jasenet) {
-        p[5] = qlonglong(jrID);
+    for (qsizetype i = 0; i < jasenet.size(); ++i) {
+        ajo.askel(i, jasenet.size());
+        p[5] = qlonglong(jasenet[i]);
         lisays.reset(p);
         lisays.next();
     }
@@ -72,9 +74,10 @@ LiitosTulos Moniliitos(db::Database &db, qint64 piID, const QVector<qint64> &jas
     return tulos(lisatty, a);
 }
 
-LiitosTulos LisaaSyntymapaivanPerusteella(db::Database &db, qint64 piID, const QDate &vanhin, const QDate &nuorin,
+LiitosTulos LisaaSyntymapaivanPerusteella(const Ajo &ajo, qint64 piID, const QDate &vanhin, const QDate &nuorin,
                                           const ArvoSyote &arvot, bool vainUusille)
 {
+    db::Database &db = ajo.kanta;
     const TallennettavatArvot a = Tallennettaviksi(arvot);
     db::Params p = arvoParametrit(piID, a);
     // Whole days: a birth date is a day, whatever time of day a file may carry with it.
@@ -91,6 +94,7 @@ LiitosTulos LisaaSyntymapaivanPerusteella(db::Database &db, qint64 piID, const Q
         return {};
     if (vainUusille)
         ehdot << toistoEhto(QStringLiteral("jr.jrID"));
+    KantaVahti vahti(db, ajo.edistyminen);
     db::Transaction tx(db);
     const int lisatty = db.execute(lisaysSarakkeet + QStringLiteral("SELECT ?1, jrID, ?2, ?3, ?4, ?5 FROM jr WHERE ")
                                        + ehdot.join(QStringLiteral(" AND ")) + QStringLiteral(" ORDER BY jrID"),
@@ -99,8 +103,10 @@ LiitosTulos LisaaSyntymapaivanPerusteella(db::Database &db, qint64 piID, const Q
     return tulos(lisatty, a);
 }
 
-int PoistaOminaisuus(db::Database &db, qint64 poistettava, qint64 ehto)
+int PoistaOminaisuus(const Ajo &ajo, qint64 poistettava, qint64 ehto)
 {
+    db::Database &db = ajo.kanta;
+    KantaVahti vahti(db, ajo.edistyminen);
     db::Transaction tx(db);
     const int jasenia = int(NullLong(db.scalar(
         QStringLiteral("SELECT count(*) FROM jr, pt WHERE pt.ptjrID = jr.jrID AND pt.ptpiID = ?"), {ehto})));
@@ -111,8 +117,10 @@ int PoistaOminaisuus(db::Database &db, qint64 poistettava, qint64 ehto)
     return jasenia;
 }
 
-void YhdistaOminaisuus(db::Database &db, qint64 yhdistettava, qint64 kohde)
+void YhdistaOminaisuus(const Ajo &ajo, qint64 yhdistettava, qint64 kohde)
 {
+    db::Database &db = ajo.kanta;
+    KantaVahti vahti(db, ajo.edistyminen);
     db::Transaction tx(db);
     db.execute(QStringLiteral("UPDATE pt SET ptpiID = ? WHERE ptpiID = ?"), {kohde, yhdistettava});
     tx.commit();

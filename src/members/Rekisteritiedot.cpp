@@ -155,8 +155,9 @@ QString KoostaRekisteritiedot(qint64 jrID, bool yhteys, bool omin, bool perh, bo
     return KoostaRekisteritiedot(*d, jrID, yhteys, omin, perh, maks);
 }
 
-void TaytaRekisteritiedot(db::Database &d, const cRekisteritietovalinta &v)
+void TaytaRekisteritiedot(const Ajo &ajo, const cRekisteritietovalinta &v)
 {
+    db::Database &d = ajo.kanta;
     db::Transaction t(d);
     d.execute(QStringLiteral("DELETE FROM Rekisteritiedot"));
     QVector<qint64> idt;
@@ -165,8 +166,11 @@ void TaytaRekisteritiedot(db::Database &d, const cRekisteritietovalinta &v)
         while (s.next())
             idt << s.value(0).toLongLong();
     }
-    for (qint64 id : idt)
+    for (qsizetype i = 0; i < idt.size(); ++i) {
+        ajo.askel(i, idt.size());
+        const qint64 id = idt[i];
         d.execute(QStringLiteral("INSERT INTO Rekisteritiedot (jrID, Tiedot) VALUES (?, ?)"),
                   {id, KoostaRekisteritiedot(d, id, v.Yhteystiedot, v.Ominaisuustiedot, v.Perhetiedot, v.Maksutiedot)});
+    }
     t.commit();
 }

@@ -3,6 +3,7 @@
 // table Rekisteritiedot for the register-information printout.
 #pragma once
 
+#include "platform/ajo.h"
 #include "platform/database.h"
 
 #include <QString>
@@ -21,4 +22,5 @@ QString KoostaRekisteritiedot(db::Database &d, qint64 jrID, bool yhteystiedot, b
 QString KoostaRekisteritiedot(qint64 jrID, bool yhteystiedot, bool ominaisuudet, bool perhe, bool maksut);
 
 // Rebuilds the table Rekisteritiedot whole: one row for each member, whatever the selection.
-void TaytaRekisteritiedot(db::Database &d, const cRekisteritietovalinta &valinta);
+// Stopping the run leaves the table as it was.
+void TaytaRekisteritiedot(const Ajo &ajo, const cRekisteritietovalinta &valinta);

@@ -1,4 +1,6 @@
 #include "platform/database.h"
+
+#include "platform/ajo.h"
 #include "platform/sqlfunctions.h"
 
 #include <QDate>
@@ -287,8 +289,28 @@ void Database::close()
     }
 }
 
+int Database::kysyKeskeytysta(void *self)
+{
+    auto *d = static_cast<Database *>(self);
+    if (d->m_keskeyta && d->m_keskeyta())
+        d->m_keskeytetty = true;
+    return d->m_keskeytetty ? 1 : 0;
+}
+
+void Database::setInterruptCheck(std::function<bool()> keskeyta)
+{
+    m_keskeyta = std::move(keskeyta);
+    m_keskeytetty = false;
+    // About every 50,000 virtual machine steps: a few hundred times a second.
+    sqlite3_progress_handler(m_db, m_keskeyta ? 50000 : 0, m_keskeyta ? &Database::kysyKeskeytysta : nullptr, this);
+}
+
 void Database::fail(int code, const QString &context)
 {
+    if ((code & 0xff) == SQLITE_INTERRUPT && m_keskeytetty) {
+        m_keskeytetty = false;
+        throw Keskeytetty();
+    }
     const char *msg = m_db ? sqlite3_errmsg(m_db) : "";
     const int ext = m_db ? sqlite3_extended_errcode(m_db) : code;
     const ErrorKind kind = kindOf(ext ? ext : code, msg);

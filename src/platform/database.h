@@ -9,6 +9,7 @@
 #include <QStringList>
 #include <QVariant>
 #include <QVector>
+#include <functional>
 #include <memory>
 #include <stdexcept>
 
@@ -132,6 +133,10 @@ public:
     // Translates the last SQLite failure into the program's error.
     [[noreturn]] void fail(int code, const QString &context = {});
 
+    // Long statements (a copy, a check, a set-wise insert) ask `keskeyta` now and then; when it
+    // answers true the statement stops and throws Keskeytetty. An empty function removes it.
+    void setInterruptCheck(std::function<bool()> keskeyta);
+
     // True while a Transaction of this connection is open.
     bool inTransaction() const { return m_avoimia > 0; }
 
@@ -149,6 +154,9 @@ private:
     QString m_path;
     QHash<QString, sqlite3_stmt *> m_valmiit;
     int m_avoimia = 0; // open Transaction objects on this connection
+    std::function<bool()> m_keskeyta;
+    bool m_keskeytetty = false;
+    static int kysyKeskeytysta(void *self);
     std::shared_ptr<void> m_elossa = std::make_shared<int>(0);
 };
 

@@ -135,7 +135,7 @@ public:
                              ohitus.bottom() > 0 ? ohitus.bottom() : m.reunat.bottom());
         m_arv.rivit = &r;
         m_arv.kaavat = &v.kaavat;
-        m_arv.tanaan = v.tanaan.isValid() ? v.tanaan : kello::tanaan();
+        m_arv.tanaan = v.tanaan.isValid() ? v.tanaan : v.ajo ? v.ajo->tanaan : kello::tanaan();
         valmistele();
     }
 
@@ -154,6 +154,8 @@ public:
         const int tasoja = int(m_ryhmat.size());
         std::vector<int> alku(size_t(tasoja), 0);
         for (int i = 0; i < n; ++i) {
+            if (m_v.ajo)
+                m_v.ajo->askel(i, n);
             m_rivi = i;
             const int muutos = m_muutos[size_t(i)];
             if (i > 0 && muutos > 0)

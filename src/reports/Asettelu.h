@@ -5,6 +5,7 @@
 
 #include "reports/Asiakirja.h"
 #include "reports/Lauseke.h"
+#include "platform/ajo.h"
 
 // A font handed in for one section of the report at run time. The section is "ALL", "DETAIL",
 // "TITLE" (report header), "HEADER" (page header), "FOOTER" (page footer), "SUMMARY" (report
@@ -27,6 +28,7 @@ struct Asetteluvalinnat {
     std::vector<Osiofontti> osiofontit;
     QMarginsF reunat;                    // twips; a side of 0 keeps the definition's margin
     QDate tanaan;                        // CurrentDate; today when not set
+    const Ajo *ajo = nullptr;            // where progress goes and a stop comes from
 };
 
 // Throws RaporttiVirhe for an unknown formula or function, or an image that is not there.

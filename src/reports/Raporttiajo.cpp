@@ -7,6 +7,8 @@
 #include "reports/RaporttiVirhe.h"
 #include "reports/Tietolahde.h"
 
+#include <optional>
+
 namespace {
 
 Tulostuskohde *g_kohde = nullptr;
@@ -48,6 +50,7 @@ void Raporttiajo::ResetReportFormulas(const QString &tietokanta)
 {
     WindowShowPrintBtn = true;
     WindowState = 2;
+    ajo = nullptr;
     for (QString &d : DataFiles)
         d = tietokanta;
     SelectionFormula.clear();
@@ -82,17 +85,28 @@ Asiakirja Raporttiajo::Laadi() const
         if (auto f = JasennaOsiofontti(s))
             v.osiofontit.push_back(*f);
     v.reunat = QMarginsF(MarginLeft, MarginTop, MarginRight, MarginBottom);
+    v.ajo = ajo;
+    std::unique_ptr<Edistyminen> omaEdistyminen;
+    std::optional<Ajo> omaAjo;
 
-    if (DataFiles[0].trimmed().isEmpty())
-        throw RaporttiVirhe(QStringLiteral("Raportille %1 ei ole annettu tietokantaa.").arg(m.tiedosto));
-    std::unique_ptr<db::Database> tk;
-    try {
-        tk = db::Database::open(DataFiles[0], db::OpenMode::ReadOnly);
-    } catch (const db::DbError &e) {
-        throw RaporttiVirhe(QStringLiteral("Tietokantaa %1 ei voi avata raporttia varten: %2").arg(DataFiles[0], e.message()));
+    std::unique_ptr<db::Database> oma;
+    if (!ajo) {
+        if (DataFiles[0].trimmed().isEmpty())
+            throw RaporttiVirhe(QStringLiteral("Raportille %1 ei ole annettu tietokantaa.").arg(m.tiedosto));
+        try {
+            oma = db::Database::open(DataFiles[0], db::OpenMode::ReadOnly);
+        } catch (const db::DbError &e) {
+            throw RaporttiVirhe(QStringLiteral("Tietokantaa %1 ei voi avata raporttia varten: %2").arg(DataFiles[0], e.message()));
+        }
+    }
+    db::Database &tk = ajo ? ajo->kanta : *oma;
+    if (!ajo) {
+        omaEdistyminen = UusiEdistyminen(QStringLiteral("Raporttia laaditaan"));
+        omaAjo.emplace(tk, omaEdistyminen.get());
+        v.ajo = &*omaAjo;
     }
 
-    Tietolahde lahde(*tk, m, v.kaavat);
+    Tietolahde lahde(tk, m, v.kaavat);
     sidoKaikki(m, lahde, v.kaavat);
 
     // The report's own selection and the program's must both hold.
@@ -128,14 +142,22 @@ Asiakirja Raporttiajo::Laadi() const
         jarjestysArvot += e.arvot;
     }
 
-    const Rivisto rivit = lahde.hae(valinta, jarjestys, jarjestysArvot);
+    const Rivisto rivit = [&] {
+        KantaVahti vahti(tk, v.ajo ? v.ajo->edistyminen : nullptr);
+        return lahde.hae(valinta, jarjestys, jarjestysArvot);
+    }();
     m_sql = lahde.sql();
     return Aseta(m, rivit, v);
 }
 
 void Raporttiajo::Aja()
 {
-    Toimita(Laadi());
+    try {
+        Toimita(Laadi());
+    } catch (const Keskeytetty &) {
+        if (ajo)
+            throw;
+    }
 }
 
 void Raporttiajo::Toimita(const Asiakirja &d)

@@ -7,6 +7,7 @@
 #pragma once
 
 #include "reports/Asiakirja.h"
+#include "platform/ajo.h"
 
 #include <QString>
 
@@ -29,11 +30,16 @@ public:
     int MarginLeft = 0, MarginRight = 0, MarginTop = 0, MarginBottom = 0;
     QString PrintFileName;      // the file of the PdfTiedosto destination
 
+    // A run's own connection, date and progress: the report then reads what the run has written
+    // and not yet committed. Without one the report opens the database of DataFiles[0].
+    const Ajo *ajo = nullptr;
+
     // Back to a clean run: every data slot on `tietokanta`, no selection, formulas or sort
     // fields, the preview's print button on and the preview maximised.
     void ResetReportFormulas(const QString &tietokanta);
 
-    // Writing 1 runs the report (Aja); other values do nothing.
+    // Writing 1 runs the report (Aja); other values do nothing. A report the user stops in its
+    // own progress window prints nothing; a stop of a run's progress goes on to the run.
     void setAction(int arvo);
 
     // Lays out and sends to the destination. Throws RaporttiVirhe, also when nothing matches

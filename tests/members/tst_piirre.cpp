@@ -314,7 +314,7 @@ private slots:
     void nimettomatPoistetaanListanAlusta()
     {
         uusiPiirre(*d, QVariant());
-        uusiPiirre(*d, QString());
+        uusiPiirre(*d, QStringLiteral(""));
         uusiPiirre(*d, QStringLiteral("Bee"));
         QCOMPARE(Maaritykset(*d, false).size(), 3);
         const auto pit = Maaritykset(*d, true);

@@ -19,12 +19,12 @@ double mm(double x) { return x * yksikko::TwipsiaMillilla; }
 
 QString nimi(const TestiJasen &j) { return j.sukunimi + u' ' + j.etunimi; }
 
-struct Ajo {
+struct Laadinta {
     QString tietokanta = {}, raportti = {}, valinta = {};
     QStringList lajittelut = {}, kaavat = {}, osiofontit = {};
 };
 
-Asiakirja laadi(const Ajo &a)
+Asiakirja laadi(const Laadinta &a)
 {
     Raporttiajo r;
     r.ResetReportFormulas(a.tietokanta);
@@ -326,7 +326,7 @@ private slots:
     <teksti x="10" y="0" leveys="80" korkeus="5" lauseke="{jasen.jrEtunimi}"/>
   </rivi>
 </raportti>)xml");
-        Ajo ajo{kanta, maaritys};
+        Laadinta ajo{kanta, maaritys};
         Asiakirja doc = laadi(ajo);
         QCOMPARE(doc.tekstit(0), (QStringList{u"Aalto"_s, u"maksamatta"_s, puoliso.etunimi, lapsi.etunimi}));
         const auto kohteet = doc.tekstikohteet(0);

@@ -13,6 +13,7 @@
 #include "reports/ui/frmRekisteritiedot.h"
 #include "reports/ui/frmTulostus.h"
 #include "reports/ui/frmTulostusmuodonvalinta.h"
+#include "platform/ui/Edistymispalkki.h"
 
 namespace {
 void Tulostusvirhe(const QString &teksti) { IlmoitaVirhe(QStringLiteral("Virhe tulostettaessa raporttia: ") + teksti); }
@@ -95,8 +96,10 @@ void frmJasen::mRapRajausOminaisuudella_Click()
     try {
         const JasenRaportti r = ListaRaportti(Haku.iPrintType, Haku.iTulJarj, KoostaValintakaava(*m_db),
                                               KoostaRajausteksti(*m_db));
-        if (Haku.iPrintType == 7)
-            TaytaRekisteritiedot(*m_db, osiot);
+        if (Haku.iPrintType == 7
+            && !AjaEdistyen(this, QStringLiteral("Rekisteritietoja kootaan"),
+                            [&](Edistyminen *e) { TaytaRekisteritiedot(Ajo(*m_db, e), osiot); }))
+            return;
         if (Haku.iPrintType == 8)
             PaivitaKadut(*m_db);
         AjaJasenRaportti(r);

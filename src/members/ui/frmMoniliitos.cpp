@@ -4,6 +4,7 @@
 #include "core/Misc.h"
 #include "core/ui/uihelpers.h"
 #include "members/PiirreJoukko.h"
+#include "platform/ui/Edistymispalkki.h"
 #include "members/ui/Ikkunaapu.h"
 #include "members/ui/LiitosPohja.h"
 #include "members/ui/ListaMalli.h"
@@ -89,7 +90,12 @@ void frmMoniliitos::lisaa()
         cMouseCursor osoitin;
         osoitin.SetCursor(this, Qt::WaitCursor);
         auto d = ikkuna::AvaaKanta();
-        pohja->tyhjenna(Moniliitos(*d, piID, jasenet, pohja->syote(), pohja->vainUusille()).tyhjenna);
+        LiitosTulos t;
+        if (!AjaEdistyen(this, QStringLiteral("Ominaisuutta lisätään"), [&](Edistyminen *e) {
+                t = Moniliitos(Ajo(*d, e), piID, jasenet, pohja->syote(), pohja->vainUusille());
+            }))
+            return;
+        pohja->tyhjenna(t.tyhjenna);
     }
     Ilmoita(QStringLiteral("Ominaisuus lisätty!"));
 }

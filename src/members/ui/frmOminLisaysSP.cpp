@@ -4,6 +4,7 @@
 #include "core/Misc.h"
 #include "core/ui/uihelpers.h"
 #include "members/PiirreJoukko.h"
+#include "platform/ui/Edistymispalkki.h"
 #include "members/ui/Ikkunaapu.h"
 #include "members/ui/LiitosPohja.h"
 
@@ -80,7 +81,10 @@ void frmOminLisaysSP::lisaa()
         cMouseCursor osoitin;
         osoitin.SetCursor(this, Qt::WaitCursor);
         auto d = ikkuna::AvaaKanta();
-        t = LisaaSyntymapaivanPerusteella(*d, piID, vanhin, nuorin, pohja->syote(), pohja->vainUusille());
+        if (!AjaEdistyen(this, QStringLiteral("Ominaisuutta lisätään"), [&](Edistyminen *e) {
+                t = LisaaSyntymapaivanPerusteella(Ajo(*d, e), piID, vanhin, nuorin, pohja->syote(), pohja->vainUusille());
+            }))
+            return;
     }
     pohja->tyhjenna(t.tyhjenna);
     if (t.lisatty == 0)

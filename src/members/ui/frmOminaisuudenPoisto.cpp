@@ -4,6 +4,7 @@
 #include "core/Misc.h"
 #include "core/ui/uihelpers.h"
 #include "members/PiirreJoukko.h"
+#include "platform/ui/Edistymispalkki.h"
 #include "members/ui/Ikkunaapu.h"
 
 #include <QComboBox>
@@ -34,7 +35,11 @@ void frmOminaisuudenPoisto::poista()
         cMouseCursor osoitin;
         osoitin.SetCursor(this, Qt::WaitCursor);
         auto d = ikkuna::AvaaKanta();
-        jasenia = PoistaOminaisuus(*d, cmbPoistettava->currentData().toLongLong(), cmbPoistoEhto->currentData().toLongLong());
+        if (!AjaEdistyen(this, QStringLiteral("Ominaisuutta poistetaan"), [&](Edistyminen *e) {
+                jasenia = PoistaOminaisuus(Ajo(*d, e), cmbPoistettava->currentData().toLongLong(),
+                                           cmbPoistoEhto->currentData().toLongLong());
+            }))
+            return;
     }
     Ilmoita(QStringLiteral("Valmis: poistettu %1 jäseneltä.").arg(jasenia));
 }

@@ -3,6 +3,7 @@
 #include "core/MainModule.h"
 #include "core/Misc.h"
 #include "members/PiirreJoukko.h"
+#include "platform/ui/Edistymispalkki.h"
 #include "members/ui/Ikkunaapu.h"
 
 #include <QComboBox>
@@ -29,7 +30,11 @@ void frmOminaisuudenYhdistaminen::yhdista()
         return;
     }
     auto d = ikkuna::AvaaKanta();
-    YhdistaOminaisuus(*d, cmbYhdistettava->currentData().toLongLong(), cmbYhdistetaan->currentData().toLongLong());
+    if (!AjaEdistyen(this, QStringLiteral("Ominaisuuksia yhdistetään"), [&](Edistyminen *e) {
+            YhdistaOminaisuus(Ajo(*d, e), cmbYhdistettava->currentData().toLongLong(),
+                              cmbYhdistetaan->currentData().toLongLong());
+        }))
+        return;
     Ilmoita(QStringLiteral("Valmis."));
 }
 

@@ -51,6 +51,7 @@ void AsennaTulostuskohde()
 {
     static QtTulostuskohde kohde;
     AsetaTulostuskohde(&kohde);
+
 }
 
 void TulostaAsiakirja(const Asiakirja &d, QPrinter &tulostin)
