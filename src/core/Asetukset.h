@@ -22,7 +22,7 @@ private:
 // The demonstration database's path in the program's folder.
 QString OletusTietokanta();
 
-void LueIniAsetukset();
+void LueIniAsetukset(const QString &tiedosto = {}); // empty: the workstation's usual file
 void LueAsetukset(db::Database &db);
 void LueVanhatAsetukset();
 

@@ -48,10 +48,10 @@ void lueTyoasemanAvaimet(IniStore &ini)
 
 QString OletusTietokanta() { return OhjelmanTiedosto(QStringLiteral("demo1.mdb")); }
 
-void LueIniAsetukset()
+void LueIniAsetukset(const QString &tiedosto)
 {
     IniStore &ini = MainModule::IniAsetukset();
-    ini.setFileName(files::iniFilePath(MainModule::IniName));
+    ini.setFileName(tiedosto.isEmpty() ? files::iniFilePath(MainModule::IniName) : tiedosto);
     ini.setSection(QStringLiteral("VONARI"));
     if (ini.isMalformed())
         Ilmoita(QStringLiteral("Asetustiedosto %1 on vioittunut tai sitä ei voi lukea. Vonari käynnistyy "

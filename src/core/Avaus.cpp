@@ -197,3 +197,31 @@ std::unique_ptr<db::Database> AvaaTietokantaKaynnistyksessa(bool &lopeta)
         return d;
     }
 }
+
+std::unique_ptr<db::Database> AvaaKomennolle(const QString &polku)
+{
+    MainModule::DatabasePath = polku;
+    std::unique_ptr<db::Database> d;
+    try {
+        d = avaa(polku);
+    } catch (const db::DbError &e) {
+        switch (e.kind()) {
+        case db::ErrorKind::NotFound:
+        case db::ErrorKind::BadPath:
+            IlmoitaVirhe(QStringLiteral("Tietokantaa ei löydy: ") + polku);
+            break;
+        case db::ErrorKind::Corrupt:
+            IlmoitaVirhe(e.message() + kRivi + QStringLiteral("Korjaa tietokanta Vonarissa ennen komennon ajamista."));
+            break;
+        default:
+            IlmoitaVirhe(e.message());
+        }
+        return nullptr;
+    }
+    if (!paivita(*d))
+        return nullptr;
+    siivoaVarmuusrivit(*d);
+    LueAsetukset(*d);
+    return d;
+}
+

@@ -26,6 +26,10 @@ QString PaivitystaEdeltavaKopio(const QString &kanta, const QDate &paiva);
 // Returns the open database on success (the caller reads RegName and closes it), or null when
 // the routine ended without one. Sets `lopeta` when the program must end at once.
 std::unique_ptr<db::Database> AvaaTietokantaKaynnistyksessa(bool &lopeta);
+// Opening for the command-line tool: the same checks and upgrade, but a file that cannot be opened
+// as it is (missing, read-only, damaged, foreign) is only reported, never repaired or changed, and
+// no other database is offered. Null after the message.
+std::unique_ptr<db::Database> AvaaKomennolle(const QString &polku);
 
 // The repair sequence with its messages; `asetuksista` picks the wording of the settings window.
 // True when the repaired file took the database's place (it is used from the next start).

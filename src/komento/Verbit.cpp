@@ -1,0 +1,15 @@
+#include "komento/Komento.h"
+
+namespace komento {
+
+const std::vector<Verbi> &Verbit()
+{
+    static const std::vector<Verbi> verbit{
+        {QStringLiteral("raportti"),
+         QStringLiteral("raportti RAPORTTI ULOS.pdf [--valinta KAAVA] [--lajittelu KENTTÄ]... [--kaava 'Nimi= teksti']..."),
+         Raportti},
+    };
+    return verbit;
+}
+
+} // namespace komento
