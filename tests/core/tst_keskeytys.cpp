@@ -1,0 +1,135 @@
+// Every long run reports its steps and, stopped half way, leaves the club's file as it was.
+#include "core/Kantatiedosto.h"
+#include "core/MainModule.h"
+#include "core/Pelastus.h"
+#include "members/PiirreJoukko.h"
+#include "members/Rekisteritiedot.h"
+#include "pysayttaja.h"
+#include "reports/Raporttiajo.h"
+#include "seurat.h"
+#include "testenv.h"
+
+#include <QtTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+class tst_keskeytys : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestEnv> env;
+    QString kanta;
+    std::unique_ptr<db::Database> d;
+
+    QVector<qint64> jasenet() const
+    {
+        QVector<qint64> idt;
+        db::Statement rs(*d, u"SELECT jrID FROM jr ORDER BY jrID"_s);
+        while (rs.next())
+            idt << rs.value(0).toLongLong();
+        return idt;
+    }
+
+private slots:
+    void init()
+    {
+        env = std::make_unique<TestEnv>();
+        kanta = seurat::Kopio(1000, env->path(u"seura.mdb"_s));
+        d = db::Database::open(kanta);
+    }
+    void cleanup()
+    {
+        d.reset();
+        env.reset();
+    }
+
+    // Stopped half way, each run rolls back what it wrote before the stop: the member loops at their
+    // third member, the set-wise runs at the first report from inside their statement (every member
+    // holds both attributes first, so the statement is long enough to report).
+    void ajoPysahtyyJaPeruu_data()
+    {
+        QTest::addColumn<int>("ajo");
+        QTest::addColumn<int>("kutsussa");
+        QTest::newRow("rekisteritiedot") << 0 << 3;
+        QTest::newRow("moniliitos") << 1 << 3;
+        QTest::newRow("syntymäpäivän mukaan") << 2 << 1;
+        QTest::newRow("ominaisuuden poisto") << 3 << 1;
+        QTest::newRow("yhdistäminen") << 4 << 1;
+    }
+
+    void ajoPysahtyyJaPeruu()
+    {
+        QFETCH(int, ajo);
+        QFETCH(int, kutsussa);
+        const qint64 ensimmainen = d->scalar(u"SELECT MIN(piID) FROM pi"_s).toLongLong();
+        const qint64 toinen = d->scalar(u"SELECT MAX(piID) FROM pi"_s).toLongLong();
+        QVERIFY(ensimmainen != toinen);
+        Moniliitos(Ajo(*d), ensimmainen, jasenet(), {}, true);
+        Moniliitos(Ajo(*d), toinen, jasenet(), {}, true);
+        const QString ennen = seurat::Sisalto(*d);
+        Pysayttaja pysayta(kutsussa);
+        const Ajo a(*d, &pysayta);
+        auto aja = [&] {
+            switch (ajo) {
+            case 0: TaytaRekisteritiedot(a, cRekisteritietovalinta{true, true, true, true}); break;
+            case 1: Moniliitos(a, ensimmainen, jasenet(), {}, false); break;
+            case 2: LisaaSyntymapaivanPerusteella(a, ensimmainen, QDate(1900, 1, 1), QDate(2030, 1, 1), {}, false); break;
+            case 3: PoistaOminaisuus(a, ensimmainen, toinen); break;
+            case 4: YhdistaOminaisuus(a, ensimmainen, toinen); break;
+            }
+        };
+        QVERIFY_THROWS_EXCEPTION(Keskeytetty, aja());
+        QCOMPARE(pysayta.vaiheet.size(), kutsussa);
+        QCOMPARE(seurat::Sisalto(*d), ennen);
+        QVERIFY(!d->inTransaction());
+    }
+
+    // Without a stop the steps climb to the whole.
+    void vaiheetEtenevat()
+    {
+        Pysayttaja kirjaa;
+        TaytaRekisteritiedot(Ajo(*d, &kirjaa), {});
+        QCOMPARE(kirjaa.vaiheet.size(), 1000);
+        QCOMPARE(kirjaa.vaiheet.last().second, 1000);
+        for (int i = 1; i < kirjaa.vaiheet.size(); ++i)
+            QVERIFY(kirjaa.vaiheet[i].first > kirjaa.vaiheet[i - 1].first);
+        QCOMPARE(d->scalar(u"SELECT COUNT(*) FROM Rekisteritiedot"_s).toInt(), 1000);
+    }
+
+    // The report's layout stops between members and writes no file.
+    void raporttiPysahtyy()
+    {
+        Pysayttaja pysayta(2);
+        const Ajo a(*d, &pysayta);
+        Raporttiajo r;
+        r.ResetReportFormulas(kanta);
+        r.ajo = &a;
+        r.ReportFileName = u"jrluetlo"_s;
+        r.PrintFileName = env->path(u"ulos.pdf"_s);
+        r.Destination = Raporttiajo::PdfTiedosto;
+        QVERIFY_THROWS_EXCEPTION(Keskeytetty, r.setAction(1));
+        QVERIFY(!QFile::exists(r.PrintFileName));
+    }
+
+    // A copy and a salvage stopped at their first report leave no target behind them.
+    void kopioJaPelastusPysahtyvat()
+    {
+        d.reset();
+        const QString iso = kanta;
+        const QString kohde = env->path(u"kopio.mdb"_s);
+        Pysayttaja pysayta(1);
+        kanta::Kopiointi tapa;
+        tapa.edistyminen = &pysayta;
+        kanta::Virhe v;
+        QVERIFY_THROWS_EXCEPTION(Keskeytetty, kanta::kopioiTietokanta(iso, kohde, tapa, &v));
+        QVERIFY(!pysayta.vaiheet.isEmpty());
+        QVERIFY(!QFile::exists(kohde));
+
+        Pysayttaja pysayta2(1);
+        kanta::Pelastus p;
+        QVERIFY_THROWS_EXCEPTION(Keskeytetty, kanta::pelastaTietokanta(iso, kohde, &p, &v, &pysayta2));
+        QVERIFY(!pysayta2.vaiheet.isEmpty());
+    }
+};
+
+QTEST_MAIN(tst_keskeytys)
+#include "tst_keskeytys.moc"
