@@ -49,8 +49,11 @@ void muutaLaskunumeroa(db::Database &db, int muutos)
     if (uusi < std::numeric_limits<qint32>::min() || uusi > std::numeric_limits<qint32>::max())
         throw db::DbError(db::ErrorKind::Other,
                           QStringLiteral("Ylivuoto: laskunumero %1 on jo suurin tai pienin mahdollinen.").arg(MainModule::Laskunro));
-    // The number in memory moves first: should the write fail, no number is given twice.
+    // The number in memory moves first: should the write fail, no number is given twice. A run
+    // that rolls back takes its numbers back with it.
+    const long vanha = MainModule::Laskunro;
     MainModule::Laskunro = long(uusi);
+    db.perumisella([vanha] { MainModule::Laskunro = vanha; });
     KantaStore(db).writeString(QStringLiteral("Laskunro"), QString::number(uusi));
 }
 

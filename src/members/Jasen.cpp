@@ -89,8 +89,10 @@ Tallennus TallennaRivi(db::Database &db, db::Recordset &rs, const JasenLomake &l
 QString AnnaJasennumero(db::Database &db)
 {
     const QString numero = QString::number(MainModule::Jasennro);
-    // Memory first: should the write fail, the same number is still not given twice.
-    ++MainModule::Jasennro;
+    // Memory first: should the write fail, the same number is still not given twice. A run that
+    // rolls back takes the number back.
+    const long vanha = MainModule::Jasennro++;
+    db.perumisella([vanha] { MainModule::Jasennro = vanha; });
     KantaStore(db).writeString(QStringLiteral("Jasennro"), QString::number(MainModule::Jasennro));
     return numero;
 }

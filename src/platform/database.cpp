@@ -278,6 +278,30 @@ void Database::tyhjennaValmiit()
     for (sqlite3_stmt *s : std::as_const(m_valmiit))
         sqlite3_finalize(s);
     m_valmiit.clear();
+    for (auto &taso : m_tapahtumalauseet)
+        for (sqlite3_stmt *&s : taso) {
+            sqlite3_finalize(s);
+            s = nullptr;
+        }
+}
+
+void Database::tapahtumalause(Tapahtumalause laji, int taso)
+{
+    static const char *const muodot[] = {"SAVEPOINT s%1", "RELEASE s%1", "ROLLBACK TO s%1"};
+    auto teksti = [&] { return QString::fromLatin1(muodot[laji]).arg(taso); };
+    if (taso >= int(m_tapahtumalauseet.size())) {
+        execute(teksti());
+        return;
+    }
+    sqlite3_stmt *&st = m_tapahtumalauseet[taso][laji];
+    if (!st && sqlite3_prepare_v3(m_db, teksti().toUtf8().constData(), -1, SQLITE_PREPARE_PERSISTENT, &st, nullptr) != SQLITE_OK) {
+        st = nullptr;
+        fail(sqlite3_errcode(m_db), teksti());
+    }
+    const int rc = sqlite3_step(st);
+    sqlite3_reset(st);
+    if (rc != SQLITE_DONE)
+        fail(rc, teksti());
 }
 
 void Database::close()
@@ -551,8 +575,36 @@ Transaction::Transaction(Database &db) : m_db(db), m_taso(db.m_avoimia)
     if (m_taso == 0)
         m_db.execute(QStringLiteral("BEGIN IMMEDIATE"));
     else
-        m_db.execute(QStringLiteral("SAVEPOINT s%1").arg(m_taso));
+        m_db.tapahtumalause(Database::Savepoint, m_taso);
     ++m_db.m_avoimia;
+}
+
+void Database::perumisella(std::function<void()> palauta)
+{
+    if (m_avoimia > 0)
+        m_perumiset.emplace_back(m_avoimia, std::move(palauta));
+}
+
+// The part deeper than `taso` rolled back: its memory goes back too, latest first.
+void Database::peru(int taso)
+{
+    while (!m_perumiset.empty() && m_perumiset.back().first > taso) {
+        const auto palauta = std::move(m_perumiset.back().second);
+        m_perumiset.pop_back();
+        try {
+            palauta();
+        } catch (...) {
+        }
+    }
+}
+
+// The part deeper than `taso` committed into the one around it (or for good at the outermost).
+void Database::siirraPerumiset(int taso)
+{
+    if (taso == 0)
+        m_perumiset.clear();
+    for (auto &p : m_perumiset)
+        p.first = std::min(p.first, taso);
 }
 
 Transaction::~Transaction()
@@ -560,12 +612,13 @@ Transaction::~Transaction()
     if (m_done)
         return;
     --m_db.m_avoimia;
+    m_db.peru(m_taso);
     try {
         if (m_taso == 0) {
             m_db.execute(QStringLiteral("ROLLBACK"));
         } else {
-            m_db.execute(QStringLiteral("ROLLBACK TO s%1").arg(m_taso));
-            m_db.execute(QStringLiteral("RELEASE s%1").arg(m_taso));
+            m_db.tapahtumalause(Database::RollbackTo, m_taso);
+            m_db.tapahtumalause(Database::Release, m_taso);
         }
     } catch (...) {
     }
@@ -577,8 +630,12 @@ void Transaction::commit()
         return;
     if (m_db.m_avoimia != m_taso + 1)
         throw DbError(ErrorKind::Other, QStringLiteral("Sisempi tapahtuma on vielä kesken."));
-    m_db.execute(m_taso == 0 ? QStringLiteral("COMMIT") : QStringLiteral("RELEASE s%1").arg(m_taso));
+    if (m_taso == 0)
+        m_db.execute(QStringLiteral("COMMIT"));
+    else
+        m_db.tapahtumalause(Database::Release, m_taso);
     --m_db.m_avoimia;
+    m_db.siirraPerumiset(m_taso);
     m_done = true;
 }
 

@@ -9,9 +9,11 @@
 #include <QStringList>
 #include <QVariant>
 #include <QVector>
+#include <array>
 #include <functional>
 #include <memory>
 #include <stdexcept>
+#include <vector>
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -139,6 +141,11 @@ public:
 
     // True while a Transaction of this connection is open.
     bool inTransaction() const { return m_avoimia > 0; }
+    // What to undo in memory should the open transaction roll back, for a value kept both in the
+    // database and in memory (the counters). Runs when this transaction or one around it rolls
+    // back; forgotten when the outermost commits. Without an open transaction the write is
+    // already permanent and nothing is kept.
+    void perumisella(std::function<void()> palauta);
 
 private:
     friend class Statement;
@@ -154,6 +161,14 @@ private:
     QString m_path;
     QHash<QString, sqlite3_stmt *> m_valmiit;
     int m_avoimia = 0; // open Transaction objects on this connection
+    std::vector<std::pair<int, std::function<void()>>> m_perumiset; // by the depth they belong to
+    void peru(int taso);
+    // The savepoint statements of nested transactions, kept prepared by depth: a unit of work
+    // inside a run then costs two steps of the engine and nothing more.
+    enum Tapahtumalause { Savepoint, Release, RollbackTo };
+    void tapahtumalause(Tapahtumalause laji, int taso);
+    std::array<std::array<sqlite3_stmt *, 3>, 8> m_tapahtumalauseet{};
+    void siirraPerumiset(int taso);
     std::function<bool()> m_keskeyta;
     bool m_keskeytetty = false;
     static int kysyKeskeytysta(void *self);

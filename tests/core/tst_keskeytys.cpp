@@ -1,7 +1,9 @@
 // Every long run reports its steps and, stopped half way, leaves the club's file as it was.
+#include "core/Asetukset.h"
 #include "core/Kantatiedosto.h"
 #include "core/MainModule.h"
 #include "core/Pelastus.h"
+#include "members/Jasen.h"
 #include "members/PiirreJoukko.h"
 #include "members/Rekisteritiedot.h"
 #include "pysayttaja.h"
@@ -93,6 +95,34 @@ private slots:
         for (int i = 1; i < kirjaa.vaiheet.size(); ++i)
             QVERIFY(kirjaa.vaiheet[i].first > kirjaa.vaiheet[i - 1].first);
         QCOMPARE(d->scalar(u"SELECT COUNT(*) FROM Rekisteritiedot"_s).toInt(), 1000);
+    }
+
+    // The counters kept in the database and in memory go back with a run that rolls back, and
+    // stay advanced with one that commits.
+    void laskuritPalaavat()
+    {
+        MainModule::Laskunro = 41;
+        MainModule::Jasennro = 7;
+        KantaStore(*d).writeString(u"Laskunro"_s, u"41"_s);
+        auto tila = [&] {
+            return u"%1 %2 %3 %4"_s.arg(MainModule::Laskunro).arg(MainModule::Jasennro)
+                .arg(KantaStore(*d).readString(u"Laskunro"_s, {}), KantaStore(*d).readString(u"Jasennro"_s, {}));
+        };
+        const QString ennen = tila();
+        {
+            db::Transaction ajo(*d);
+            KasvataLaskunumero(*d);
+            KasvataLaskunumero(*d);
+            QCOMPARE(AnnaJasennumero(*d), u"7"_s);
+            QCOMPARE(MainModule::Laskunro, 43);
+        }
+        QCOMPARE(tila(), ennen);
+        {
+            db::Transaction ajo(*d);
+            KasvataLaskunumero(*d);
+            ajo.commit();
+        }
+        QCOMPARE(tila(), u"42 7 42 "_s + KantaStore(*d).readString(u"Jasennro"_s, {}));
     }
 
     // The report's layout stops between members and writes no file.

@@ -99,8 +99,12 @@ private slots:
     void transactionsNestAndRollBackTheirOwnPart()
     {
         auto d = fresh();
+        // A copy in memory that each write registers its undo for: it must always match the rows.
+        QStringList muisti;
         auto lisaa = [&](const char *nimi) {
             d->execute(QStringLiteral("INSERT INTO jr (jrSukunimi) VALUES (?)"), {QString::fromUtf8(nimi)});
+            muisti << QString::fromUtf8(nimi);
+            d->perumisella([&muisti] { muisti.removeLast(); });
         };
         auto nimet = [&] {
             QStringList n;
@@ -130,6 +134,7 @@ private slots:
             ulompi.commit();
         }
         QCOMPARE(nimet(), QStringLiteral("a,c"));
+        QCOMPARE(muisti.join(QLatin1Char(',')), nimet());
         QVERIFY(!d->inTransaction());
         // An exception through both levels leaves nothing of either.
         try {
@@ -142,6 +147,7 @@ private slots:
         } catch (const std::runtime_error &) {
         }
         QCOMPARE(nimet(), QStringLiteral("a,c"));
+        QCOMPARE(muisti.join(QLatin1Char(',')), nimet());
         // A committed inner unit is still undone by its outer run's rollback.
         {
             db::Transaction ulompi(*d);
