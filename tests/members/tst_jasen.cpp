@@ -3,10 +3,8 @@
 #include "members/Jasen.h"
 #include "members/JasenMaksut.h"
 #include "members/Nimipuu.h"
-#include "members/Hakuehdot.h"
 #include "members/Perhe.h"
 #include "members/PiirreJoukko.h"
-#include "members/Piirteet.h"
 #include "members/TyhjatRivit.h"
 #include "testiapu.h"
 #include "testipohja.h"
@@ -246,26 +244,6 @@ private slots:
             QCOMPARE(puu.juuret[29].size(), 1);
             QCOMPARE(puu.nimet[puu.juuret[29][0]].jrId, id);
         }
-    }
-
-    // A definition left nameless stays when it holds anything: a description, a default, a holder.
-    void tyhjatMaarityksetPoistetaanAvattaessa()
-    {
-        d->execute(u"INSERT INTO pi (piNimi) VALUES (NULL), ('Kuoro')"_s);
-        d->execute(u"INSERT INTO pi (piKuvaus) VALUES ('Kevään konsertti')"_s);
-        d->execute(u"INSERT INTO pi (piEnbldLong, piLong) VALUES (1, 5)"_s);
-        d->execute(u"INSERT INTO pi (piNimi) VALUES ('')"_s);
-        piirre(*d, QString(), {lisaa(*d, u"Aalto"_s)});
-        const auto jaljella = [this] { return maara(*d, u"pi"_s); };
-        HakuOminaisuudet(*d);
-        QCOMPARE(jaljella(), 4);
-        d->execute(u"INSERT INTO pi (piNimi) VALUES (NULL)"_s);
-        Maaritykset(*d, true);
-        QCOMPARE(jaljella(), 4);
-        d->execute(u"INSERT INTO pi (piNimi) VALUES (NULL)"_s);
-        PoistaTyhjatRivit(*d);
-        QCOMPARE(jaljella(), 4);
-        QCOMPARE(maara(*d, u"pi WHERE piNimi = 'Kuoro'"_s), 1);
     }
 
     void nimipuunJuuri_data()
