@@ -99,8 +99,11 @@ Tallennus TallennaRivi(db::Database &db, db::Recordset &rs, const JasenLomake &l
 
 qint64 EnsimmainenVapaaJasennumero(db::Database &db, qint64 alkaen)
 {
-    // The first free number is the start itself or lies just above a taken one: one pass over
-    // the numbers gives the candidates, and each is looked up by the index.
+    // Mostly the start is free, and the index says so at once.
+    if (!db.scalar(QStringLiteral("SELECT 1 FROM jr WHERE jrJasennumero = ?"), {QString::number(alkaen)}).isValid())
+        return alkaen;
+    // Else the first free number lies just above a taken one: one pass over the numbers gives
+    // the candidates, and each is looked up by the index.
     return NullLong(db.scalar(QStringLiteral(
         "SELECT MIN(c) FROM (SELECT ?1 AS c UNION "
         "  SELECT CAST(jrJasennumero AS INTEGER) + 1 FROM jr "
