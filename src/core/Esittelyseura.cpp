@@ -37,7 +37,8 @@ QList<QPair<QString, QString>> asetukset(const Seura &s)
         k("RegPankkiyhteys2", SeuranTili(2)),
         k("YTunnus", QStringLiteral("2918476-3")),
         k("Laskunro", QString::number(s.suurinLaskunumero + 1)),
-        k("Jasennro", QString::number(s.suurinJasennumero)),
+        // The counter holds the number the next new member gets.
+        k("Jasennro", QString::number(s.suurinJasennumero + 1)),
         k("BackupDate", QDate(Kausi, 11, 1).toString(Qt::ISODate)),
         k("VarmuuskopioPv", QStringLiteral("30")),
         k("AutoJasennumero", QStringLiteral("1")),

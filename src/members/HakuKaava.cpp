@@ -3,6 +3,7 @@
 // excludes its ends (numeric in the formula, textual in the SELECT).
 #include "members/HakuApu.h"
 #include "members/Hakuehdot.h"
+#include "members/JasenMaksut.h"
 
 #include <QRegularExpression>
 
@@ -120,9 +121,9 @@ ValintaSql KoostaValintaSql(db::Database &db, const QString &sKentat, const Haku
         }
     }
     if (p.lJasenmaksunTila == 0)
-        s.sql += u" AND jrJasenmaksu = 1"_s;
+        s.sql += u" AND "_s + JasenmaksuMaksettu;
     else if (p.lJasenmaksunTila == 1)
-        s.sql += u" AND IFNULL(jrJasenmaksu, 0) = 0"_s;
+        s.sql += u" AND "_s + JasenmaksuMaksamatta;
     if (p.lKaikkiVaiPerheet == 1)
         s.sql += u" AND jrPerheenLaskutettava = 1"_s;
     if (!p.dateSynt.isEmpty())

@@ -5,6 +5,7 @@
 #include "core/Misc.h"
 #include "members/HakuApu.h"
 #include "members/Hakuehdot.h"
+#include "members/JasenMaksut.h"
 
 #include <QSet>
 
@@ -128,9 +129,9 @@ QVector<Lauseke> suodattimet(const HakuParametrit &p)
 {
     QVector<Lauseke> pysyvat;
     if (p.lJasenmaksunTila == 0)
-        pysyvat.append({u"IFNULL(jrJasenmaksu, 0) <> 0"_s, {}});
+        pysyvat.append({JasenmaksuMaksettu, {}});
     else if (p.lJasenmaksunTila == 1)
-        pysyvat.append({u"jrJasenmaksu IS NOT 1"_s, {}});
+        pysyvat.append({JasenmaksuMaksamatta, {}});
     if (p.lKaikkiVaiPerheet == 1)
         pysyvat.append({u"IFNULL(jrPerheenLaskutettava, 0) <> 0"_s, {}});
     paivaSuodatin(pysyvat, p.dateSynt, p.eqSynt, u"jrSyntyma"_s,

@@ -2,6 +2,7 @@
 
 #include "core/Misc.h"
 #include "members/HakuApu.h"
+#include "members/TyhjatRivit.h"
 #include "platform/currency.h"
 
 #include <QRegularExpression>
@@ -64,8 +65,7 @@ std::optional<QString> TarkistaHakuArvo(const QString &teksti)
 
 QVector<HakuOminaisuus> HakuOminaisuudet(db::Database &db)
 {
-    // Nulls sort first, so this is the old clean-up of the rows at the head of the list.
-    db.execute(u"DELETE FROM pi WHERE piNimi IS NULL"_s);
+    PoistaTyhjatPiirteet(db);
     QVector<HakuOminaisuus> rivit;
     db::Statement s(db, u"SELECT piID, piNimi FROM pi ORDER BY piNimi COLLATE FI, piID"_s);
     while (s.next())

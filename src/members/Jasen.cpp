@@ -5,6 +5,7 @@
 #include "core/Misc.h"
 #include "core/Schema.h"
 #include "invoicing/Viite.h"
+#include "members/JasenMaksut.h"
 
 #include <QDate>
 
@@ -37,17 +38,27 @@ JasenLomake LueLomake(const db::Recordset &rs)
     return l;
 }
 
-void KirjoitaLomake(db::Recordset &rs, const JasenLomake &l, bool postinumeroMuuttui)
+void KirjoitaLomake(db::Recordset &rs, const JasenLomake &l, const JasenLomake &naytetty)
 {
+    // A new row takes everything; an existing one only what the user changed, so that what
+    // another path wrote to the row meanwhile (a payment, a family's address) is not undone.
+    const bool kaikki = rs.editMode() == db::Recordset::EditMode::AddNew;
     for (int i = 0; i < YhteystietoMaara; ++i) {
         const QString &t = l.tYhteystiedot[i];
-        rs.setValue(YhteystietoKentta(i), OnPaivaKentta(i) ? DbPaiva(ParsePaiva(t)) : tekstiTaiNull(t));
+        if (kaikki || t != naytetty.tYhteystiedot[i])
+            rs.setValue(YhteystietoKentta(i), OnPaivaKentta(i) ? DbPaiva(ParsePaiva(t)) : tekstiTaiNull(t));
     }
-    rs.setValue(QStringLiteral("jrJasenmaksu"), int(l.chkJasenmaksu));
-    rs.setValue(QStringLiteral("jrEmailLasku"), int(l.chkEmailLasku));
-    rs.setValue(QStringLiteral("jrPerheenLaskutettava"), int(l.chkPerhLaskutettava));
-    rs.setValue(QStringLiteral("jrMuistio"), tekstiTaiNull(l.tMuistio));
-    if (postinumeroMuuttui)
+    const auto merkki = [&](const char *kentta, bool arvo, bool ennen) {
+        if (kaikki || arvo != ennen)
+            rs.setValue(QString::fromLatin1(kentta), int(arvo));
+    };
+    merkki("jrJasenmaksu", l.chkJasenmaksu, naytetty.chkJasenmaksu);
+    merkki("jrEmailLasku", l.chkEmailLasku, naytetty.chkEmailLasku);
+    merkki("jrPerheenLaskutettava", l.chkPerhLaskutettava, naytetty.chkPerhLaskutettava);
+    if (kaikki || l.tMuistio != naytetty.tMuistio)
+        rs.setValue(QStringLiteral("jrMuistio"), tekstiTaiNull(l.tMuistio));
+    // The numeric twin follows a postal code typed, and stays as it is for one left alone.
+    if (l.tYhteystiedot[iPostinumero] != naytetty.tYhteystiedot[iPostinumero])
         rs.setValue(QStringLiteral("jrPostinumeroNumero"), PostinumeroNumeroksi(l.tYhteystiedot[iPostinumero]));
 }
 
@@ -74,9 +85,9 @@ QString JasennumeroVarattuViesti(const QString &numero)
     return QStringLiteral("Jäsennumero #") + numero + QStringLiteral(" on varattu jo toiselle jäsenelle.");
 }
 
-Tallennus TallennaRivi(db::Database &db, db::Recordset &rs, const JasenLomake &lomake, bool postinumeroMuuttui)
+Tallennus TallennaRivi(db::Database &db, db::Recordset &rs, const JasenLomake &lomake, const JasenLomake &naytetty)
 {
-    KirjoitaLomake(rs, lomake, postinumeroMuuttui);
+    KirjoitaLomake(rs, lomake, naytetty);
     const qint64 id = NullLong(rs.value(QStringLiteral("jrID")));
     if (JasennumeroVarattu(db, lomake.tYhteystiedot[iJasennumero], id)) {
         rs.setValue(QStringLiteral("jrJasennumero"), QVariant());
@@ -86,15 +97,33 @@ Tallennus TallennaRivi(db::Database &db, db::Recordset &rs, const JasenLomake &l
     return Tallennus::Tallennettu;
 }
 
+qint64 EnsimmainenVapaaJasennumero(db::Database &db, qint64 alkaen)
+{
+    // Mostly the start is free, and the index says so at once.
+    if (!db.scalar(QStringLiteral("SELECT 1 FROM jr WHERE jrJasennumero = ?"), {QString::number(alkaen)}).isValid())
+        return alkaen;
+    // Else the first free number lies just above a taken one: one pass over the numbers gives
+    // the candidates, and each is looked up by the index.
+    return NullLong(db.scalar(QStringLiteral(
+        "SELECT MIN(c) FROM (SELECT ?1 AS c UNION "
+        "  SELECT CAST(jrJasennumero AS INTEGER) + 1 FROM jr "
+        "  WHERE CAST(jrJasennumero AS INTEGER) >= ?1 AND CAST(CAST(jrJasennumero AS INTEGER) AS TEXT) = jrJasennumero) "
+        "WHERE NOT EXISTS (SELECT 1 FROM jr WHERE jrJasennumero = CAST(c AS TEXT))"),
+        {alkaen}), alkaen);
+}
+
 QString AnnaJasennumero(db::Database &db)
 {
-    const QString numero = QString::number(MainModule::Jasennro);
+    // A number typed by hand or brought in by an import may already hold the counter's place:
+    // the next free one is given instead, so an automatic number is never refused on saving.
+    const qint64 numero = EnsimmainenVapaaJasennumero(db, MainModule::Jasennro);
     // Memory first: should the write fail, the same number is still not given twice. A run that
     // rolls back takes the number back.
-    const long vanha = MainModule::Jasennro++;
+    const long vanha = MainModule::Jasennro;
+    MainModule::Jasennro = numero + 1;
     db.perumisella([vanha] { MainModule::Jasennro = vanha; });
     KantaStore(db).writeString(QStringLiteral("Jasennro"), QString::number(MainModule::Jasennro));
-    return numero;
+    return QString::number(numero);
 }
 
 JasenLomake KopioitavatTiedot(db::Database &db, qint64 jrId)
@@ -120,13 +149,13 @@ void PoistaJasen(db::Database &db, qint64 jrId)
 
 int MaksamattomienMaara(db::Database &db)
 {
-    return int(NullLong(db.scalar(QStringLiteral("SELECT COUNT(*) FROM jr WHERE jrJasenmaksu = 0"))));
+    return int(NullLong(db.scalar(QStringLiteral("SELECT COUNT(*) FROM jr WHERE ") + JasenmaksuMaksamatta)));
 }
 
 int PoistaMaksamattomat(db::Database &db)
 {
     db::Transaction tx(db);
-    const int n = db.execute(QStringLiteral("DELETE FROM jr WHERE jrJasenmaksu = 0"));
+    const int n = db.execute(QStringLiteral("DELETE FROM jr WHERE ") + JasenmaksuMaksamatta);
     tx.commit();
     return n;
 }
@@ -137,12 +166,6 @@ int JasenMaara(db::Database &db, qint64 piId)
         return int(NullLong(db.scalar(QStringLiteral("SELECT COUNT(*) FROM jr"))));
     return int(NullLong(db.scalar(
         QStringLiteral("SELECT COUNT(DISTINCT jrID) FROM jr, pt WHERE ptpiID = ? AND jrID = ptjrID"), {piId})));
-}
-
-void PoistaNimettomat(db::Database &db)
-{
-    db.execute(QStringLiteral("DELETE FROM jr WHERE jrSukunimi IS NULL"));
-    db.execute(QStringLiteral("DELETE FROM pi WHERE piNimi IS NULL"));
 }
 
 QString YhteystiedotLeikepoydalle(const JasenLomake &l)

@@ -55,10 +55,10 @@ struct JasenLomake {
 JasenLomake LueLomake(const db::Recordset &rs);
 
 // Puts the controls into the row being edited, as the row's validation does before a write: a
-// date box that holds no date gives Null, an empty text gives Null. `postinumeroMuuttui` says
-// whether the postal code was changed since the row was read: only then does
-// jrPostinumeroNumero follow it.
-void KirjoitaLomake(db::Recordset &rs, const JasenLomake &lomake, bool postinumeroMuuttui);
+// date box that holds no date gives Null, an empty text gives Null. Of a row being edited only
+// the fields where `lomake` differs from `naytetty`, what the window showed when the row was
+// read, are set; a new row gets them all. jrPostinumeroNumero follows a changed postal code.
+void KirjoitaLomake(db::Recordset &rs, const JasenLomake &lomake, const JasenLomake &naytetty);
 
 // The numeric twin of a postal code: the text as a whole number if it is one, else 0.
 qint64 PostinumeroNumeroksi(const QString &postinumero);
@@ -71,12 +71,14 @@ QString JasennumeroVarattuViesti(const QString &numero);
 enum class Tallennus { Tallennettu, NumeroVarattu };
 // Writes the row being edited or added. A number already in use is not written: the field is
 // set to Null and the row stays in edit mode with everything else as typed.
-Tallennus TallennaRivi(db::Database &db, db::Recordset &rs, const JasenLomake &lomake, bool postinumeroMuuttui);
+Tallennus TallennaRivi(db::Database &db, db::Recordset &rs, const JasenLomake &lomake, const JasenLomake &naytetty);
 
-// The next automatic member number: the number in memory, which is then advanced and written
-// at once to the settings of the database. A number given is used up even if its row is
-// cancelled.
+// The next automatic member number: the number in memory, or the first free one above it when
+// that is taken; the counter then moves past it and is written at once to the settings of the
+// database through `db`. A number given is used up even if its row is cancelled.
 QString AnnaJasennumero(db::Database &db);
+// The smallest whole number from `alkaen` up that no member has as his number.
+qint64 EnsimmainenVapaaJasennumero(db::Database &db, qint64 alkaen);
 
 // The fields a copy takes over from the member `jrId` (surname to e-mail); the rest empty.
 JasenLomake KopioitavatTiedot(db::Database &db, qint64 jrId);
@@ -84,17 +86,13 @@ JasenLomake KopioitavatTiedot(db::Database &db, qint64 jrId);
 // Removes the member and his attribute rows. Family links and invoices stay.
 void PoistaJasen(db::Database &db, qint64 jrId);
 
-// Members whose membership fee is marked unpaid (a Null mark is not "unpaid").
+// Members whose membership fee is not marked paid (a Null mark is unpaid).
 int MaksamattomienMaara(db::Database &db);
 // Deletes them, their attribute rows left in place; returns the number deleted.
 int PoistaMaksamattomat(db::Database &db);
 
 // The number of members shown in the title: everybody, or the holders of attribute `piId`.
 int JasenMaara(db::Database &db, qint64 piId);
-
-// The lazy clean-up of opening a name list: rows with no surname, and attribute definitions
-// with no name, are removed.
-void PoistaNimettomat(db::Database &db);
 
 // Name, street and post office lines for the clipboard.
 QString YhteystiedotLeikepoydalle(const JasenLomake &lomake);

@@ -7,6 +7,11 @@
 #include <QString>
 #include <QVector>
 
+// The membership fee mark as every selection reads it: Null is unpaid, as with the Null-safe
+// readers, so the search conditions and the removal of non-payers agree on every member.
+inline const QString JasenmaksuMaksettu = QStringLiteral("IFNULL(jrJasenmaksu, 0) <> 0");
+inline const QString JasenmaksuMaksamatta = QStringLiteral("IFNULL(jrJasenmaksu, 0) = 0");
+
 struct LaskuRivi {
     qint64 jmhID = 0;
     QString teksti; // amount - text

@@ -1,6 +1,7 @@
 #include "members/PiirreJoukko.h"
 
 #include "core/Misc.h"
+#include "members/TyhjatRivit.h"
 
 namespace {
 
@@ -39,8 +40,7 @@ LiitosTulos tulos(int lisatty, const TallennettavatArvot &a)
 
 QVector<ListaRivi> JasenLista(db::Database &db)
 {
-    // Nameless rows sort first: the head of the list up to the first name is every one of them.
-    db.execute(QStringLiteral("DELETE FROM jr WHERE jrSukunimi IS NULL"));
+    PoistaTyhjatJasenet(db);
     QVector<ListaRivi> rivit;
     db::Statement st(db, QStringLiteral("SELECT jrID, jrSukunimi, jrEtunimi FROM jr "
                                         "ORDER BY jrSukunimi COLLATE FI, jrEtunimi COLLATE FI, jrID"));

@@ -1,6 +1,7 @@
 #include "members/Piirteet.h"
 
 #include "core/Misc.h"
+#include "members/TyhjatRivit.h"
 #include "platform/recordset.h"
 
 namespace {
@@ -11,12 +12,10 @@ QVariant tekstiTaiNull(const QString &s) { return s.isEmpty() ? QVariant() : QVa
 
 } // namespace
 
-QVector<ListaRivi> Maaritykset(db::Database &db, bool poistaNimettomat)
+QVector<ListaRivi> Maaritykset(db::Database &db, bool poistaTyhjat)
 {
-    // Nameless rows sort first, so deleting the head of the list up to the first name is
-    // deleting every nameless row.
-    if (poistaNimettomat)
-        db.execute(QStringLiteral("DELETE FROM pi WHERE piNimi IS NULL"));
+    if (poistaTyhjat)
+        PoistaTyhjatPiirteet(db);
     QVector<ListaRivi> rivit;
     db::Statement st(db, QStringLiteral("SELECT piID, piNimi FROM pi ORDER BY piNimi COLLATE FI, piID"));
     while (st.next())

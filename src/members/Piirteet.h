@@ -20,9 +20,9 @@ struct ListaRivi {
 };
 
 // The definitions by name, as "SELECT * FROM pi ORDER BY piNimi" lists them. With
-// `poistaNimettomat` the nameless rows at the head of that order are deleted first, as the
-// windows that list definitions for choosing do on opening.
-QVector<ListaRivi> Maaritykset(db::Database &db, bool poistaNimettomat);
+// `poistaTyhjat` the blank definitions are deleted first, as the windows that list
+// definitions for choosing do on opening.
+QVector<ListaRivi> Maaritykset(db::Database &db, bool poistaTyhjat);
 int PiirteidenMaara(db::Database &db);
 
 // The tree of the definitions window: a letter node for each initial A–Z, Å, Ä, Ö that occurs,

@@ -411,7 +411,7 @@ private slots:
 
     void moniliitos()
     {
-        jasen(QVariant());
+        d->execute(QStringLiteral("INSERT INTO jr (jrSukunimi) VALUES (NULL)")); // blank: cleaned on opening
         const qint64 a = jasen(QStringLiteral("Aalto")), b = jasen(QStringLiteral("Öhman"));
         const qint64 pi = piirre(QStringLiteral("Kausi"), QStringLiteral("l"), {}, qlonglong(5));
         frmMoniliitos f;

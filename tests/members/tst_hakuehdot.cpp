@@ -1,9 +1,11 @@
 #include "malliseura.h"
 #include "core/Misc.h"
 #include "members/Hakuehdot.h"
+#include "members/Jasen.h"
 #include "reports/Raporttiajo.h"
 #include "scripteddialogs.h"
 #include "testenv.h"
+#include "testiapu.h"
 
 #include <QRandomGenerator>
 #include <QtTest>
@@ -340,7 +342,7 @@ private slots:
              u"Kuoro"_s, "", "", "");
         rivi("paid, by postal code", lohko({}, [](auto &p) { p.lJasenmaksunTila = 0, p.iTulJarj = 1; }),
              u"{jr.jrID} > 0 and {jr.jrJasenmaksu} = True"_s,
-             Kaikki + u" AND jrJasenmaksu = 1 ORDER BY jrPostinumero COLLATE FI"_s, u"Jäsenmaksu maksettu"_s,
+             Kaikki + u" AND IFNULL(jrJasenmaksu, 0) <> 0 ORDER BY jrPostinumero COLLATE FI"_s, u"Jäsenmaksu maksettu"_s,
              "Aalto Cederberg Dahl Forsman", "Aalto Cederberg Dahl Forsman", "Aalto Cederberg Dahl Forsman");
         rivi("unpaid", lohko({}, [](auto &p) { p.lJasenmaksunTila = 1; }),
              u"{jr.jrID} > 0 and {jr.jrJasenmaksu} = False"_s,
@@ -379,7 +381,7 @@ private slots:
              }),
              Yksi + u"1 and {jr.jrJasenmaksu} = True and {jr.jrSyntyma} < Date(1970,1,1) and "
                     "{jr.jrPostinumeroNumero} > 00100"_s,
-             PiirreLiitos + u" AND ptpiID = ? AND jrJasenmaksu = 1 AND jrSyntyma < ? AND jrPostinumero > ? COLLATE NOCASE"_s
+             PiirreLiitos + u" AND ptpiID = ? AND IFNULL(jrJasenmaksu, 0) <> 0 AND jrSyntyma < ? AND jrPostinumero > ? COLLATE NOCASE"_s
                  + Sukunimi,
              u"Kuoro JA Jäsenmaksu maksettu JA Syntymäaika: <1.1.1970 JA Postinumero >00100"_s, "Aalto", "", "");
         rivi("quote and apostrophe stay values",
@@ -539,19 +541,37 @@ private slots:
         QCOMPARE(liput(*d), ennen);
     }
 
-    // A fee flag that was never written counts as unpaid, in the flags and in the SELECT alike.
-    void maksamatonKunJasenmaksuPuuttuu()
+    // Every reading of the fee mark agrees: the flags, the SELECT and the formula of the search
+    // conditions, and the removal of non-payers. Only a true mark is paid; one never written is not.
+    void jasenmaksunMerkinta_data()
     {
+        QTest::addColumn<QVariant>("merkinta");
+        QTest::addColumn<bool>("maksettu");
+        QTest::newRow("paid") << QVariant(1) << true;
+        QTest::newRow("unpaid") << QVariant(0) << false;
+        QTest::newRow("never written") << QVariant() << false;
+    }
+    void jasenmaksunMerkinta()
+    {
+        QFETCH(QVariant, merkinta);
+        QFETCH(bool, maksettu);
         TestEnv env;
         ScriptedDialogs dialogs;
         auto d = kerho(env);
-        d->execute(u"UPDATE jr SET jrJasenmaksu = NULL WHERE jrSukunimi = 'Aalto'"_s);
+        d->execute(u"UPDATE jr SET jrJasenmaksu = ? WHERE jrSukunimi = 'Aalto'"_s, {merkinta});
         for (int tila : {0, 1}) {
+            const bool valitaan = (tila == 0) == maksettu;
             const HakuParametrit p = lohko({}, [tila](auto &p) { p.lJasenmaksunTila = tila; });
             AsetaMukaan(*d, p);
-            QCOMPARE(mukana(*d).contains(u"Aalto"_s), tila == 1);
+            QCOMPARE(mukana(*d).contains(u"Aalto"_s), valitaan);
             QCOMPARE(sqlnValitsemat(*d, KoostaValintaSql(*d, QString(), p)), mukana(*d));
+            QCOMPARE(kaavanValitsemat(env.path(u"seura.mdb"_s), KoostaValintakaava(*d, p)), mukana(*d));
         }
+        // The flags now hold the non-payers: exactly those the removal counts and deletes.
+        const QStringList maksamattomat = mukana(*d);
+        QCOMPARE(MaksamattomienMaara(*d), int(maksamattomat.size()));
+        QCOMPARE(PoistaMaksamattomat(*d), int(maksamattomat.size()));
+        QCOMPARE(testi::maara(*d, u"jr WHERE jrSukunimi = 'Aalto'"_s), maksettu ? 1 : 0);
     }
 
     // The checks of the window's boxes on leaving them.

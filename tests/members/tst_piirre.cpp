@@ -311,23 +311,29 @@ private slots:
         QVERIFY(!n.kaytossa[0].has_value()); // a Null flag is no answer
     }
 
-    void nimettomatPoistetaanListanAlusta()
+    // Opening a list drops the blank rows; a row without a name but with anything else stays
+    // and sorts first.
+    void tyhjatPoistetaanListanAlusta()
     {
-        uusiPiirre(*d, QVariant());
-        uusiPiirre(*d, QStringLiteral(""));
+        uusiPiirre(*d, QVariant()); // described
+        d->execute(QStringLiteral("INSERT INTO pi (piNimi) VALUES ('')"));
         uusiPiirre(*d, QStringLiteral("Bee"));
-        QCOMPARE(Maaritykset(*d, false).size(), 3);
+        d->execute(QStringLiteral("INSERT INTO pi (piNimi) VALUES (NULL)"));
+        liitos(*d, uusiJasen(*d, QStringLiteral("Berg")), d->lastInsertId()); // held by somebody
+        QCOMPARE(Maaritykset(*d, false).size(), 4);
         const auto pit = Maaritykset(*d, true);
-        QCOMPARE(pit.size(), 2);
+        QCOMPARE(pit.size(), 3);
         QCOMPARE(pit[0].teksti, QString());
-        uusiJasen(*d, QVariant());
+        uusiJasen(*d, QVariant()); // has a first name
+        d->execute(QStringLiteral("INSERT INTO jr (jrSukunimi) VALUES ('')"));
         uusiJasen(*d, QStringLiteral("Öhman"));
         uusiJasen(*d, QStringLiteral("Aalto"));
         const auto jasenet = JasenLista(*d);
-        QCOMPARE(jasenet.size(), 2);
-        QCOMPARE(jasenet[0].teksti, QStringLiteral("Aalto Eeva"));
-        QCOMPARE(jasenet[1].teksti, QStringLiteral("Öhman Eeva"));
-        QCOMPARE(maara(*d, QStringLiteral("jr")), 2);
+        QCOMPARE(jasenet.size(), 4);
+        QCOMPARE(jasenet[0].teksti, QStringLiteral(" Eeva"));
+        QCOMPARE(jasenet[1].teksti, QStringLiteral("Aalto Eeva"));
+        QCOMPARE(jasenet[3].teksti, QStringLiteral("Öhman Eeva"));
+        QCOMPARE(maara(*d, QStringLiteral("jr")), 4);
     }
 
     // ---- Bulk runs -------------------------------------------------------------------------

@@ -34,13 +34,13 @@ LiitosPohja::LiitosPohja(QWidget *parent) : QWidget(parent)
     connect(lstAllPt, &QListWidget::currentRowChanged, this, [this] { ikkuna::Suojattu([this] { lstAllPt_Click(); }); });
 }
 
-void LiitosPohja::tayta(bool poistaNimettomat)
+void LiitosPohja::tayta(bool poistaTyhjat)
 {
     lstAllPt->clear();
     arvot->TyhjennaArvot();
     ikkuna::Suojattu([&] {
         auto d = ikkuna::AvaaKanta();
-        for (const ListaRivi &r : Maaritykset(*d, poistaNimettomat)) {
+        for (const ListaRivi &r : Maaritykset(*d, poistaTyhjat)) {
             auto *i = new QListWidgetItem(r.teksti, lstAllPt);
             i->setData(Qt::UserRole, r.id);
         }

@@ -15,9 +15,9 @@ class LiitosPohja : public QWidget {
 public:
     explicit LiitosPohja(QWidget *parent = nullptr);
 
-    // The definitions by name; with `poistaNimettomat` the nameless ones at the head are
-    // deleted first, as the hand-picking dialog does.
-    void tayta(bool poistaNimettomat);
+    // The definitions by name; with `poistaTyhjat` the blank ones are deleted first, as the
+    // hand-picking dialog does.
+    void tayta(bool poistaTyhjat);
     // The chosen attribute's piID, 0 when none is chosen.
     qint64 valittu() const;
     ArvoSyote syote() const;

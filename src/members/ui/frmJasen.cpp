@@ -3,6 +3,7 @@
 #include "core/MainModule.h"
 #include "core/Misc.h"
 #include "core/ui/uihelpers.h"
+#include "members/TyhjatRivit.h"
 #include "members/ui/NimipuuMalli.h"
 #include "members/ui/frmJasenOminaisuudet.h"
 #include "platform/dialogs.h"
@@ -113,7 +114,7 @@ bool frmJasen::Lataa()
     try {
         m_db = db::Database::open(polku);
         try {
-            PoistaNimettomat(*m_db);
+            PoistaTyhjatRivit(*m_db);
         } catch (const db::DbError &) {
             // A file another program is writing is still browsed; its blank rows wait for the next opening.
         }
@@ -173,7 +174,7 @@ void frmJasen::PaivitaKontrollit()
     chkPerhLaskutettava->setChecked(l.chkPerhLaskutettava);
     tMuistio->setPlainText(l.tMuistio);
     m_lataa = false;
-    m_postinumeroMuuttui = false;
+    m_naytetty = l;
 }
 
 // A new current row: the controls and every tab follow it.
@@ -209,7 +210,7 @@ bool frmJasen::KirjoitaRivi(bool hiljaa)
         return true;
     const bool lisays = m_data1->editMode() == db::Recordset::EditMode::AddNew;
     try {
-        if (TallennaRivi(*m_db, *m_data1, Lomake(), m_postinumeroMuuttui) == Tallennus::NumeroVarattu) {
+        if (TallennaRivi(*m_db, *m_data1, Lomake(), m_naytetty) == Tallennus::NumeroVarattu) {
             if (!hiljaa)
                 Ilmoita(JasennumeroVarattuViesti(tYhteystiedot[iJasennumero]->text()));
             tYhteystiedot[iJasennumero]->clear();

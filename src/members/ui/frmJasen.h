@@ -201,7 +201,6 @@ private:
     void SiirryLoydettyyn(qint64 jrId, const QString &eiLoydy);
 
     // Basic fields (frmJasen_perustiedot.cpp)
-    void KenttaMuuttui(int i);
     void KenttaPoistui(int i);
     bool LiittymaNappain(QKeyEvent *k);
 
@@ -235,7 +234,7 @@ private:
     frmJasenOminaisuudet *m_ominaisuusSivu = nullptr;
     QVector<QAction *> m_eiKaytossa; // disabled until their windows exist
     bool m_lataa = false;            // controls are being filled from the row
-    bool m_postinumeroMuuttui = false;
+    JasenLomake m_naytetty;          // the row as the controls showed it: a save writes what differs
     bool m_tyhja = false;
     struct ListanJasenet {
         qint64 piirre = -1, muutokset = -1, versio = -1;

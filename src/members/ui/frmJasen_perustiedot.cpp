@@ -121,19 +121,10 @@ QWidget *frmJasen::RakennaMuistio()
 void frmJasen::KytkeKentat()
 {
     for (int i = 0; i < YhteystietoMaara; ++i)
-        connect(tYhteystiedot[i], &QLineEdit::textChanged, this, [this, i] { KenttaMuuttui(i); });
+        connect(tYhteystiedot[i], &QLineEdit::textChanged, this, [this] { AloitaMuokkaus(); });
     connect(tMuistio, &QPlainTextEdit::textChanged, this, [this] { AloitaMuokkaus(); });
     connect(chkJasenmaksu, &QCheckBox::toggled, this, [this] { AloitaMuokkaus(); });
     connect(chkEmailLasku, &QCheckBox::toggled, this, [this] { AloitaMuokkaus(); });
-}
-
-void frmJasen::KenttaMuuttui(int i)
-{
-    if (m_lataa)
-        return;
-    if (i == iPostinumero)
-        m_postinumeroMuuttui = true;
-    AloitaMuokkaus();
 }
 
 void frmJasen::KenttaPoistui(int i)
