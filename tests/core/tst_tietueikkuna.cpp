@@ -8,7 +8,6 @@
 
 #include <QAction>
 #include <QCheckBox>
-#include <QClipboard>
 #include <QCloseEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -127,18 +126,6 @@ private slots:
         k->setFocus();
         QTest::keyClick(k, Qt::Key(nappain), Qt::ControlModifier);
         QCOMPARE(w.ajot.value(nappain), komento ? 1 : 0);
-    }
-
-    // A box's Ctrl+V pastes into the box, in a window whose command has the same key.
-    void liittaminenLaatikkoon()
-    {
-        Ikkuna w;
-        w.show();
-        QVERIFY(QTest::qWaitForWindowActive(&w));
-        QGuiApplication::clipboard()->setText(u"Liitetty"_s);
-        w.rivi->setFocus();
-        QTest::keyClick(w.rivi, Qt::Key_V, Qt::ControlModifier);
-        QCOMPARE(w.rivi->text(), u"Liitetty"_s);
     }
 
     // A second opening brings the open window forward; a window whose load failed is not shown
