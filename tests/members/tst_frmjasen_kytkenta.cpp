@@ -197,8 +197,10 @@ private slots:
     {
         Seura s;
         QVERIFY(s.avaa());
+        // The list condition takes effect when the focus leaves it.
+        s.w->cmbListaEhto->setFocus();
         s.w->cmbListaEhto->setCurrentIndex(s.w->cmbListaEhto->findText(u"Kuoro"_s));
-        s.w->cmbListaEhto_LostFocus();
+        s.sivu->lstAllPt->setFocus();
         QVERIFY(s.w->windowTitle().endsWith(u" - 0"_s));
 
         kunAuki<frmMoniliitos>([](frmMoniliitos *m) {
