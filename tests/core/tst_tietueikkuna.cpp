@@ -1,14 +1,11 @@
 // The kit of the record windows on a bare window of its own: the moves at the ends of a set,
-// the window that exists once, the keys that stay with the focused editor, and the program's
-// closing of the other windows.
-#include "core/MainModule.h"
+// the window that exists once and the keys that stay with the focused editor.
 #include "core/ui/Tietueikkuna.h"
 #include "platform/recordset.h"
 #include "testipohja.h"
 
 #include <QAction>
 #include <QCheckBox>
-#include <QCloseEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
@@ -26,7 +23,6 @@ struct Ikkuna : QWidget {
     QPlainTextEdit *muistio = new QPlainTextEdit(this);
     QCheckBox *ruksi = new QCheckBox(u"Ruksi"_s, this);
     QHash<int, int> ajot; // key -> runs of its command
-    bool suostuu = true;  // whether a close is let through
 
     Ikkuna()
     {
@@ -41,7 +37,6 @@ struct Ikkuna : QWidget {
         }
         new tietue::EditorinNappaimet(this);
     }
-    void closeEvent(QCloseEvent *e) override { e->setAccepted(suostuu); }
 };
 
 } // namespace
@@ -152,45 +147,6 @@ private slots:
         QCOMPARE(luotu, 2);
         auki->close();
         QTRY_VERIFY(!auki);
-    }
-
-    void tietokantaTarkistetaan_data()
-    {
-        QTest::addColumn<QString>("polku");
-        QTest::addColumn<bool>("kelpaa");
-        QTest::newRow("tyhjä") << QString() << false;
-        QTest::newRow("välilyönnit") << u"  "_s << false;
-        QTest::newRow("unknown") << u"Unknown"_s << false;
-        QTest::newRow("tiedosto") << u"/tmp/seura.mdb"_s << true;
-    }
-
-    void tietokantaTarkistetaan()
-    {
-        QFETCH(QString, polku);
-        QFETCH(bool, kelpaa);
-        MainModule::DatabasePath = polku;
-        QCOMPARE(tietue::TietokantaAsetettu(), kelpaa);
-        QCOMPARE(dlg->messages(), kelpaa ? QStringList() : QStringList{u"Tarkista tietokanta asetukset asetusikkunasta!"_s});
-    }
-
-    // A window that refuses to close keeps the program's closing from going on.
-    void muidenSulkeminen()
-    {
-        QWidget paa;
-        paa.show();
-        auto *suostuu = new Ikkuna;
-        suostuu->setAttribute(Qt::WA_DeleteOnClose);
-        suostuu->show();
-        Ikkuna kieltaa;
-        kieltaa.suostuu = false;
-        kieltaa.show();
-        QVERIFY(!tietue::SuljeMuut(&paa));
-        QVERIFY(kieltaa.isVisible());
-        QVERIFY(paa.isVisible());
-        kieltaa.suostuu = true;
-        QVERIFY(tietue::SuljeMuut(&paa));
-        QVERIFY(!kieltaa.isVisible());
-        QVERIFY(paa.isVisible());
     }
 };
 
