@@ -3,6 +3,7 @@
 // member chosen by name in the tree. The lower bound beside them is bare SQLite reading one
 // member row by its key.
 #include "core/MainModule.h"
+#include "core/ui/Tietueikkuna.h"
 #include "members/Jasen.h"
 #include "members/Nimipuu.h"
 #include "members/ui/frmJasen.h"
@@ -73,7 +74,7 @@ void BM_SeuraavaJasen(benchmark::State &state)
     Kerho k;
     auto w = k.avaa();
     for (auto _ : state)
-        w->cSeuraava_Click();
+        w->Siirry(tietue::Siirto::Seuraava);
 }
 BENCHMARK(BM_SeuraavaJasen)->Unit(benchmark::kMillisecond);
 
@@ -87,7 +88,7 @@ void BM_SeuraavaListaehdolla(benchmark::State &state)
     w->cmbListaEhto->setCurrentIndex(w->cmbListaEhto->findData(pi));
     w->cmbListaEhto_LostFocus();
     for (auto _ : state)
-        w->cSeuraava_Click();
+        w->Siirry(tietue::Siirto::Seuraava);
     state.SetLabel(QStringLiteral("%1 haltijaa").arg(JasenMaara(*d, pi)).toStdString());
 }
 BENCHMARK(BM_SeuraavaListaehdolla)->Unit(benchmark::kMillisecond);

@@ -1,6 +1,7 @@
 #include "core/MainModule.h"
 #include "core/ui/frmAsetukset.h"
 #include "core/ui/frmAsetuksetLisa.h"
+#include "core/ui/frmMain.h"
 #include "platform/database.h"
 #include "platform/mxlookup.h"
 #include "malliseura.h"
@@ -16,6 +17,7 @@
 #include <QSettings>
 #include <QTabWidget>
 #include <QTimer>
+#include <QToolButton>
 #include <QtTest>
 
 namespace M = MainModule;
@@ -230,6 +232,51 @@ private slots:
             kysymys = u"Asetuksiin on tehty muutoksia, tallennetaanko muutokset?"_s;
         }
         QCOMPARE(dlg->allTexts(), muuta ? QStringList{kysymys} : QStringList());
+        QCOMPARE(kannanArvo(M::DatabasePath, u"RegName"_s), tallennettu);
+    }
+
+    void ohjelmanSulkeminenKysyy_data()
+    {
+        QTest::addColumn<bool>("muuta");
+        QTest::addColumn<bool>("huonoNumero"); // the top margin emptied, so the save stops
+        QTest::addColumn<QString>("vastaus");
+        QTest::addColumn<QString>("tallennettu");
+        QTest::newRow("kyllä tallentaa") << true << false << "kyllä" << "Uusi seura";
+        QTest::newRow("ei jättää tallentamatta") << true << false << "ei" << "";
+        QTest::newRow("ei muutoksia, ei kysytä") << false << false << "" << "";
+        QTest::newRow("tallennus pysähtyy, ohjelma jää auki") << true << true << "kyllä" << "Uusi seura";
+    }
+
+    // The program closing (the main window's Sulje, or the desktop's logout) asks about unsaved
+    // settings as Sulje of the settings window does; a save that stops keeps both windows open.
+    void ohjelmanSulkeminenKysyy()
+    {
+        QFETCH(bool, muuta);
+        QFETCH(bool, huonoNumero);
+        QFETCH(QString, vastaus);
+        QFETCH(QString, tallennettu);
+        seuranAsetukset(*env);
+        frmMain paa;
+        paa.show();
+        frmAsetukset w(&paa);
+        nayta(w);
+        if (muuta)
+            osa<QLineEdit>(w, u"tNimi"_s)->setText(u"Uusi seura"_s);
+        if (huonoNumero)
+            osa<QLineEdit>(w, u"tMargYla"_s)->clear();
+        if (vastaus == u"kyllä"_s)
+            dlg->yes();
+        else if (vastaus == u"ei"_s)
+            dlg->no();
+        QTest::mouseClick(paa.cSulje, Qt::LeftButton);
+
+        const QString kysymys = u"Asetuksiin on tehty muutoksia, tallennetaanko muutokset?"_s;
+        if (huonoNumero)
+            QCOMPARE(dlg->allTexts(), QStringList({kysymys, u"Syötä marginaaliksi ainoastaan numeroita."_s}));
+        else
+            QCOMPARE(dlg->allTexts(), muuta ? QStringList{kysymys} : QStringList());
+        QCOMPARE(w.isVisible(), huonoNumero);
+        QCOMPARE(paa.isVisible(), huonoNumero);
         QCOMPARE(kannanArvo(M::DatabasePath, u"RegName"_s), tallennettu);
     }
 

@@ -10,9 +10,13 @@
 #include "testenv.h"
 #include "testiapu.h"
 
+#include <QAbstractButton>
 #include <QLineEdit>
 #include <QPointer>
 #include <QtTest>
+
+// A click on a button of the window, as the user makes it: the button takes the focus first.
+inline void paina(QAbstractButton *b) { QTest::mouseClick(b, Qt::LeftButton); }
 
 struct JasenSeura {
     TestEnv env;

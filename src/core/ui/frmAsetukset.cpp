@@ -4,6 +4,7 @@
 #include "core/MainModule.h"
 #include "core/Misc.h"
 #include "core/Tietokanta.h"
+#include "core/ui/Tietueikkuna.h"
 #include "core/ui/frmAsetuksetLisa.h"
 #include "core/ui/uihelpers.h"
 
@@ -269,11 +270,7 @@ void frmAsetukset::cPeru_Click() { done(QDialog::Rejected); }
 
 void frmAsetukset::cSulje_Click()
 {
-    if (m_muuttunut && Kysy(QStringLiteral("Asetuksiin on tehty muutoksia, tallennetaanko muutokset?"))) {
-        cTallenna_Click();
-        return;
-    }
-    done(QDialog::Rejected);
+    tietue::SuljeKysyen(m_muuttunut, [this] { cTallenna_Click(); }, [this] { done(QDialog::Rejected); });
 }
 
 void frmAsetukset::reject() { cSulje_Click(); }
@@ -306,8 +303,4 @@ void frmAsetukset::mCreateNewDatabase_Click()
     }
 }
 
-void AvaaAsetukset(QWidget *parent)
-{
-    frmAsetukset w(parent);
-    w.exec();
-}
+void AvaaAsetukset(QWidget *parent) { tietue::AvaaModaalisena<frmAsetukset>(parent); }

@@ -3,6 +3,7 @@
 #include "core/AsetustenTallennus.h"
 #include "core/MainModule.h"
 #include "core/Misc.h"
+#include "core/ui/Tietueikkuna.h"
 #include "core/ui/uihelpers.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
@@ -171,11 +172,7 @@ void frmAsetuksetLisa::cTallenna_Click()
 
 void frmAsetuksetLisa::cSulje_Click()
 {
-    if (m_muuttunut && Kysy(QStringLiteral("Asetuksiin on tehty muutoksia, tallennetaanko muutokset?"))) {
-        cTallenna_Click();
-        return;
-    }
-    done(QDialog::Rejected);
+    tietue::SuljeKysyen(m_muuttunut, [this] { cTallenna_Click(); }, [this] { done(QDialog::Rejected); });
 }
 
 void frmAsetuksetLisa::reject() { cSulje_Click(); }
@@ -186,8 +183,4 @@ void frmAsetuksetLisa::done(int result)
     QDialog::done(result);
 }
 
-void AvaaLisaasetukset(QWidget *parent)
-{
-    frmAsetuksetLisa w(parent);
-    w.exec();
-}
+void AvaaLisaasetukset(QWidget *parent) { tietue::AvaaModaalisena<frmAsetuksetLisa>(parent); }

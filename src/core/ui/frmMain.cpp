@@ -5,6 +5,7 @@
 #include "core/Misc.h"
 #include "core/Tietokanta.h"
 #include "core/ui/Kuvakkeet.h"
+#include "core/ui/Tietueikkuna.h"
 #include "core/ui/frmAboutNorvik.h"
 #include "core/ui/frmAsetukset.h"
 #include "core/ui/uihelpers.h"
@@ -14,6 +15,8 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QGuiApplication>
+#include <QSessionManager>
 #include <QHBoxLayout>
 #include <QMenuBar>
 #include <QToolButton>
@@ -21,17 +24,6 @@
 using namespace MainModule;
 
 namespace {
-
-// Every action shows its failure and ends, so the window stays usable.
-template <typename F>
-void suojattu(F &&tehtava)
-{
-    try {
-        tehtava();
-    } catch (const std::exception &e) {
-        IlmoitaVirhe(QString::fromUtf8(e.what()));
-    }
-}
 
 QToolButton *iso(QWidget *parent, const char *nimi, const QString &teksti, const QIcon &kuva, int leveys)
 {
@@ -57,6 +49,14 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
                    | Qt::WindowCloseButtonHint);
     luoNapit();
     luoValikot();
+    // The desktop's logout closes the program as Sulje does; a window that cannot close (a row
+    // that cannot be stored) keeps the session from ending, where the desktop lets us ask.
+    connect(qApp, &QGuiApplication::commitDataRequest, this, [this](QSessionManager &istunto) {
+        if (!close() && istunto.allowsInteraction()) {
+            istunto.cancel();
+            istunto.release();
+        }
+    });
 
     // The bar is as large as its buttons, and stays so.
     setFixedSize(sizeHint());
@@ -87,8 +87,8 @@ void frmMain::luoNapit()
     // The windows behind these buttons come with their own parts of the program.
     for (QToolButton *b : {cJasenmaksut, cLuoJasenmaksut})
         b->setEnabled(false);
-    connect(cJasenrekisteri, &QToolButton::clicked, this, [this] { suojattu([this] { AvaaJasenrekisteri(this); }); });
-    connect(cOminaisuudet, &QToolButton::clicked, this, [this] { suojattu([this] { AvaaOminaisuudet(this); }); });
+    connect(cJasenrekisteri, &QToolButton::clicked, this, [this] { tietue::Suojattu([this] { AvaaJasenrekisteri(this); }); });
+    connect(cOminaisuudet, &QToolButton::clicked, this, [this] { tietue::Suojattu([this] { AvaaOminaisuudet(this); }); });
     connect(cAboutNorvik, &QToolButton::clicked, this, &frmMain::avaaTietoja);
     connect(cSulje, &QToolButton::clicked, this, &frmMain::close);
 
@@ -158,7 +158,7 @@ void frmMain::ResetReportFormulas() { ::ResetReportFormulas(); }
 
 void frmMain::avaaAsetukset()
 {
-    suojattu([this] {
+    tietue::Suojattu([this] {
         std::unique_ptr<frmAsetukset> asetukset;
         {
             // The hourglass while the window loads, not while the user works in it.
@@ -172,7 +172,7 @@ void frmMain::avaaAsetukset()
 
 void frmMain::avaaTietoja()
 {
-    suojattu([this] {
+    tietue::Suojattu([this] {
         frmAboutNorvik tietoja(this);
         tietoja.exec();
     });
@@ -180,7 +180,7 @@ void frmMain::avaaTietoja()
 
 void frmMain::teeVarmuuskopio()
 {
-    suojattu([this] {
+    tietue::Suojattu([this] {
         cMouseCursor osoitin;
         osoitin.SetCursor(this, Qt::WaitCursor);
         TeeVarmuuskopio();
@@ -189,12 +189,12 @@ void frmMain::teeVarmuuskopio()
 
 void frmMain::palauta()
 {
-    suojattu([] { Palautus(); });
+    tietue::Suojattu([] { Palautus(); });
 }
 
 void frmMain::perustaTietokanta()
 {
-    suojattu([this] {
+    tietue::Suojattu([this] {
         if (PerustaTietokanta(QStringLiteral("Tämä toiminto luo uuden tietokannan yhdistyksen jäsenrekisterin pohjaksi."),
                               QStringLiteral("malli.mdb")))
             close();
@@ -203,6 +203,12 @@ void frmMain::perustaTietokanta()
 
 void frmMain::closeEvent(QCloseEvent *event)
 {
+    // The other windows close by their own rules first (the member window stores its row, the
+    // settings windows ask about their changes); one that stays open keeps the program open.
+    if (!tietue::SuljeMuut(this)) {
+        event->ignore();
+        return;
+    }
     TallennaIkkunanPaikka(this);
     releaseIniAsetukset();
     event->accept();

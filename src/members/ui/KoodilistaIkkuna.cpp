@@ -4,17 +4,14 @@
 #include "core/Misc.h"
 #include "core/ui/uihelpers.h"
 #include "members/Koodilistat.h"
-#include "members/ui/Ikkunaapu.h"
-#include "members/ui/Tapahtumat.h"
+#include "core/ui/Tietueikkuna.h"
 #include "platform/dialogs.h"
 
 #include <QAction>
 #include <QCloseEvent>
 #include <QFormLayout>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLineEdit>
-#include <QStyle>
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -47,7 +44,7 @@ KoodilistaIkkuna::~KoodilistaIkkuna() = default;
 QToolButton *KoodilistaIkkuna::komento(const char *nimi, const QString &teksti, const QString &vihje, const QKeySequence &nappain,
                                        std::function<void()> toiminto)
 {
-    return ikkuna::KomentoPainike(this, m_komennot, nimi, teksti, vihje, nappain, [toiminto] { tapahtuma::suojattu(toiminto); });
+    return tietue::KomentoPainike(this, m_komennot, nimi, teksti, vihje, nappain, std::move(toiminto));
 }
 
 void KoodilistaIkkuna::rakenna(const Tekstit &t)
@@ -58,21 +55,11 @@ void KoodilistaIkkuna::rakenna(const Tekstit &t)
     cSelaa = komento("cSelaa", QStringLiteral("Selaa"), t.vihjeSelaa, Qt::Key_F5, [this] { tvwLista->setFocus(); });
     cPeru = komento("cPeru", QStringLiteral("Peru"), QStringLiteral("Peru tekemäsi muutokset [Ctrl+Z]"),
                     QKeySequence(Qt::CTRL | Qt::Key_Z), [this] { peru(); });
-    auto siirto = [this](const char *nimi, const QString &teksti, const QString &vihje, Qt::Key k, Siirto s, QStyle::StandardPixmap kuva) {
-        QToolButton *b = komento(nimi, teksti, vihje, QKeySequence(Qt::CTRL | k), [this, s] { siirry(s); });
-        b->defaultAction()->setIcon(style()->standardIcon(kuva));
-        b->setToolButtonStyle(Qt::ToolButtonIconOnly);
-        b->setMinimumWidth(32);
-        return b;
-    };
-    cEnsimmainen = siirto("cEnsimmäinen", QStringLiteral("Ensimmäinen"), QStringLiteral("Siirry ensimmäiseen [Ctrl+A]"), Qt::Key_A,
-                          Siirto::Ensimmainen, QStyle::SP_MediaSkipBackward);
-    cEdellinen = siirto("cEdellinen", QStringLiteral("Edellinen"), QStringLiteral("Siirry edelliseen [Ctrl+S]"), Qt::Key_S,
-                        Siirto::Edellinen, QStyle::SP_MediaSeekBackward);
-    cSeuraava = siirto("cSeuraava", QStringLiteral("Seuraava"), QStringLiteral("Siirry seuraavaan [Ctrl+D]"), Qt::Key_D,
-                       Siirto::Seuraava, QStyle::SP_MediaSeekForward);
-    cViimeinen = siirto("cViimeinen", QStringLiteral("Viimeinen"), QStringLiteral("Siirry seuraavaan [Ctrl+V]"), Qt::Key_V,
-                        Siirto::Viimeinen, QStyle::SP_MediaSkipForward);
+    const auto siirrot = tietue::SiirtoPainikkeet(this, m_komennot, [this](tietue::Siirto s) { siirry(s); });
+    cEnsimmainen = siirrot[0];
+    cEdellinen = siirrot[1];
+    cSeuraava = siirrot[2];
+    cViimeinen = siirrot[3];
     cSulje = komento("cSulje", QStringLiteral("Sulje"), t.vihjeSulje, QKeySequence(Qt::ALT | Qt::Key_F4), [this] { close(); });
 
     tvwLista = new QTreeWidget(this);
@@ -81,7 +68,6 @@ void KoodilistaIkkuna::rakenna(const Tekstit &t)
     tvwLista->setRootIsDecorated(false);
     tvwLista->setUniformRowHeights(true);
     tvwLista->setMinimumWidth(240);
-    tvwLista->installEventFilter(this);
     // Queued, so that the tree has finished its own change before a store rebuilds it.
     connect(tvwLista, &QTreeWidget::currentItemChanged, this, [this] { puustaValittu(tvwLista->currentItem()); },
             Qt::QueuedConnection);
@@ -109,6 +95,7 @@ void KoodilistaIkkuna::rakenna(const Tekstit &t)
     ylin->addLayout(komennot);
     ylin->addLayout(keski, 1);
     resize(640, 380);
+    new tietue::EditorinNappaimet(this);
 }
 
 QLineEdit *KoodilistaIkkuna::kentta(const char *nimi, const QString &otsikko, int leveys,
@@ -121,7 +108,6 @@ QLineEdit *KoodilistaIkkuna::kentta(const char *nimi, const QString &otsikko, in
     // A short code (a postal code) gets a box of its own size rather than the whole width.
     if (leveys > 0 && leveys <= 10)
         t->setMaximumWidth(t->fontMetrics().horizontalAdvance(QString(leveys + 2, QLatin1Char('0'))) + 16);
-    t->installEventFilter(this);
     connect(t, &QLineEdit::textChanged, this, [this, kirjoita](const QString &s) {
         if (!m_naytetaan)
             kirjoita(s);
@@ -130,26 +116,12 @@ QLineEdit *KoodilistaIkkuna::kentta(const char *nimi, const QString &otsikko, in
     return t;
 }
 
-// The window's command keys win over the boxes' own (Ctrl+A, Ctrl+Z, Ctrl+V …), as the window's
-// key preview does: a box is not let to claim a key that a command has.
-bool KoodilistaIkkuna::eventFilter(QObject *kohde, QEvent *e)
-{
-    if (e->type() == QEvent::ShortcutOverride) {
-        const auto *k = static_cast<QKeyEvent *>(e);
-        const QKeySequence painallus(k->keyCombination());
-        for (QAction *a : std::as_const(m_komennot))
-            if (a->shortcut() == painallus)
-                return true;
-    }
-    return QWidget::eventFilter(kohde, e);
-}
-
 bool KoodilistaIkkuna::lataa()
 {
-    if (!tapahtuma::tietokantaAsetettu())
+    if (!tietue::TietokantaAsetettu())
         return false;
     curMainObject->setTietokanta(MainModule::DatabasePath);
-    return tapahtuma::suojattu([this] {
+    return tietue::Suojattu([this] {
         curMainObject->GetFirst();
         rakennaPuu();
         nayta();
@@ -209,7 +181,7 @@ bool KoodilistaIkkuna::tallennaKesken()
 {
     if (!curMainObject->Muuttunut())
         return true;
-    if (!tapahtuma::suojattu([this] { curMainObject->Save(); }))
+    if (!tietue::Suojattu([this] { curMainObject->Save(); }))
         return false;
     rakennaPuu();
     return true;
@@ -239,16 +211,17 @@ void KoodilistaIkkuna::peru()
     nayta();
 }
 
-void KoodilistaIkkuna::siirry(Siirto s)
+void KoodilistaIkkuna::siirry(tietue::Siirto s)
 {
     if (!tallennaKesken())
         return;
+    using S = tietue::Siirto;
     bool loytyi = false;
     switch (s) {
-    case Siirto::Ensimmainen: loytyi = curMainObject->GetFirst(); break;
-    case Siirto::Edellinen: loytyi = curMainObject->GetPrevious(); break;
-    case Siirto::Seuraava: loytyi = curMainObject->GetNext(); break;
-    case Siirto::Viimeinen: loytyi = curMainObject->GetLast(); break;
+    case S::Ensimmainen: loytyi = curMainObject->GetFirst(); break;
+    case S::Edellinen: loytyi = curMainObject->GetPrevious(); break;
+    case S::Seuraava: loytyi = curMainObject->GetNext(); break;
+    case S::Viimeinen: loytyi = curMainObject->GetLast(); break;
     }
     if (loytyi)
         nayta();
@@ -263,7 +236,7 @@ void KoodilistaIkkuna::puustaValittu(QTreeWidgetItem *s)
     const QVariant avain = s->data(0, AvainRooli);
     if (curMainObject->Id() != 0 && solmuavain(avain) == solmuavain(curMainObject->Avain()))
         return; // the shown row's own node
-    tapahtuma::suojattu([this, avain] {
+    tietue::Suojattu([this, avain] {
         if (!tallennaKesken()) {
             nayta();
             return;

@@ -3,9 +3,12 @@
 // window from it with their own record object, boxes, title and texts.
 #pragma once
 
+#include "core/ui/Tietueikkuna.h"
+
 #include <QPointer>
 #include <QWidget>
 #include <functional>
+#include <memory>
 
 class QAction;
 class QFormLayout;
@@ -47,10 +50,8 @@ protected:
     virtual void naytaKentat() = 0;
 
     void closeEvent(QCloseEvent *e) override;
-    bool eventFilter(QObject *kohde, QEvent *e) override;
 
 private:
-    enum class Siirto { Ensimmainen, Edellinen, Seuraava, Viimeinen };
     QToolButton *komento(const char *nimi, const QString &teksti, const QString &vihje, const QKeySequence &nappain,
                          std::function<void()> toiminto);
     void rakenna(const Tekstit &t);
@@ -64,7 +65,7 @@ private:
     void tallenna();
     void poista();
     void peru();
-    void siirry(Siirto s);
+    void siirry(tietue::Siirto s);
     void puustaValittu(QTreeWidgetItem *s);
 
     QFormLayout *m_kentat = nullptr;
@@ -78,17 +79,9 @@ private:
 template <class Ikkuna>
 void AvaaKoodilista(QWidget *parent)
 {
-    static QPointer<Ikkuna> ikkuna;
-    if (!ikkuna) {
-        auto *w = new Ikkuna(parent);
-        w->setAttribute(Qt::WA_DeleteOnClose);
-        if (!w->lataa()) {
-            delete w;
-            return;
-        }
-        ikkuna = w;
-    }
-    ikkuna->show();
-    ikkuna->raise();
-    ikkuna->activateWindow();
+    static QPointer<QWidget> auki;
+    tietue::AvaaKerran(auki, [parent]() -> QWidget * {
+        auto w = std::make_unique<Ikkuna>(parent);
+        return w->lataa() ? w.release() : nullptr;
+    });
 }

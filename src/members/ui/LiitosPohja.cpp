@@ -1,4 +1,5 @@
 #include "members/ui/LiitosPohja.h"
+#include "core/ui/Tietueikkuna.h"
 
 #include "members/Piirteet.h"
 #include "members/ui/ArvoPaneeli.h"
@@ -31,15 +32,15 @@ LiitosPohja::LiitosPohja(QWidget *parent) : QWidget(parent)
     g->setColumnStretch(0, 2);
     g->setColumnStretch(1, 3);
 
-    connect(lstAllPt, &QListWidget::currentRowChanged, this, [this] { ikkuna::Suojattu([this] { lstAllPt_Click(); }); });
+    connect(lstAllPt, &QListWidget::currentRowChanged, this, [this] { tietue::Suojattu([this] { lstAllPt_Click(); }); });
 }
 
 void LiitosPohja::tayta(bool poistaTyhjat)
 {
     lstAllPt->clear();
     arvot->TyhjennaArvot();
-    ikkuna::Suojattu([&] {
-        auto d = ikkuna::AvaaKanta();
+    tietue::Suojattu([&] {
+        auto d = tietue::AvaaKanta();
         for (const ListaRivi &r : Maaritykset(*d, poistaTyhjat)) {
             auto *i = new QListWidgetItem(r.teksti, lstAllPt);
             i->setData(Qt::UserRole, r.id);
@@ -65,7 +66,7 @@ void LiitosPohja::lstAllPt_Click()
     const QListWidgetItem *i = lstAllPt->currentItem();
     if (!i)
         return;
-    auto d = ikkuna::AvaaKanta();
+    auto d = tietue::AvaaKanta();
     const auto m = LueMaaritys(*d, i->data(Qt::UserRole).toLongLong());
     if (!m)
         return;

@@ -6,7 +6,7 @@
 #include "core/ui/uihelpers.h"
 #include "members/Jasenhaku.h"
 #include "members/ui/HakuMalli.h"
-#include "members/ui/Tapahtumat.h"
+#include "core/ui/Tietueikkuna.h"
 
 #include <QComboBox>
 #include <QCompleter>
@@ -82,7 +82,7 @@ void frmHaku::pura() { delete instanssi().data(); }
 
 qint64 frmHaku::hae(QWidget *parent)
 {
-    if (!tapahtuma::tietokantaAsetettu())
+    if (!tietue::TietokantaAsetettu())
         return 0;
     QWidget *omistaja = parent ? parent->window() : nullptr;
     frmHaku *d = instanssi();
@@ -92,7 +92,7 @@ qint64 frmHaku::hae(QWidget *parent)
     } else if (d->parentWidget() != omistaja) {
         d->setParent(omistaja, d->windowFlags());
     }
-    if (!tapahtuma::suojattu([d] { d->lataa(); }))
+    if (!tietue::Suojattu([d] { d->lataa(); }))
         return 0;
     d->LoydettyID = 0;
     d->exec();
@@ -190,9 +190,9 @@ void frmHaku::rakenna()
     for (QGridLayout *l : ruudukot)
         l->setColumnMinimumWidth(0, nimileveys);
 
-    connect(cHae, &QPushButton::clicked, this, [this] { tapahtuma::suojattu([this] { hae_(); }); });
-    connect(cMuistioHaku, &QPushButton::clicked, this, [this] { tapahtuma::suojattu([this] { muistioHaku(); }); });
-    connect(cYhteysHaku, &QPushButton::clicked, this, [this] { tapahtuma::suojattu([this] { yhteysHaku(); }); });
+    connect(cHae, &QPushButton::clicked, this, [this] { tietue::Suojattu([this] { hae_(); }); });
+    connect(cMuistioHaku, &QPushButton::clicked, this, [this] { tietue::Suojattu([this] { muistioHaku(); }); });
+    connect(cYhteysHaku, &QPushButton::clicked, this, [this] { tietue::Suojattu([this] { yhteysHaku(); }); });
     connect(cmbJasenNro->lineEdit(), &QLineEdit::returnPressed, cHae, &QPushButton::click);
     connect(tMuistioHakuSana, &QLineEdit::returnPressed, cMuistioHaku, &QPushButton::click);
     for (QComboBox *c : {cmbOsoite, cmbPuhelin, cmbMatkapuhelin, cmbEmail}) {
@@ -215,7 +215,7 @@ void frmHaku::lataa()
     auto lista = [this](QComboBox *c, std::function<QVector<HakuRivi>(db::Database &)> lue) {
         malli(c)->aseta({});
         static_cast<LaiskaValinta *>(c)->tayta = [this, c, lue] {
-            tapahtuma::suojattu([this, c, &lue] {
+            tietue::Suojattu([this, c, &lue] {
                 cMouseCursor odota;
                 odota.SetCursor(this, Qt::WaitCursor);
                 auto db = avaaKanta();

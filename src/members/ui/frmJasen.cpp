@@ -2,6 +2,7 @@
 
 #include "core/MainModule.h"
 #include "core/Misc.h"
+#include "core/ui/Tietueikkuna.h"
 #include "core/ui/uihelpers.h"
 #include "members/TyhjatRivit.h"
 #include "members/ui/NimipuuMalli.h"
@@ -29,20 +30,11 @@
 
 void AvaaJasenrekisteri(QWidget *parent)
 {
-    static QPointer<frmJasen> auki;
-    if (auki) {
-        auki->showNormal();
-        auki->raise();
-        auki->activateWindow();
-        return;
-    }
-    auto *w = new frmJasen(parent);
-    if (!w->Lataa()) {
-        delete w;
-        return;
-    }
-    auki = w;
-    w->show();
+    static QPointer<QWidget> auki;
+    tietue::AvaaKerran(auki, [parent]() -> QWidget * {
+        auto w = std::make_unique<frmJasen>(parent);
+        return w->Lataa() ? w.release() : nullptr;
+    });
 }
 
 frmJasen::frmJasen(QWidget *parent) : QMainWindow(parent)
@@ -77,10 +69,11 @@ frmJasen::frmJasen(QWidget *parent) : QMainWindow(parent)
     setCentralWidget(keskus);
     KytkeKentat();
 
-    // The window's own keys must win over the text boxes' editing keys (Ctrl+A, Ctrl+V …).
+    // The boxes' select-all on entry and rules on leaving, and Enter in the tree and the lists.
     const auto lapset = findChildren<QWidget *>();
     for (QWidget *w : lapset)
         w->installEventFilter(this);
+    new tietue::EditorinNappaimet(this);
     resize(920, 600);
 }
 
@@ -92,27 +85,13 @@ frmJasen::~frmJasen()
         w->removeEventFilter(this);
 }
 
-void frmJasen::Suojaa(const std::function<void()> &f)
-{
-    try {
-        f();
-    } catch (const db::DbError &e) {
-        IlmoitaVirhe(e.message());
-    } catch (const std::exception &e) {
-        IlmoitaVirhe(QString::fromLocal8Bit(e.what()));
-    }
-}
-
 bool frmJasen::Lataa()
 {
-    const QString polku = MainModule::DatabasePath;
-    if (polku.isEmpty() || polku.compare(QLatin1String("unknown"), Qt::CaseInsensitive) == 0) {
-        Ilmoita(QStringLiteral("Tarkista tietokanta asetukset asetusikkunasta!"));
+    if (!tietue::TietokantaAsetettu())
         return false;
-    }
     ValmisteleRaporttikone(QStringLiteral("jrjasmak.rpt"));
     try {
-        m_db = db::Database::open(polku);
+        m_db = tietue::AvaaKanta();
         try {
             PoistaTyhjatRivit(*m_db);
         } catch (const db::DbError &) {
@@ -199,7 +178,7 @@ void frmJasen::AloitaMuokkaus()
 {
     if (m_lataa || !m_data1 || m_data1->editMode() != db::Recordset::EditMode::None || m_data1->absolutePosition() < 0)
         return;
-    Suojaa([this] { m_data1->edit(); });
+    tietue::Suojattu([this] { m_data1->edit(); });
 }
 
 // Writes a row in edit or add mode. A taken member number is told (unless `hiljaa`), the box
@@ -227,27 +206,30 @@ bool frmJasen::KirjoitaRivi(bool hiljaa)
     return true;
 }
 
+// The attribute value and the family classes: a failure of either has been shown, and what the
+// user typed stays for another try.
+bool frmJasen::TallennaValilehdet()
+{
+    if (bPiirreMuuttunut() && !TallennaPiirreArvo())
+        return false;
+    return !bPerheLuokkaMuuttunut || TallennaPerheLuokat();
+}
+
 bool frmJasen::TallennaKesken()
 {
     if (!m_data1)
         return true;
-    bool ok = true;
-    Suojaa([&] {
-        if (bPiirreMuuttunut() && !TallennaPiirreArvo()) {
-            ok = false;
-            return;
-        }
-        if (bPerheLuokkaMuuttunut)
-            TallennaPerheLuokat();
-        if (m_data1->editMode() == db::Recordset::EditMode::None)
-            return;
-        ok = KirjoitaRivi(false);
-        if (!ok)
-            return;
+    if (!TallennaValilehdet())
+        return false;
+    if (m_data1->editMode() == db::Recordset::EditMode::None)
+        return true;
+    if (!KirjoitaRivi(false))
+        return false;
+    tietue::Suojattu([this] {
         PaivitaKontrollit();
         PaivitaJasenmaara();
     });
-    return ok;
+    return true;
 }
 
 // An empty register leaves only the ways to add a member and to close.
@@ -273,28 +255,17 @@ void frmJasen::closeEvent(QCloseEvent *e)
 
 bool frmJasen::eventFilter(QObject *o, QEvent *e)
 {
-    if (e->type() == QEvent::ShortcutOverride) {
-        const auto *k = static_cast<QKeyEvent *>(e);
-        const QKeySequence nappain(k->keyCombination());
-        for (QAction *a : {mPeru, mEnsimmainen, mEdellinen, mSeuraava, mViimeinen}) {
-            if (a->shortcut() == nappain) {
-                e->ignore();
-                return true;
-            }
-        }
-        return false;
-    }
     if (e->type() == QEvent::KeyPress) {
         auto *k = static_cast<QKeyEvent *>(e);
         const bool enter = k->key() == Qt::Key_Return || k->key() == Qt::Key_Enter;
         if (o == tYhteystiedot[iLiittyma] && LiittymaNappain(k))
             return true;
         if (enter && o == tvwNimet) {
-            Suojaa([this] { PuuValinta(tvwNimet->currentIndex()); });
+            tietue::Suojattu([this] { PuuValinta(tvwNimet->currentIndex()); });
             return true;
         }
         if (enter && o == lstPersons) {
-            Suojaa([this] { lstPersons_Valitse(); });
+            tietue::Suojattu([this] { lstPersons_Valitse(); });
             return true;
         }
         return false;
@@ -314,7 +285,7 @@ bool frmJasen::eventFilter(QObject *o, QEvent *e)
             if (o == tYhteystiedot[i])
                 KenttaPoistui(i);
         if (o == cmbListaEhto)
-            Suojaa([this] { cmbListaEhto_LostFocus(); });
+            tietue::Suojattu([this] { cmbListaEhto_LostFocus(); });
     }
     return false;
 }

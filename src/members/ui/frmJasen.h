@@ -32,6 +32,9 @@ class QTreeView;
 class NimipuuMalli;
 class NimiListaMalli;
 class frmJasenOminaisuudet;
+namespace tietue {
+enum class Siirto;
+}
 
 // Opens the member window, or brings the open one to the front.
 void AvaaJasenrekisteri(QWidget *parent);
@@ -54,7 +57,8 @@ public:
     // Puts the row in edit mode at the first change; the attribute page calls this as well.
     void AloitaMuokkaus();
     // Stores the pending attribute value, the pending family classes and a row being edited or
-    // added, in that order. False when the row could not be written: the command stops.
+    // added, in that order. False when any of them could not be written (the reason has been
+    // shown, and the row and the tabs keep what was typed): the command stops.
     bool TallennaKesken();
     db::Recordset *Data1() const { return m_data1.get(); }
     // The rows of the user's own reports in the report menu, one per stored definition; the
@@ -118,10 +122,9 @@ public:
     void cNimiHaku_Click();
     void cKopio_Click();
     void cPeru_Click();
-    void cEnsimmainen_Click();
-    void cEdellinen_Click();
-    void cSeuraava_Click();
-    void cViimeinen_Click();
+    // First, previous, next or last: plain moves in the table's order, with a list condition
+    // through the holders in name order.
+    void Siirry(tietue::Siirto s);
     void cAvaaKaikki_Click();
     void cSulje_Click();
     void cLisaaViiteTarkiste_Click();
@@ -178,7 +181,6 @@ private:
     void KytkeKentat();
 
     // State (frmJasen.cpp)
-    void Suojaa(const std::function<void()> &f);
     JasenLomake Lomake() const;
     void PaivitaKontrollit();
     void Siirretty();
@@ -186,6 +188,7 @@ private:
     void AsetaTyhjaTila(bool tyhja);
     bool OnTyhja() const { return m_tyhja; }
     bool KirjoitaRivi(bool hiljaa);
+    bool TallennaValilehdet();
 
     // Tree and list condition (frmJasen_puu.cpp)
     // The tree of the list condition's members; at opening also the family tab's list of all.
@@ -209,7 +212,7 @@ private:
     void lstFamily_Click();
     void chkPerheLuokka_Click(int i);
     void chkPerhLaskutettava_Click();
-    void TallennaPerheLuokat();
+    bool TallennaPerheLuokat();
     void NaytaPerheLista();
 
     // Payment tab (frmJasen_maksut.cpp)

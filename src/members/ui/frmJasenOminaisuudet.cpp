@@ -1,4 +1,5 @@
 #include "members/ui/frmJasenOminaisuudet.h"
+#include "core/ui/Tietueikkuna.h"
 
 #include "core/Misc.h"
 #include "members/JasenenPiirteet.h"
@@ -56,15 +57,15 @@ frmJasenOminaisuudet::frmJasenOminaisuudet(QWidget *parent) : QWidget(parent)
     g->setColumnStretch(0, 2);
     g->setColumnStretch(1, 3);
 
-    connect(cLisaaPiirre, &QPushButton::clicked, this, [this] { ikkuna::Suojattu([this] { lisaaPiirre(); }); });
-    connect(cPoistaPiirre, &QPushButton::clicked, this, [this] { ikkuna::Suojattu([this] { poistaPiirre(); }); });
-    connect(cSelaaPiirre, &QPushButton::clicked, this, [this] { ikkuna::Suojattu([this] { selaaPiirre(); }); });
+    connect(cLisaaPiirre, &QPushButton::clicked, this, [this] { tietue::Suojattu([this] { lisaaPiirre(); }); });
+    connect(cPoistaPiirre, &QPushButton::clicked, this, [this] { tietue::Suojattu([this] { poistaPiirre(); }); });
+    connect(cSelaaPiirre, &QPushButton::clicked, this, [this] { tietue::Suojattu([this] { selaaPiirre(); }); });
     connect(lstAllPt, &QListWidget::currentRowChanged, this, [this] {
         if (!m_lataa)
-            ikkuna::Suojattu([this] { lstAllPt_Click(); });
+            tietue::Suojattu([this] { lstAllPt_Click(); });
     });
-    connect(lstAllPi, &QListWidget::currentRowChanged, this, [this] { ikkuna::Suojattu([this] { lstAllPi_Click(); }); });
-    connect(lstAllPi, &QListWidget::itemDoubleClicked, this, [this] { ikkuna::Suojattu([this] { liita(); }); });
+    connect(lstAllPi, &QListWidget::currentRowChanged, this, [this] { tietue::Suojattu([this] { lstAllPi_Click(); }); });
+    connect(lstAllPi, &QListWidget::itemDoubleClicked, this, [this] { tietue::Suojattu([this] { liita(); }); });
     connect(arvot, &ArvoPaneeli::muutettu, this, &frmJasenOminaisuudet::arvoMuuttui);
 }
 
@@ -74,7 +75,7 @@ bool frmJasenOminaisuudet::eventFilter(QObject *kohde, QEvent *e)
         const int k = static_cast<QKeyEvent *>(e)->key();
         if (k == Qt::Key_Return || k == Qt::Key_Enter) {
             // The keystroke that pressed Lisää never reaches the list, so every Enter here is the user's.
-            ikkuna::Suojattu([this] { liita(); });
+            tietue::Suojattu([this] { liita(); });
             return true;
         }
     }
@@ -83,15 +84,17 @@ bool frmJasenOminaisuudet::eventFilter(QObject *kohde, QEvent *e)
 
 void frmJasenOminaisuudet::naytaJasen(qint64 jrID)
 {
-    if (bPiirreMuuttunut)
-        tallennaPiirre();
+    // Another member's attachments are shown: a value that could not be stored (the reason was
+    // shown) goes with the old list.
+    if (bPiirreMuuttunut && !tallennaPiirre())
+        bPiirreMuuttunut = false;
     m_jrID = jrID;
     m_lataa = true;
     lstAllPt->clear();
     m_lataa = false;
     arvot->TyhjennaArvot();
-    ikkuna::Suojattu([this] {
-        auto d = ikkuna::AvaaKanta();
+    tietue::Suojattu([this] {
+        auto d = tietue::AvaaKanta();
         m_lataa = true;
         for (const ListaRivi &r : JasenenPiirteet(*d, m_jrID))
             rivi(lstAllPt, r);
@@ -107,15 +110,15 @@ void frmJasenOminaisuudet::valitse(int r)
     m_lataa = true;
     lstAllPt->setCurrentRow(r);
     m_lataa = false;
-    ikkuna::Suojattu([this] { naytaValittu(); });
+    tietue::Suojattu([this] { naytaValittu(); });
 }
 
 bool frmJasenOminaisuudet::tallennaPiirre()
 {
     if (!bPiirreMuuttunut)
         return true;
-    return ikkuna::Suojattu([this] {
-        auto d = ikkuna::AvaaKanta();
+    return tietue::Suojattu([this] {
+        auto d = tietue::AvaaKanta();
         const TallennettavatArvot a = TallennaPiirreArvo(*d, m_muokattuPt, arvot->syote());
         arvot->tyhjenna(a.tyhjenna);
         bPiirreMuuttunut = false;
@@ -133,8 +136,8 @@ bool frmJasenOminaisuudet::tallennaKesken()
 void frmJasenOminaisuudet::paivitaPiirteet()
 {
     lstAllPi->clear();
-    ikkuna::Suojattu([this] {
-        auto d = ikkuna::AvaaKanta();
+    tietue::Suojattu([this] {
+        auto d = tietue::AvaaKanta();
         for (const ListaRivi &r : Maaritykset(*d, true))
             rivi(lstAllPi, r);
     });
@@ -184,7 +187,7 @@ void frmJasenOminaisuudet::liita()
     QListWidgetItem *valittu = lstAllPi->currentItem();
     if (!valittu || !valittu->isSelected() || m_jrID <= 0)
         return;
-    auto d = ikkuna::AvaaKanta();
+    auto d = tietue::AvaaKanta();
     const qint64 ptID = LiitaPiirre(*d, m_jrID, itemData(valittu));
     if (ptID == 0)
         return; // the definition went away meanwhile
@@ -197,8 +200,19 @@ void frmJasenOminaisuudet::liita()
 
 void frmJasenOminaisuudet::lstAllPt_Click()
 {
-    if (tallennaKesken())
+    if (tallennaKesken()) {
         naytaValittu();
+        return;
+    }
+    // The value that could not be stored stays on screen under its own attachment, so that
+    // typing on does not move it to the row chosen.
+    for (int r = 0; r < lstAllPt->count(); ++r) {
+        if (itemData(lstAllPt->item(r)) == m_muokattuPt) {
+            m_lataa = true;
+            lstAllPt->setCurrentRow(r);
+            m_lataa = false;
+        }
+    }
 }
 
 void frmJasenOminaisuudet::naytaValittu()
@@ -207,7 +221,7 @@ void frmJasenOminaisuudet::naytaValittu()
     QListWidgetItem *i = lstAllPt->currentItem();
     if (!i)
         return;
-    auto d = ikkuna::AvaaKanta();
+    auto d = tietue::AvaaKanta();
     const PiirreNakyma n = LuePiirre(*d, itemData(i));
     if (!n.loytyi)
         return;
@@ -221,7 +235,7 @@ void frmJasenOminaisuudet::lstAllPi_Click()
     QListWidgetItem *i = lstAllPi->currentItem();
     if (!i)
         return;
-    auto d = ikkuna::AvaaKanta();
+    auto d = tietue::AvaaKanta();
     if (const auto m = LueMaaritys(*d, itemData(i)))
         arvot->naytaKuvaus(m->kuvaus);
 }
@@ -233,7 +247,7 @@ void frmJasenOminaisuudet::poistaPiirre()
     int seuraava = lstAllPt->currentRow();
     if (QListWidgetItem *i = lstAllPt->currentItem(); i && i->isSelected()) {
         if (Kysy(QStringLiteral("Poistetaanko valittu ominaisuus?"))) {
-            auto d = ikkuna::AvaaKanta();
+            auto d = tietue::AvaaKanta();
             PoistaLiitos(*d, itemData(i));
             m_lataa = true;
             delete lstAllPt->takeItem(lstAllPt->row(i));

@@ -1,6 +1,7 @@
 // The member window's record commands: new, copy, save, cancel, delete, the moves, and the
 // register-wide tools of its menus.
 #include "members/ui/frmJasen.h"
+#include "core/ui/Tietueikkuna.h"
 
 #include "core/MainModule.h"
 #include "core/Misc.h"
@@ -78,21 +79,17 @@ void frmJasen::cPeru_Click()
 
 void frmJasen::cPoista_Click()
 {
-    if (bPiirreMuuttunut() && !TallennaPiirreArvo())
+    if (!TallennaValilehdet())
         return;
-    if (bPerheLuokkaMuuttunut)
-        TallennaPerheLuokat();
     m_ominaisuusSivu->palaaSelaukseen();
-    // A row being edited is written first; if that fails, the delete goes on without the edit.
+    // A row being edited is written first. If that fails, the user is told and the row stays as
+    // typed, not deleted.
     const bool lisays = m_data1->editMode() == EditMode::AddNew;
-    if (!KirjoitaRivi(true)) {
-        if (lisays) {
-            // The new member never reached the database: deleting him is dropping the add.
-            if (Kysy(QStringLiteral("Poistetaanko näytössä oleva jäsen?")))
-                cPeru_Click();
-            return;
-        }
-        m_data1->cancelUpdate();
+    if (!KirjoitaRivi(lisays)) {
+        // The new member never reached the database: deleting him is dropping the add.
+        if (lisays && Kysy(QStringLiteral("Poistetaanko näytössä oleva jäsen?")))
+            cPeru_Click();
+        return;
     }
     if (NykyinenId() != 0 && Kysy(QStringLiteral("Poistetaanko näytössä oleva jäsen?"))) {
         const qint64 id = NykyinenId();
@@ -110,59 +107,16 @@ void frmJasen::cPoista_Click()
 }
 
 // Plain moves follow the table's own order; with a list condition, the holders' name order.
-void frmJasen::cEnsimmainen_Click()
+void frmJasen::Siirry(tietue::Siirto s)
 {
     if (!TallennaKesken())
         return;
-    if (ListaehdonPiirre() > 0)
-        return ListaSiirto(-2);
-    if (m_data1->recordCount() > 0)
-        m_data1->moveFirst();
-    Siirretty();
-}
-
-void frmJasen::cViimeinen_Click()
-{
-    if (!TallennaKesken())
-        return;
-    if (ListaehdonPiirre() > 0)
-        return ListaSiirto(2);
-    if (m_data1->recordCount() > 0)
-        m_data1->moveLast();
-    Siirretty();
-}
-
-void frmJasen::cSeuraava_Click()
-{
-    if (!TallennaKesken())
-        return;
-    if (ListaehdonPiirre() > 0)
-        return ListaSiirto(1);
-    if (m_data1->recordCount() == 0)
-        return dlg::current().beep();
-    if (!m_data1->eof())
-        m_data1->moveNext();
-    if (m_data1->eof()) {
-        m_data1->movePrevious();
-        dlg::current().beep();
+    if (ListaehdonPiirre() > 0) {
+        using S = tietue::Siirto;
+        const int kohde = s == S::Ensimmainen ? -2 : s == S::Edellinen ? -1 : s == S::Seuraava ? 1 : 2;
+        return ListaSiirto(kohde);
     }
-    Siirretty();
-}
-
-void frmJasen::cEdellinen_Click()
-{
-    if (!TallennaKesken())
-        return;
-    if (ListaehdonPiirre() > 0)
-        return ListaSiirto(-1);
-    if (m_data1->recordCount() == 0)
-        return dlg::current().beep();
-    if (!m_data1->bof())
-        m_data1->movePrevious();
-    if (m_data1->bof()) {
-        m_data1->moveNext();
-        dlg::current().beep();
-    }
+    tietue::Siirry(*m_data1, s);
     Siirretty();
 }
 

@@ -1,5 +1,6 @@
 // The "Maksut" page: the member's invoices in the history, and marking one paid by hand.
 #include "members/ui/frmJasen.h"
+#include "core/ui/Tietueikkuna.h"
 
 #include "core/Misc.h"
 #include "members/JasenMaksut.h"
@@ -21,7 +22,7 @@ QWidget *frmJasen::RakennaMaksut()
     lstMaksut->setObjectName(QStringLiteral("lstMaksut"));
     connect(lstMaksut, &QListWidget::currentRowChanged, this, [this] {
         if (!m_lataa)
-            Suojaa([this] { lstMaksut_Click(); });
+            tietue::Suojattu([this] { lstMaksut_Click(); });
     });
     auto *otsikko = new QLabel(QStringLiteral("Laskut:"), sivu);
     otsikko->setBuddy(lstMaksut);
@@ -57,7 +58,7 @@ QWidget *frmJasen::RakennaMaksut()
     cMaksetuksi = new QPushButton(QStringLiteral("Maksetuksi"), sivu);
     cMaksetuksi->setObjectName(QStringLiteral("cMaksetuksi"));
     cMaksetuksi->setToolTip(QStringLiteral("Merkitse valittu lasku maksetuksi"));
-    connect(cMaksetuksi, &QPushButton::clicked, this, [this] { Suojaa([this] { cMaksetuksi_Click(); }); });
+    connect(cMaksetuksi, &QPushButton::clicked, this, [this] { tietue::Suojattu([this] { cMaksetuksi_Click(); }); });
     oikea->addWidget(cMaksetuksi, 0, Qt::AlignLeft);
     vaaka->addLayout(oikea, 2);
     return sivu;

@@ -1,6 +1,7 @@
 // The user's own column reports in the report menu: a row for each stored definition, and the
 // print of the chosen one for the members the search conditions select.
 #include "members/ui/frmJasen.h"
+#include "core/ui/Tietueikkuna.h"
 
 #include "core/MainModule.h"
 #include "core/Misc.h"
@@ -44,7 +45,7 @@ void frmJasen::PaivitaMuokattavatRaportit()
         if (n > 0) {
             a = new QAction(this);
             a->setObjectName(u"mMuokattavaRaportti%1"_s.arg(n));
-            connect(a, &QAction::triggered, this, [this, n] { Suojaa([this, n] { mMuokattavaRaportti_Click(n); }); });
+            connect(a, &QAction::triggered, this, [this, n] { tietue::Suojattu([this, n] { mMuokattavaRaportti_Click(n); }); });
             mRaportit->insertAction(jalkeen, a);
             mMuokattavaRaportti.append(a);
         }

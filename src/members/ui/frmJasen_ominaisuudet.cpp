@@ -2,6 +2,7 @@
 // the member row in edit mode, as any edit of the member does, and a store the page makes on its
 // own is followed by the window's pending family store.
 #include "members/ui/frmJasen.h"
+#include "core/ui/Tietueikkuna.h"
 
 #include "members/ui/ArvoPaneeli.h"
 #include "members/ui/frmJasenOminaisuudet.h"
@@ -21,7 +22,7 @@ frmJasenOminaisuudet *frmJasen::LuoOminaisuusSivu()
     connect(s, &frmJasenOminaisuudet::muutettu, this, [this] { AloitaMuokkaus(); });
     connect(s, &frmJasenOminaisuudet::perheTallennettava, this, [this] {
         if (bPerheLuokkaMuuttunut)
-            Suojaa([this] { TallennaPerheLuokat(); });
+            TallennaPerheLuokat();
     });
     // Definitions made in the definitions window meanwhile are offered when the page is turned to.
     connect(TabStr1, &QTabWidget::currentChanged, this, [this, s](int i) {

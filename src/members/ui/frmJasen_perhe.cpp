@@ -1,6 +1,7 @@
 // The "Perhe" page: the family's head mark, its members and their classes, and the address
 // change for the whole family.
 #include "members/ui/frmJasen.h"
+#include "core/ui/Tietueikkuna.h"
 
 #include "core/Misc.h"
 #include "members/Perhe.h"
@@ -25,14 +26,14 @@ QWidget *frmJasen::RakennaPerhe()
 
     chkPerhLaskutettava = new QCheckBox(QStringLiteral("Perheen laskutettava"), sivu);
     chkPerhLaskutettava->setObjectName(QStringLiteral("chkPerhLaskutettava"));
-    connect(chkPerhLaskutettava, &QCheckBox::clicked, this, [this] { Suojaa([this] { chkPerhLaskutettava_Click(); }); });
+    connect(chkPerhLaskutettava, &QCheckBox::clicked, this, [this] { tietue::Suojattu([this] { chkPerhLaskutettava_Click(); }); });
     g->addWidget(chkPerhLaskutettava, 0, 0, 1, 2);
 
     lstFamily = new QListWidget(sivu);
     lstFamily->setObjectName(QStringLiteral("lstFamily"));
     connect(lstFamily, &QListWidget::currentRowChanged, this, [this] {
         if (!m_lataa)
-            Suojaa([this] { lstFamily_Click(); });
+            tietue::Suojattu([this] { lstFamily_Click(); });
     });
     m_henkilot = new NimiListaMalli(this);
     lstPersons = new QListView(sivu);
@@ -40,7 +41,7 @@ QWidget *frmJasen::RakennaPerhe()
     lstPersons->setUniformItemSizes(true);
     lstPersons->setEditTriggers(QAbstractItemView::NoEditTriggers);
     lstPersons->setModel(m_henkilot);
-    connect(lstPersons, &QListView::doubleClicked, this, [this] { Suojaa([this] { lstPersons_Valitse(); }); });
+    connect(lstPersons, &QListView::doubleClicked, this, [this] { tietue::Suojattu([this] { lstPersons_Valitse(); }); });
     m_perheLista = new QStackedWidget(sivu);
     m_perheLista->addWidget(lstFamily);
     m_perheLista->addWidget(lstPersons);
@@ -53,7 +54,7 @@ QWidget *frmJasen::RakennaPerhe()
     auto nappi = [&](QPushButton *&b, const char *nimi, const QString &teksti, void (frmJasen::*f)()) {
         b = new QPushButton(teksti, sivu);
         b->setObjectName(QString::fromLatin1(nimi));
-        connect(b, &QPushButton::clicked, this, [this, f] { Suojaa([this, f] { (this->*f)(); }); });
+        connect(b, &QPushButton::clicked, this, [this, f] { tietue::Suojattu([this, f] { (this->*f)(); }); });
         napit->addWidget(b);
     };
     nappi(cLisaaPerhJas, "cLisaaPerhJas", QStringLiteral("Lisää"), &frmJasen::cLisaaPerhJas_Click);
@@ -69,7 +70,7 @@ QWidget *frmJasen::RakennaPerhe()
     g->addWidget(tPerheenPaa, 4, 1);
     cMuutaPerheenOsoitteet = new QPushButton(QStringLiteral("Muuta perheenjäsenten osoitteet"), sivu);
     cMuutaPerheenOsoitteet->setObjectName(QStringLiteral("cMuutaPerheenOsoitteet"));
-    connect(cMuutaPerheenOsoitteet, &QPushButton::clicked, this, [this] { Suojaa([this] { cMuutaPerheenOsoitteet_Click(); }); });
+    connect(cMuutaPerheenOsoitteet, &QPushButton::clicked, this, [this] { tietue::Suojattu([this] { cMuutaPerheenOsoitteet_Click(); }); });
     g->addWidget(cMuutaPerheenOsoitteet, 5, 0, 1, 2, Qt::AlignLeft);
 
     auto *luokat = new QGroupBox(QStringLiteral("Perheluokka"), sivu);
@@ -77,7 +78,7 @@ QWidget *frmJasen::RakennaPerhe()
     for (int i = 0; i < PerheLuokkia; ++i) {
         auto *c = new QCheckBox(PerheLuokkaOtsikko(i), luokat);
         c->setObjectName(QStringLiteral("chkPerheLuokka_%1").arg(i));
-        connect(c, &QCheckBox::clicked, this, [this, i] { Suojaa([this, i] { chkPerheLuokka_Click(i); }); });
+        connect(c, &QCheckBox::clicked, this, [this, i] { tietue::Suojattu([this, i] { chkPerheLuokka_Click(i); }); });
         chkPerheLuokka[size_t(i)] = c;
         lv->addWidget(c);
     }
@@ -106,8 +107,10 @@ void frmJasen::NaytaPerheLista()
 
 void frmJasen::LataaPerhe()
 {
+    // The panel is read again: classes that could not be stored (the reason was shown) go.
     if (bPerheLuokkaMuuttunut)
         TallennaPerheLuokat();
+    bPerheLuokkaMuuttunut = false;
     m_lataa = true;
     NaytaPerheLista();
     lstFamily->clear();
@@ -132,10 +135,14 @@ void frmJasen::LataaPerhe()
 
 void frmJasen::lstFamily_Click()
 {
-    if (bPiirreMuuttunut() && !TallennaPiirreArvo())
+    // Classes that could not be stored stay on screen under their own row.
+    if (!TallennaValilehdet()) {
+        m_lataa = true;
+        if (bPerheLuokkaMuuttunut)
+            lstFamily->setCurrentRow(iPerheRivi);
+        m_lataa = false;
         return;
-    if (bPerheLuokkaMuuttunut)
-        TallennaPerheLuokat();
+    }
     const QListWidgetItem *rivi = lstFamily->currentItem();
     if (!rivi)
         return;
@@ -151,15 +158,18 @@ void frmJasen::chkPerheLuokka_Click(int)
     AloitaMuokkaus();
 }
 
-void frmJasen::TallennaPerheLuokat()
+// False when the classes could not be stored: the reason has been shown and the ticks stay.
+bool frmJasen::TallennaPerheLuokat()
 {
-    if (const QListWidgetItem *rivi = lstFamily->item(iPerheRivi)) {
-        PerheLuokat luokat{};
-        for (int i = 0; i < PerheLuokkia; ++i)
-            luokat[size_t(i)] = chkPerheLuokka[size_t(i)]->isChecked();
-        TallennaLuokat(*m_db, rivi->data(Qt::UserRole).toLongLong(), luokat);
-    }
-    bPerheLuokkaMuuttunut = false;
+    return tietue::Suojattu([this] {
+        if (const QListWidgetItem *rivi = lstFamily->item(iPerheRivi)) {
+            PerheLuokat luokat{};
+            for (int i = 0; i < PerheLuokkia; ++i)
+                luokat[size_t(i)] = chkPerheLuokka[size_t(i)]->isChecked();
+            TallennaLuokat(*m_db, rivi->data(Qt::UserRole).toLongLong(), luokat);
+        }
+        bPerheLuokkaMuuttunut = false;
+    });
 }
 
 void frmJasen::chkPerhLaskutettava_Click()
@@ -191,8 +201,8 @@ void frmJasen::chkPerhLaskutettava_Click()
 
 void frmJasen::cLisaaPerhJas_Click()
 {
-    if (bPerheLuokkaMuuttunut)
-        TallennaPerheLuokat();
+    if (bPerheLuokkaMuuttunut && !TallennaPerheLuokat())
+        return;
     if (m_perheLista->currentWidget() == lstPersons) {
         lstPersons_Valitse();
         return;
@@ -226,8 +236,8 @@ void frmJasen::lstPersons_Valitse()
 
 void frmJasen::cPoistaPerhJas_Click()
 {
-    if (bPerheLuokkaMuuttunut)
-        TallennaPerheLuokat();
+    if (bPerheLuokkaMuuttunut && !TallennaPerheLuokat())
+        return;
     const int rivi = lstFamily->currentRow();
     if (rivi >= 0 && Kysy(QStringLiteral("Poistetaanko henkilö perheestä?"))) {
         PoistaPerheesta(*m_db, lstFamily->item(rivi)->data(Qt::UserRole).toLongLong());
@@ -243,8 +253,8 @@ void frmJasen::cPoistaPerhJas_Click()
 
 void frmJasen::cSelaaPerhJas_Click()
 {
-    if (bPerheLuokkaMuuttunut)
-        TallennaPerheLuokat();
+    if (bPerheLuokkaMuuttunut && !TallennaPerheLuokat())
+        return;
     NaytaPerheLista();
     lstFamily->setFocus();
     if (lstFamily->count() > 0)
@@ -253,8 +263,8 @@ void frmJasen::cSelaaPerhJas_Click()
 
 void frmJasen::cMuutaPerheenOsoitteet_Click()
 {
-    if (bPerheLuokkaMuuttunut)
-        TallennaPerheLuokat();
+    if (bPerheLuokkaMuuttunut && !TallennaPerheLuokat())
+        return;
     frmPerheenUusiOsoite d(this);
     d.Aseta({tYhteystiedot[iOsoite]->text(), tYhteystiedot[iPostinumero]->text(), tYhteystiedot[iPostitoimipaikka]->text(),
              tYhteystiedot[iMaa]->text()});

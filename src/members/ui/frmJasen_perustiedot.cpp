@@ -1,5 +1,6 @@
 // The "Perustiedot" and "Muistio" pages: the member's own fields and what typing in them does.
 #include "members/ui/frmJasen.h"
+#include "core/ui/Tietueikkuna.h"
 #include "platform/kello.h"
 
 #include "core/Misc.h"
@@ -41,7 +42,7 @@ QWidget *frmJasen::RakennaPerustiedot()
     chkEmailLasku->setObjectName(QStringLiteral("chkEmailLasku"));
     cLisaaViiteTarkiste = new QPushButton(QStringLiteral("Lisää viitetarkiste"), sivu);
     cLisaaViiteTarkiste->setObjectName(QStringLiteral("cLisaaViiteTarkiste"));
-    connect(cLisaaViiteTarkiste, &QPushButton::clicked, this, [this] { Suojaa([this] { cLisaaViiteTarkiste_Click(); }); });
+    connect(cLisaaViiteTarkiste, &QPushButton::clicked, this, [this] { tietue::Suojattu([this] { cLisaaViiteTarkiste_Click(); }); });
 
     auto *g = new QGridLayout(sivu);
     g->setHorizontalSpacing(8);

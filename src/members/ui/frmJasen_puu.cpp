@@ -1,5 +1,6 @@
 // The name tree and the list condition: which members the window browses, and in what order.
 #include "members/ui/frmJasen.h"
+#include "core/ui/Tietueikkuna.h"
 
 #include "members/Nimipuu.h"
 #include "members/ui/NimipuuMalli.h"
@@ -33,7 +34,7 @@ QWidget *frmJasen::RakennaPuuPaneeli()
     tvwNimet->setModel(m_puu);
     tvwNimet->setEditTriggers(QAbstractItemView::NoEditTriggers);
     connect(tvwNimet->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [this](const QModelIndex &i) { Suojaa([this, i] { PuuValinta(i); }); });
+            [this](const QModelIndex &i) { tietue::Suojattu([this, i] { PuuValinta(i); }); });
     v->addWidget(tvwNimet, 1);
 
     cAvaaKaikki = new QPushButton(QStringLiteral("&Avaa kaikki"), w);

@@ -1,6 +1,7 @@
 // The member window's menu bar and command buttons. A button shows its menu command, so the
 // two share their key, tip and enabled state.
 #include "members/ui/frmJasen.h"
+#include "core/ui/Tietueikkuna.h"
 #include "reports/ui/frmJasenkortit.h"
 #include "reports/ui/frmRekisteritiedot.h"
 
@@ -33,7 +34,7 @@ QAction *frmJasen::Komento(QMenu *menu, const char *nimi, const QString &teksti,
     auto *a = new QAction(teksti, this);
     a->setObjectName(QString::fromLatin1(nimi));
     if (toiminto)
-        connect(a, &QAction::triggered, this, [this, toiminto] { Suojaa(toiminto); });
+        connect(a, &QAction::triggered, this, [this, toiminto] { tietue::Suojattu(toiminto); });
     else {
         a->setEnabled(false);
         m_eiKaytossa.append(a);
@@ -91,18 +92,18 @@ void frmJasen::RakennaValikot()
     mNimihaku = Komento(mTietue, "mNimihaku", QStringLiteral("&Nimihaku"), &frmJasen::cNimiHaku_Click, Qt::Key_F9,
                         QStringLiteral("Hae nimellä [F9]"));
     mTietue->addSeparator();
-    mEnsimmainen = Komento(mTietue, "mEnsimmainen", QStringLiteral("E&nsimmäinen"), &frmJasen::cEnsimmainen_Click,
-                           QKeySequence(Qt::CTRL | Qt::Key_A), QStringLiteral("Siirry ensimmäiseen [Ctrl+A]"));
-    mEdellinen = Komento(mTietue, "mEdellinen", QStringLiteral("E&dellinen"), &frmJasen::cEdellinen_Click,
-                         QKeySequence(Qt::CTRL | Qt::Key_S), QStringLiteral("Siirry edelliseen [Ctrl+S]"));
-    mSeuraava = Komento(mTietue, "mSeuraava", QStringLiteral("Seu&raava"), &frmJasen::cSeuraava_Click,
-                        QKeySequence(Qt::CTRL | Qt::Key_D), QStringLiteral("Siirry seuraavaan [Ctrl+D]"));
-    mViimeinen = Komento(mTietue, "mViimeinen", QStringLiteral("&Viimeinen"), &frmJasen::cViimeinen_Click,
-                         QKeySequence(Qt::CTRL | Qt::Key_V), QStringLiteral("Siirry seuraavaan [Ctrl+V]"));
-    mEnsimmainen->setIconText(QStringLiteral("|◀"));
-    mEdellinen->setIconText(QStringLiteral("◀"));
-    mSeuraava->setIconText(QStringLiteral("▶"));
-    mViimeinen->setIconText(QStringLiteral("▶|"));
+    std::array<QAction *, 4> siirrot{};
+    for (size_t i = 0; i < siirrot.size(); ++i) {
+        const tietue::SiirtoKomento &k = tietue::SiirtoKomennot()[i];
+        siirrot[i] = Komento(mTietue, k.valikko, k.teksti, [this, s = k.siirto] { Siirry(s); });
+        siirrot[i]->setShortcut(k.nappain);
+        siirrot[i]->setToolTip(k.vihje);
+        siirrot[i]->setIconText(k.nuoli);
+    }
+    mEnsimmainen = siirrot[0];
+    mEdellinen = siirrot[1];
+    mSeuraava = siirrot[2];
+    mViimeinen = siirrot[3];
     mTietue->addSeparator();
     mKopioiYhteystiedot = Komento(mTietue, "mKopioiYhteystiedot", QStringLiteral("Kopioi yhteystiedot"),
                                   &frmJasen::mKopioiYhteystiedot_Click);
@@ -181,10 +182,10 @@ QWidget *frmJasen::RakennaPainikkeet()
     cSelaa = Painike("cSelaa", mSelaa);
     cHaku = Painike("cHaku", mHaku);
     cNimiHaku = Painike("cNimiHaku", mNimihaku);
-    cEnsimmainen = Painike("cEnsimmäinen", mEnsimmainen);
-    cEdellinen = Painike("cEdellinen", mEdellinen);
-    cSeuraava = Painike("cSeuraava", mSeuraava);
-    cViimeinen = Painike("cViimeinen", mViimeinen);
+    cEnsimmainen = Painike(tietue::SiirtoKomennot()[0].painike, mEnsimmainen);
+    cEdellinen = Painike(tietue::SiirtoKomennot()[1].painike, mEdellinen);
+    cSeuraava = Painike(tietue::SiirtoKomennot()[2].painike, mSeuraava);
+    cViimeinen = Painike(tietue::SiirtoKomennot()[3].painike, mViimeinen);
     cEmail = Painike("cEmail", mEmailValitulle);
     cSulje = Painike("cSulje", mSulje);
     for (QToolButton *b : {cEnsimmainen, cEdellinen, cSeuraava, cViimeinen})

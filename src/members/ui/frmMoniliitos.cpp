@@ -1,4 +1,5 @@
 #include "members/ui/frmMoniliitos.h"
+#include "core/ui/Tietueikkuna.h"
 
 #include "core/MainModule.h"
 #include "core/Misc.h"
@@ -61,11 +62,11 @@ frmMoniliitos::frmMoniliitos(QWidget *parent) : QDialog(parent)
 
     connect(cValitseKaikki, &QPushButton::clicked, lstJR, &QListView::selectAll);
     connect(cEiValintoja, &QPushButton::clicked, lstJR, &QListView::clearSelection);
-    connect(cLisaa, &QPushButton::clicked, this, [this] { ikkuna::Suojattu([this] { lisaa(); }); });
+    connect(cLisaa, &QPushButton::clicked, this, [this] { tietue::Suojattu([this] { lisaa(); }); });
     connect(cSulje, &QPushButton::clicked, this, &QDialog::accept);
 
-    ikkuna::Suojattu([this] {
-        auto d = ikkuna::AvaaKanta();
+    tietue::Suojattu([this] {
+        auto d = tietue::AvaaKanta();
         m_jasenet->aseta(JasenLista(*d));
     });
     pohja->tayta(true);
@@ -89,7 +90,7 @@ void frmMoniliitos::lisaa()
     {
         cMouseCursor osoitin;
         osoitin.SetCursor(this, Qt::WaitCursor);
-        auto d = ikkuna::AvaaKanta();
+        auto d = tietue::AvaaKanta();
         LiitosTulos t;
         if (!AjaEdistyen(this, QStringLiteral("Ominaisuutta lisätään"), [&](Edistyminen *e) {
                 t = Moniliitos(Ajo(*d, e), piID, jasenet, pohja->syote(), pohja->vainUusille());
@@ -102,7 +103,7 @@ void frmMoniliitos::lisaa()
 
 void AvaaMoniliitos(QWidget *parent)
 {
-    if (!ikkuna::TietokantaAsetettu())
+    if (!tietue::TietokantaAsetettu())
         return;
     frmMoniliitos f(parent);
     f.exec();

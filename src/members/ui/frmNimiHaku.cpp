@@ -6,7 +6,7 @@
 #include "core/ui/uihelpers.h"
 #include "members/Jasenhaku.h"
 #include "members/ui/HakuMalli.h"
-#include "members/ui/Tapahtumat.h"
+#include "core/ui/Tietueikkuna.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -84,7 +84,7 @@ frmNimiHaku::frmNimiHaku(QWidget *parent) : QDialog(parent)
     ylin->addLayout(alaosa);
     resize(440, 380);
 
-    auto suojaa = [this](void (frmNimiHaku::*f)()) { return [this, f] { tapahtuma::suojattu([this, f] { (this->*f)(); }); }; };
+    auto suojaa = [this](void (frmNimiHaku::*f)()) { return [this, f] { tietue::Suojattu([this, f] { (this->*f)(); }); }; };
     connect(cSearch, &QPushButton::clicked, this, suojaa(&frmNimiHaku::etsi));
     connect(tSukunimi, &QLineEdit::returnPressed, this, suojaa(&frmNimiHaku::etsi));
     connect(tEtunimi, &QLineEdit::returnPressed, this, suojaa(&frmNimiHaku::etsi));
@@ -99,9 +99,9 @@ frmNimiHaku::~frmNimiHaku() = default;
 
 bool frmNimiHaku::lataa()
 {
-    if (!tapahtuma::tietokantaAsetettu())
+    if (!tietue::TietokantaAsetettu())
         return false;
-    return tapahtuma::suojattu([this] { m_db = db::Database::open(MainModule::DatabasePath); });
+    return tietue::Suojattu([this] { m_db = db::Database::open(MainModule::DatabasePath); });
 }
 
 bool frmNimiHaku::eventFilter(QObject *kohde, QEvent *e)

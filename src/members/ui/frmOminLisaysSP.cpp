@@ -1,4 +1,5 @@
 #include "members/ui/frmOminLisaysSP.h"
+#include "core/ui/Tietueikkuna.h"
 
 #include "core/MainModule.h"
 #include "core/Misc.h"
@@ -58,7 +59,7 @@ frmOminLisaysSP::frmOminLisaysSP(QWidget *parent) : QDialog(parent)
             if (hylatty)
                 ikkuna::Piippaa();
         });
-    connect(cLisaa, &QPushButton::clicked, this, [this] { ikkuna::Suojattu([this] { lisaa(); }); });
+    connect(cLisaa, &QPushButton::clicked, this, [this] { tietue::Suojattu([this] { lisaa(); }); });
     connect(cSulje, &QPushButton::clicked, this, &QDialog::accept);
     pohja->tayta(false);
 }
@@ -80,7 +81,7 @@ void frmOminLisaysSP::lisaa()
     {
         cMouseCursor osoitin;
         osoitin.SetCursor(this, Qt::WaitCursor);
-        auto d = ikkuna::AvaaKanta();
+        auto d = tietue::AvaaKanta();
         if (!AjaEdistyen(this, QStringLiteral("Ominaisuutta lisätään"), [&](Edistyminen *e) {
                 t = LisaaSyntymapaivanPerusteella(Ajo(*d, e), piID, vanhin, nuorin, pohja->syote(), pohja->vainUusille());
             }))
@@ -97,7 +98,7 @@ void frmOminLisaysSP::lisaa()
 
 void AvaaOminLisaysSP(QWidget *parent)
 {
-    if (!ikkuna::TietokantaAsetettu())
+    if (!tietue::TietokantaAsetettu())
         return;
     frmOminLisaysSP f(parent);
     f.exec();

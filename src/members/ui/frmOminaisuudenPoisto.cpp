@@ -1,4 +1,5 @@
 #include "members/ui/frmOminaisuudenPoisto.h"
+#include "core/ui/Tietueikkuna.h"
 
 #include "core/MainModule.h"
 #include "core/Misc.h"
@@ -21,7 +22,7 @@ frmOminaisuudenPoisto::frmOminaisuudenPoisto(QWidget *parent) : QDialog(parent)
     cmbPoistoEhto = l.toka;
     cDelete = l.toiminto;
     cUndo = l.peru;
-    connect(cDelete, &QPushButton::clicked, this, [this] { ikkuna::Suojattu([this] { poista(); }); });
+    connect(cDelete, &QPushButton::clicked, this, [this] { tietue::Suojattu([this] { poista(); }); });
 }
 
 void frmOminaisuudenPoisto::poista()
@@ -34,7 +35,7 @@ void frmOminaisuudenPoisto::poista()
     {
         cMouseCursor osoitin;
         osoitin.SetCursor(this, Qt::WaitCursor);
-        auto d = ikkuna::AvaaKanta();
+        auto d = tietue::AvaaKanta();
         if (!AjaEdistyen(this, QStringLiteral("Ominaisuutta poistetaan"), [&](Edistyminen *e) {
                 jasenia = PoistaOminaisuus(Ajo(*d, e), cmbPoistettava->currentData().toLongLong(),
                                            cmbPoistoEhto->currentData().toLongLong());
@@ -46,7 +47,7 @@ void frmOminaisuudenPoisto::poista()
 
 void AvaaOminaisuudenPoisto(QWidget *parent)
 {
-    if (!ikkuna::TietokantaAsetettu())
+    if (!tietue::TietokantaAsetettu())
         return;
     frmOminaisuudenPoisto f(parent);
     f.exec();

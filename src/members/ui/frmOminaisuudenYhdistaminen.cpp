@@ -1,4 +1,5 @@
 #include "members/ui/frmOminaisuudenYhdistaminen.h"
+#include "core/ui/Tietueikkuna.h"
 
 #include "core/MainModule.h"
 #include "core/Misc.h"
@@ -20,7 +21,7 @@ frmOminaisuudenYhdistaminen::frmOminaisuudenYhdistaminen(QWidget *parent) : QDia
     cmbYhdistetaan = l.toka;
     cCombine = l.toiminto;
     cUndo = l.peru;
-    connect(cCombine, &QPushButton::clicked, this, [this] { ikkuna::Suojattu([this] { yhdista(); }); });
+    connect(cCombine, &QPushButton::clicked, this, [this] { tietue::Suojattu([this] { yhdista(); }); });
 }
 
 void frmOminaisuudenYhdistaminen::yhdista()
@@ -29,7 +30,7 @@ void frmOminaisuudenYhdistaminen::yhdista()
         Ilmoita(QStringLiteral("Valitse yhdistettävä ominaisuus ja ominaisuus johon yhdistetään. Toiminto keskeytetty."));
         return;
     }
-    auto d = ikkuna::AvaaKanta();
+    auto d = tietue::AvaaKanta();
     if (!AjaEdistyen(this, QStringLiteral("Ominaisuuksia yhdistetään"), [&](Edistyminen *e) {
             YhdistaOminaisuus(Ajo(*d, e), cmbYhdistettava->currentData().toLongLong(),
                               cmbYhdistetaan->currentData().toLongLong());
@@ -40,7 +41,7 @@ void frmOminaisuudenYhdistaminen::yhdista()
 
 void AvaaOminaisuudenYhdistaminen(QWidget *parent)
 {
-    if (!ikkuna::TietokantaAsetettu())
+    if (!tietue::TietokantaAsetettu())
         return;
     frmOminaisuudenYhdistaminen f(parent);
     f.exec();

@@ -1,11 +1,11 @@
 #include "members/ui/frmPiirre.h"
+#include "core/ui/Tietueikkuna.h"
 
 #include "core/MainModule.h"
 #include "core/Misc.h"
 #include "core/Schema.h"
 #include "core/ui/uihelpers.h"
 #include "members/Piirteet.h"
-#include "members/ui/Ikkunaapu.h"
 #include "platform/recordset.h"
 #include "reports/RaporttiVirhe.h"
 #include "reports/ui/Raporttitulostus.h"
@@ -21,7 +21,6 @@
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPointer>
-#include <QStyle>
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -44,7 +43,7 @@ frmPiirre::~frmPiirre() = default;
 QToolButton *frmPiirre::komento(const char *nimi, const QString &teksti, const QString &vihje, const QKeySequence &nappain,
                                 std::function<void()> toiminto)
 {
-    return ikkuna::KomentoPainike(this, m_komennot, nimi, teksti, vihje, nappain, [toiminto] { ikkuna::Suojattu(toiminto); });
+    return tietue::KomentoPainike(this, m_komennot, nimi, teksti, vihje, nappain, std::move(toiminto));
 }
 
 void frmPiirre::rakenna()
@@ -58,22 +57,11 @@ void frmPiirre::rakenna()
                      [this] { selaa(); });
     cPeru = komento("cPeru", QStringLiteral("Peru"), QStringLiteral("Peru tekemäsi muutokset [Ctrl+Z]"),
                     QKeySequence(Qt::CTRL | Qt::Key_Z), [this] { peru(); });
-    using S = Siirto;
-    auto siirto = [this](const char *nimi, const QString &teksti, const QString &vihje, Qt::Key k, S s, QStyle::StandardPixmap kuva) {
-        QToolButton *b = komento(nimi, teksti, vihje, QKeySequence(Qt::CTRL | k), [this, s] { siirry(s); });
-        b->defaultAction()->setIcon(style()->standardIcon(kuva));
-        b->setToolButtonStyle(Qt::ToolButtonIconOnly);
-        b->setMinimumWidth(32);
-        return b;
-    };
-    cEnsimmainen = siirto("cEnsimmäinen", QStringLiteral("Ensimmäinen"), QStringLiteral("Siirry ensimmäiseen [Ctrl+A]"), Qt::Key_A,
-                          S::Ensimmainen, QStyle::SP_MediaSkipBackward);
-    cEdellinen = siirto("cEdellinen", QStringLiteral("Edellinen"), QStringLiteral("Siirry edelliseen [Ctrl+S]"), Qt::Key_S,
-                        S::Edellinen, QStyle::SP_MediaSeekBackward);
-    cSeuraava = siirto("cSeuraava", QStringLiteral("Seuraava"), QStringLiteral("Siirry seuraavaan [Ctrl+D]"), Qt::Key_D,
-                       S::Seuraava, QStyle::SP_MediaSeekForward);
-    cViimeinen = siirto("cViimeinen", QStringLiteral("Viimeinen"), QStringLiteral("Siirry seuraavaan [Ctrl+V]"), Qt::Key_V,
-                        S::Viimeinen, QStyle::SP_MediaSkipForward);
+    const auto siirrot = tietue::SiirtoPainikkeet(this, m_komennot, [this](tietue::Siirto s) { siirry(s); });
+    cEnsimmainen = siirrot[0];
+    cEdellinen = siirrot[1];
+    cSeuraava = siirrot[2];
+    cViimeinen = siirrot[3];
     cSulje = komento("cSulje", QStringLiteral("Sulje"), QStringLiteral("Sulje Ominaisuudet [Alt+F4]"),
                      QKeySequence(Qt::ALT | Qt::Key_F4), [this] { close(); });
 
@@ -81,7 +69,7 @@ void frmPiirre::rakenna()
     QMenu *mTyokalut = valikot->addMenu(QStringLiteral("Työkalut"));
     mSiivoaVanhatOminaisuudet = mTyokalut->addAction(QStringLiteral("Siivoa vanhat ominaisuudet"));
     mSiivoaVanhatOminaisuudet->setObjectName(QStringLiteral("mSiivoaVanhatOminaisuudet"));
-    connect(mSiivoaVanhatOminaisuudet, &QAction::triggered, this, [this] { ikkuna::Suojattu([this] { siivoa(); }); });
+    connect(mSiivoaVanhatOminaisuudet, &QAction::triggered, this, [this] { tietue::Suojattu([this] { siivoa(); }); });
     QMenu *mRaportit = valikot->addMenu(QStringLiteral("Raportit"));
     mRapLuettelo = mRaportit->addAction(QStringLiteral("Luettelo ominaisuuksista"));
     mRapLuettelo->setObjectName(QStringLiteral("mRapLuettelo"));
@@ -166,13 +154,13 @@ void frmPiirre::rakenna()
     QCheckBox *kaikki[] = {chkDate, chkLong, chkCurrency, chkMemo};
     for (int tyyppi = 0; tyyppi < ArvoTyyppeja; ++tyyppi)
         connect(kaikki[tyyppi], &QCheckBox::clicked, this, [this, tyyppi](bool paalla) {
-            ikkuna::Suojattu([&] { valintaMuuttui(tyyppi, paalla); });
+            tietue::Suojattu([&] { valintaMuuttui(tyyppi, paalla); });
         });
     connect(tvwPiirteet, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem *solmu) {
         if (!m_lataa)
-            ikkuna::Suojattu([&] { puustaValittu(solmu); });
+            tietue::Suojattu([&] { puustaValittu(solmu); });
     });
-    new ikkuna::KomentoNappaimet(this, m_komennot);
+    new tietue::EditorinNappaimet(this);
 }
 
 // ---- The row on screen ---------------------------------------------------------------------
@@ -259,7 +247,7 @@ bool frmPiirre::kirjoitaKesken(bool *kirjoitettu)
         Data1->cancelUpdate();
         return true;
     }
-    return ikkuna::Suojattu([&] {
+    return tietue::Suojattu([&] {
         KirjoitaMaaritysRivi(*Data1, {tNimi->text(), tKuvaus->text(), tDate->text(), tLong->text(), tCurrency->text(),
                                       tMemo->toPlainText()});
         Data1->update();
@@ -307,8 +295,8 @@ void frmPiirre::rakennaPuu()
 
 bool frmPiirre::lataa()
 {
-    return ikkuna::Suojattu([this] {
-        m_db = ikkuna::AvaaKanta();
+    return tietue::Suojattu([this] {
+        m_db = tietue::AvaaKanta();
         Data1 = db::Recordset::openTable(*m_db, QStringLiteral("pi"));
         if (Data1->recordCount() > 0) {
             Data1->moveLast();
@@ -395,32 +383,11 @@ void frmPiirre::peru()
     naytaNykyinen();
 }
 
-void frmPiirre::siirry(Siirto s)
+void frmPiirre::siirry(tietue::Siirto s)
 {
     if (!kirjoitaKesken())
         return;
-    if (Data1->recordCount() == 0)
-        return;
-    switch (s) {
-    case Siirto::Ensimmainen: Data1->moveFirst(); break;
-    case Siirto::Viimeinen: Data1->moveLast(); break;
-    case Siirto::Seuraava:
-        if (!Data1->eof())
-            Data1->moveNext();
-        if (Data1->eof()) {
-            Data1->moveLast();
-            ikkuna::Piippaa();
-        }
-        break;
-    case Siirto::Edellinen:
-        if (!Data1->bof())
-            Data1->movePrevious();
-        if (Data1->bof()) {
-            Data1->moveFirst();
-            ikkuna::Piippaa();
-        }
-        break;
-    }
+    tietue::Siirry(*Data1, s);
     naytaRivi();
 }
 
@@ -483,21 +450,14 @@ void frmPiirre::closeEvent(QCloseEvent *e)
 
 void AvaaOminaisuudet(QWidget *parent)
 {
-    static QPointer<frmPiirre> auki;
-    if (auki) {
-        auki->raise();
-        auki->activateWindow();
-        return;
-    }
-    if (!ikkuna::TietokantaAsetettu())
-        return;
-    auto *f = new frmPiirre(parent);
-    f->setAttribute(Qt::WA_DeleteOnClose);
-    if (!f->lataa()) {
-        delete f;
-        return;
-    }
-    auki = f;
-    LataaIkkunanPaikka(f);
-    f->show();
+    static QPointer<QWidget> auki;
+    tietue::AvaaKerran(auki, [parent]() -> QWidget * {
+        if (!tietue::TietokantaAsetettu())
+            return nullptr;
+        auto f = std::make_unique<frmPiirre>(parent);
+        if (!f->lataa())
+            return nullptr;
+        LataaIkkunanPaikka(f.get());
+        return f.release();
+    });
 }

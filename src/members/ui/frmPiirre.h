@@ -14,6 +14,9 @@ class QToolButton;
 class QTreeWidget;
 class QTreeWidgetItem;
 
+namespace tietue {
+enum class Siirto;
+}
 namespace db {
 class Database;
 class Recordset;
@@ -40,7 +43,6 @@ protected:
     void closeEvent(QCloseEvent *e) override;
 
 private:
-    enum class Siirto { Ensimmainen, Edellinen, Seuraava, Viimeinen };
     void rakenna();
     QToolButton *komento(const char *nimi, const QString &teksti, const QString &vihje, const QKeySequence &nappain,
                          std::function<void()> toiminto);
@@ -49,7 +51,7 @@ private:
     void poista();
     void selaa();
     void peru();
-    void siirry(Siirto s);
+    void siirry(tietue::Siirto s);
     void puustaValittu(QTreeWidgetItem *solmu);
     void siivoa();
     void tulostaLuettelo();
