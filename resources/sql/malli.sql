@@ -16,7 +16,7 @@ CREATE TABLE jr (
     jrJasennumero VARCHAR(10) CHECK (length(jrJasennumero) <= 10),
     jrJasenmaksu BOOLEAN CHECK (jrJasenmaksu IS NULL OR jrJasenmaksu IN (0, 1))
 );
-CREATE INDEX jr_jrJasennumeroidx ON jr (jrJasennumero);
+CREATE UNIQUE INDEX jr_jrJasennumeroidx ON jr (jrJasennumero);
 
 CREATE TABLE jm (
     jmID INTEGER PRIMARY KEY AUTOINCREMENT,

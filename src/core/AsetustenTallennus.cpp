@@ -1,6 +1,7 @@
 #include "core/AsetustenTallennus.h"
 
 #include "core/Asetukset.h"
+#include "core/Kaksoisnumerot.h"
 #include "core/MainModule.h"
 #include "core/Misc.h"
 #include "core/Tietokanta.h"
@@ -200,6 +201,7 @@ AsetustenTallennusTulos TallennaAsetukset(const AsetuksetSyote &s)
         try {
             // The path may be a new one.
             UpdateDatabase(*kanta);
+            IlmoitaKaksoisnumeroista(*kanta);
         } catch (const db::DbError &e) {
             if (e.kind() == db::ErrorKind::Corrupt) {
                 // Damage that only showed past the opening gets the same repair.

@@ -4,6 +4,7 @@
 #include "platform/kello.h"
 
 #include "core/Asetukset.h"
+#include "core/Kaksoisnumerot.h"
 #include "core/Kantatiedosto.h"
 #include "core/MainModule.h"
 #include "core/Misc.h"
@@ -151,6 +152,7 @@ bool paivita(db::Database &d)
     } catch (const db::DbError &) {
         // The first step that fails ends the upgrade for this start; the rest comes next time.
     }
+    IlmoitaKaksoisnumeroista(d);
     return true;
 }
 
