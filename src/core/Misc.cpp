@@ -63,21 +63,6 @@ qint64 NullLong(const QVariant &v, qint64 substitute)
     return ok ? n : substitute;
 }
 
-int NullInteger(const QVariant &v, int substitute)
-{
-    const qint64 n = NullLong(v, substitute);
-    return (n < -32768 || n > 32767) ? substitute : int(n);
-}
-
-double NullDouble(const QVariant &v, double substitute)
-{
-    if (!v.isValid() || v.isNull())
-        return substitute;
-    bool ok = false;
-    const double d = v.toDouble(&ok);
-    return ok ? d : substitute;
-}
-
 QDate NullDate(const QVariant &v, const QDate &substitute)
 {
     if (!v.isValid() || v.isNull())
@@ -88,14 +73,6 @@ QDate NullDate(const QVariant &v, const QDate &substitute)
         return v.toDateTime().date();
     const QDate d = ParsePaiva(v.toString());
     return d.isValid() ? d : substitute;
-}
-
-QString SqlPaiva(const QVariant &v)
-{
-    const QDate d = NullDate(v);
-    if (!d.isValid())
-        return {};
-    return QStringLiteral("#%1/%2/%3#").arg(d.month()).arg(d.day()).arg(d.year());
 }
 
 QVariant DbPaiva(const QDate &d)

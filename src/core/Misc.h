@@ -1,4 +1,4 @@
-// Shared helpers that need no window: messages, Null-safe readers, date literals.
+// Shared helpers that need no window: messages, Null-safe readers, dates and numbers as text.
 #pragma once
 
 #include "platform/currency.h"
@@ -19,12 +19,8 @@ QString NullText(const QVariant &v, const QString &substitute = {});
 Currency NullCurrency(const QVariant &v, Currency substitute = {});
 bool NullBoolean(const QVariant &v, bool substitute = false);
 qint64 NullLong(const QVariant &v, qint64 substitute = 0);
-int NullInteger(const QVariant &v, int substitute = 0);
-double NullDouble(const QVariant &v, double substitute = 0);
 QDate NullDate(const QVariant &v, const QDate &substitute = {});
 
-// A date in the old engine's literal form "#m/d/yyyy#"; empty for Null or a non-date.
-QString SqlPaiva(const QVariant &v);
 // A date as stored in the database ("yyyy-MM-dd"), Null for an invalid date.
 QVariant DbPaiva(const QDate &d);
 
