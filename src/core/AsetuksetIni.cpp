@@ -3,7 +3,8 @@
 
 #include "core/AsetustenLuku.h"
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
+#include "platform/arvot.h"
 #include "platform/files.h"
 
 namespace {

@@ -2,7 +2,7 @@
 #include "platform/kello.h"
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "platform/arvot.h"
 #include "platform/files.h"
 
 #include <cmath>

@@ -3,7 +3,7 @@
 #include "core/Asetukset.h"
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include "core/Kaksoisnumerot.h"
 #include "core/Kantatiedosto.h"
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "core/UpdateDatabase.h"
 #include "platform/files.h"
 

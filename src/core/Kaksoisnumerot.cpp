@@ -1,7 +1,7 @@
 #include "core/Kaksoisnumerot.h"
 
 #include "core/Asetukset.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "core/UpdateDatabase.h"
 
 #include <QCryptographicHash>

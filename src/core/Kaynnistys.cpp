@@ -2,7 +2,7 @@
 
 #include "core/Asetukset.h"
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "core/Ohjelmakansio.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"

@@ -3,7 +3,7 @@
 #include "core/Tietokanta.h"
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "core/Pelastus.h"
 
 #include <QFileInfo>

@@ -2,7 +2,7 @@
 
 #include "core/Esittelyseura.h"
 #include "core/Malli.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "platform/database.h"
 #include "platform/files.h"
 

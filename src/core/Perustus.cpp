@@ -4,7 +4,7 @@
 #include "core/Kantatiedosto.h"
 #include "core/MainModule.h"
 #include "core/Malli.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
 

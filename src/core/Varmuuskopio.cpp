@@ -6,7 +6,7 @@
 #include "core/Asetukset.h"
 #include "core/Kantatiedosto.h"
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "platform/files.h"
 
 #include <QCoreApplication>

@@ -1,6 +1,6 @@
 #include "members/Hakuehdot.h"
 
-#include "core/Misc.h"
+#include "platform/arvot.h"
 #include "members/HakuApu.h"
 #include "platform/currency.h"
 

@@ -1,6 +1,6 @@
 #include "members/PiirreArvot.h"
 
-#include "core/Misc.h"
+#include "platform/arvot.h"
 #include "platform/currency.h"
 
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "members/PiirreJoukko.h"
 
-#include "core/Misc.h"
+#include "platform/arvot.h"
 
 namespace {
 

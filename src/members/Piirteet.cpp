@@ -1,6 +1,6 @@
 #include "members/Piirteet.h"
 
-#include "core/Misc.h"
+#include "platform/arvot.h"
 #include "platform/recordset.h"
 
 namespace {

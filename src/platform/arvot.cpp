@@ -1,19 +1,6 @@
-#include "core/Misc.h"
+#include "platform/arvot.h"
 
-#include "core/MainModule.h"
-#include "platform/dialogs.h"
-
-#include <QLocale>
 #include <QRegularExpression>
-
-void Ilmoita(const QString &text) { dlg::current().message(text, dlg::Icon::Information, MainModule::AppName); }
-
-void IlmoitaVirhe(const QString &text) { dlg::current().message(text, dlg::Icon::Stop, MainModule::AppName); }
-
-bool Kysy(const QString &text)
-{
-    return dlg::current().question(text, MainModule::AppName) == dlg::Answer::Yes;
-}
 
 QString NullText(const QVariant &v, const QString &substitute)
 {

@@ -1,4 +1,4 @@
-// Shared helpers that need no window: messages, Null-safe readers, dates and numbers as text.
+// Values as the database and the user give them: Null-safe readers, dates and numbers as text.
 #pragma once
 
 #include "platform/currency.h"
@@ -6,13 +6,6 @@
 #include <QDate>
 #include <QString>
 #include <QVariant>
-
-// Information box with OK, titled AppName.
-void Ilmoita(const QString &text);
-// The same with the stop icon.
-void IlmoitaVirhe(const QString &text);
-// Yes/No question titled AppName; true on Yes.
-bool Kysy(const QString &text);
 
 // Null-safe readers: the value, or the substitute when it is Null or cannot be converted.
 QString NullText(const QVariant &v, const QString &substitute = {});

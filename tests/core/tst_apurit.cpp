@@ -2,7 +2,7 @@
 // placement, the demonstration database's name and file filters.
 #include "core/Kaynnistys.h"
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "platform/arvot.h"
 #include "core/ui/uihelpers.h"
 #include "platform/ui/QtDialogs.h"
 #include "scripteddialogs.h"

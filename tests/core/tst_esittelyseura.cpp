@@ -2,7 +2,7 @@
 #include "core/Esittelyseura.h"
 #include "core/MainModule.h"
 #include "core/Malli.h"
-#include "core/Misc.h"
+#include "platform/arvot.h"
 #include "core/Ohjelmakansio.h"
 #include "core/UpdateDatabase.h"
 #include "invoicing/Viite.h"

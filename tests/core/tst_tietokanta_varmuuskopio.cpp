@@ -1,6 +1,6 @@
 #include "core/Asetukset.h"
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "platform/arvot.h"
 #include "core/Tietokanta.h"
 #include "kerhokanta.h"
 #include "testipohja.h"

@@ -2,7 +2,8 @@
 
 #include "core/AsetustenTallennus.h"
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
+#include "platform/arvot.h"
 #include "core/Tietokanta.h"
 #include "core/ui/frmAsetuksetLisa.h"
 #include "core/ui/uihelpers.h"

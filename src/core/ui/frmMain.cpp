@@ -2,7 +2,7 @@
 
 #include "core/Kaynnistys.h"
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "core/Tietokanta.h"
 #include "core/ui/Kuvakkeet.h"
 #include "core/ui/frmAboutNorvik.h"

@@ -6,7 +6,7 @@
 #include <QDialog>
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "members/Piirteet.h"
 #include "platform/dialogs.h"
 

@@ -1,7 +1,7 @@
 #include "members/ui/Tapahtumat.h"
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 
 namespace tapahtuma {
 

@@ -1,7 +1,8 @@
 #include "members/ui/frmJasen.h"
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
+#include "platform/arvot.h"
 #include "core/ui/uihelpers.h"
 #include "members/ui/NimipuuMalli.h"
 #include "members/ui/frmJasenOminaisuudet.h"

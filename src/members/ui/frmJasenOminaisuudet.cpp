@@ -1,6 +1,6 @@
 #include "members/ui/frmJasenOminaisuudet.h"
 
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "members/JasenenPiirteet.h"
 #include "members/ui/ArvoPaneeli.h"
 #include "members/ui/Ikkunaapu.h"

@@ -3,7 +3,7 @@
 #include "members/ui/frmJasen.h"
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "members/ui/NimipuuMalli.h"
 #include "members/ui/frmHaku.h"
 #include "members/ui/frmJasenOminaisuudet.h"

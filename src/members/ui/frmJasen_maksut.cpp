@@ -1,7 +1,8 @@
 // The "Maksut" page: the member's invoices in the history, and marking one paid by hand.
 #include "members/ui/frmJasen.h"
 
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
+#include "platform/arvot.h"
 #include "members/JasenMaksut.h"
 
 #include <QCheckBox>

@@ -3,7 +3,7 @@
 #include "members/ui/frmJasen.h"
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "members/Hakuehdot.h"
 #include "members/ui/frmHakuehdot.h"
 #include "reports/RapMaaritys.h"

@@ -2,7 +2,7 @@
 // change for the whole family.
 #include "members/ui/frmJasen.h"
 
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "members/Perhe.h"
 #include "members/ui/NimipuuMalli.h"
 #include "members/ui/frmPerheenUusiOsoite.h"

@@ -2,7 +2,7 @@
 #include "members/ui/frmJasen.h"
 #include "platform/kello.h"
 
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "platform/dialogs.h"
 
 #include <QCheckBox>

@@ -2,7 +2,7 @@
 // decide the report, and runs it. A report error is told and the window goes on.
 #include "members/ui/frmJasen.h"
 
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "members/Hakuehdot.h"
 #include "members/JasenRaportit.h"
 #include "members/Perhetarrat.h"

@@ -7,7 +7,7 @@
 #include "members/ui/frmJasenlajit.h"
 #include "members/ui/frmJasenryhmat.h"
 #include "members/ui/frmPostinumerot.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 
 #include <QAction>
 #include <QHBoxLayout>

@@ -1,7 +1,7 @@
 #include "members/ui/frmOminaisuudenPoisto.h"
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "core/ui/uihelpers.h"
 #include "members/PiirreJoukko.h"
 #include "platform/ui/Edistymispalkki.h"

@@ -1,7 +1,7 @@
 #include "members/ui/frmOminaisuudenYhdistaminen.h"
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "members/PiirreJoukko.h"
 #include "platform/ui/Edistymispalkki.h"
 #include "members/ui/Ikkunaapu.h"

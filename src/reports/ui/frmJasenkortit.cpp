@@ -1,7 +1,7 @@
 #include "reports/ui/frmJasenkortit.h"
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "reports/Jasenkortit.h"
 #include "reports/RaporttiVirhe.h"
 #include "reports/ui/frmTulostus.h"

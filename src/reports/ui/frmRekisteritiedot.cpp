@@ -1,6 +1,6 @@
 #include "reports/ui/frmRekisteritiedot.h"
 
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "platform/database.h"
 
 #include <QApplication>
