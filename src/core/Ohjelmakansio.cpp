@@ -1,6 +1,6 @@
 #include "core/Ohjelmakansio.h"
 
-#include "core/Esittelyseura.h"
+#include "esittely/Esittelyseura.h"
 #include "core/Malli.h"
 #include "core/Ilmoitukset.h"
 #include "platform/database.h"

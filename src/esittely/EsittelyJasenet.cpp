@@ -1,7 +1,7 @@
 // Members of the demonstration club: households with a shared address, families with classes,
 // member numbers in the order of joining.
-#include "core/EsittelyMalli.h"
-#include "core/EsittelyNimet.h"
+#include "esittely/EsittelyMalli.h"
+#include "esittely/EsittelyNimet.h"
 #include "invoicing/Viite.h"
 
 #include <algorithm>

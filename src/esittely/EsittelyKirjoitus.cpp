@@ -1,6 +1,6 @@
 // Writes the demonstration club built in memory into an upgraded database: prepared statements
 // with bound values, all inside the caller's transaction.
-#include "core/EsittelyMalli.h"
+#include "esittely/EsittelyMalli.h"
 
 #include <optional>
 

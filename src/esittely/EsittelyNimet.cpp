@@ -1,4 +1,4 @@
-#include "core/EsittelyNimet.h"
+#include "esittely/EsittelyNimet.h"
 
 namespace esittely {
 

@@ -1,6 +1,6 @@
 // Attributes of the demonstration club and their values on members.
-#include "core/EsittelyMalli.h"
-#include "core/EsittelyNimet.h"
+#include "esittely/EsittelyMalli.h"
+#include "esittely/EsittelyNimet.h"
 
 namespace esittely {
 

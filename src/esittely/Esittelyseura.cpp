@@ -1,6 +1,6 @@
-#include "core/Esittelyseura.h"
+#include "esittely/Esittelyseura.h"
 
-#include "core/EsittelyMalli.h"
+#include "esittely/EsittelyMalli.h"
 #include "core/Malli.h"
 #include "core/UpdateDatabase.h"
 

@@ -1,5 +1,5 @@
 #include "core/Asetukset.h"
-#include "core/Esittelyseura.h"
+#include "esittely/Esittelyseura.h"
 #include "core/MainModule.h"
 #include "core/Malli.h"
 #include "platform/arvot.h"
