@@ -10,9 +10,9 @@
 #include "members/ui/frmHakuehdot.h"
 #include "reports/RaporttiVirhe.h"
 #include "reports/Tulostus.h"
-#include "reports/ui/frmRekisteritiedot.h"
+#include "reports/jasen/ui/frmRekisteritiedot.h"
 #include "reports/ui/frmTulostus.h"
-#include "reports/ui/frmTulostusmuodonvalinta.h"
+#include "reports/jasen/ui/frmTulostusmuodonvalinta.h"
 #include "platform/ui/Edistymispalkki.h"
 
 namespace {

@@ -1,8 +1,8 @@
 // The member window's menu bar and command buttons. A button shows its menu command, so the
 // two share their key, tip and enabled state.
 #include "members/ui/frmJasen.h"
-#include "reports/ui/frmJasenkortit.h"
-#include "reports/ui/frmRekisteritiedot.h"
+#include "reports/jasen/ui/frmJasenkortit.h"
+#include "reports/jasen/ui/frmRekisteritiedot.h"
 
 #include "members/ui/frmJasenlajit.h"
 #include "members/ui/frmJasenryhmat.h"

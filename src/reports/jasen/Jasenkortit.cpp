@@ -1,4 +1,4 @@
-#include "reports/Jasenkortit.h"
+#include "reports/jasen/Jasenkortit.h"
 
 #include "core/MainModule.h"
 #include "platform/files.h"

@@ -1,4 +1,4 @@
-#include "reports/RapMaaritys.h"
+#include "reports/jasen/RapMaaritys.h"
 
 #include "platform/database.h"
 #include "reports/RaporttiVirhe.h"

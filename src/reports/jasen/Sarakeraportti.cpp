@@ -1,7 +1,7 @@
 // The column report is written as an ordinary report definition and laid out by the engine, so
 // that it pages, cuts and numbers as every other list. Only its rows come from elsewhere: the
 // search conditions' SELECT, which the engine's own data source cannot express.
-#include "reports/Sarakeraportti.h"
+#include "reports/jasen/Sarakeraportti.h"
 
 #include "core/Schema.h"
 #include "reports/Asettelu.h"

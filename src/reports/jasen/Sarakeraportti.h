@@ -9,7 +9,7 @@
 
 #include "platform/database.h"
 #include "reports/Asiakirja.h"
-#include "reports/RapMaaritys.h"
+#include "reports/jasen/RapMaaritys.h"
 
 #include <QDate>
 #include <QMarginsF>

@@ -1,4 +1,4 @@
-#include "reports/Tarrat.h"
+#include "reports/jasen/Tarrat.h"
 
 #include "platform/database.h"
 

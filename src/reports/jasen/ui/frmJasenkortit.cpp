@@ -1,8 +1,8 @@
-#include "reports/ui/frmJasenkortit.h"
+#include "reports/jasen/ui/frmJasenkortit.h"
 
 #include "core/MainModule.h"
 #include "core/Ilmoitukset.h"
-#include "reports/Jasenkortit.h"
+#include "reports/jasen/Jasenkortit.h"
 #include "reports/RaporttiVirhe.h"
 #include "reports/ui/frmTulostus.h"
 

@@ -1,4 +1,4 @@
-#include "reports/ui/frmRekisteritiedot.h"
+#include "reports/jasen/ui/frmRekisteritiedot.h"
 
 #include "core/Ilmoitukset.h"
 #include "platform/database.h"

@@ -1,4 +1,4 @@
-#include "reports/ui/frmTulJarjValinta.h"
+#include "reports/jasen/ui/frmTulJarjValinta.h"
 
 #include <QGroupBox>
 #include <QPushButton>

@@ -1,6 +1,6 @@
-#include "reports/ui/frmTulostusmuodonvalinta.h"
+#include "reports/jasen/ui/frmTulostusmuodonvalinta.h"
 
-#include "reports/ui/frmTulJarjValinta.h"
+#include "reports/jasen/ui/frmTulJarjValinta.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
