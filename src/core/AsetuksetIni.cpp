@@ -1,5 +1,5 @@
 // The workstation's INI file, and the older releases' INI that held the club's keys too.
-#include "core/Asetukset.h"
+#include "core/AsetuksetIni.h"
 
 #include "core/AsetustenLuku.h"
 #include "core/MainModule.h"

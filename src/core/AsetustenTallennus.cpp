@@ -5,7 +5,7 @@
 #include "core/MainModule.h"
 #include "core/Ilmoitukset.h"
 #include "platform/arvot.h"
-#include "core/Tietokanta.h"
+#include "core/Korjaus.h"
 #include "core/UpdateDatabase.h"
 #include "platform/files.h"
 

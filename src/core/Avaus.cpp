@@ -1,9 +1,13 @@
 // Opening the club's database at start: the read-only question, the error loop and what a
 // clean open leads to.
-#include "core/Tietokanta.h"
+#include "core/Avaus.h"
+#include "core/Tietokantanimet.h"
+#include "core/Korjaus.h"
+#include "core/Varmuusrivit.h"
 #include "platform/kello.h"
 
 #include "core/Asetukset.h"
+#include "core/AsetuksetIni.h"
 #include "core/Kaksoisnumerot.h"
 #include "core/Kantatiedosto.h"
 #include "core/MainModule.h"

@@ -1,4 +1,5 @@
 #include "core/Kaynnistys.h"
+#include "core/Avaus.h"
 
 #include "core/Asetukset.h"
 #include "core/MainModule.h"

@@ -2,7 +2,6 @@
 // currency check, the choice of club and the opening of the database.
 #pragma once
 
-#include "core/Tietokanta.h"
 #include "platform/kello.h"
 
 #include <QDate>

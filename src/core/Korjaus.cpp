@@ -1,6 +1,7 @@
 // Repair of a damaged database: the salvaged copy takes the file's name and the damaged file
 // is kept beside it, untouched.
-#include "core/Tietokanta.h"
+#include "core/Korjaus.h"
+#include "core/Tietokantanimet.h"
 
 #include "core/MainModule.h"
 #include "core/Ilmoitukset.h"

@@ -1,4 +1,4 @@
-#include "core/Tietokanta.h"
+#include "core/Laskuidt.h"
 
 #include "core/MainModule.h"
 #include "platform/arvot.h"

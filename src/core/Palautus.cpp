@@ -1,5 +1,5 @@
 // Restore of a backup into the user's data folder, and taking it into use from the next start.
-#include "core/Tietokanta.h"
+#include "core/Palautus.h"
 #include "platform/kello.h"
 
 #include "core/Kantatiedosto.h"

@@ -1,5 +1,5 @@
 // A new club's database from the template, taken into use at the next start.
-#include "core/Tietokanta.h"
+#include "core/Perustus.h"
 
 #include "core/Kantatiedosto.h"
 #include "core/MainModule.h"

@@ -1,6 +1,8 @@
 // Backup and reorganisation: a verified copy in the backup folder, then a compacted file that
 // takes the database's name in one step, with the former file kept as the remainder.
-#include "core/Tietokanta.h"
+#include "core/Varmuuskopio.h"
+#include "core/Tietokantanimet.h"
+#include "core/Varmuusrivit.h"
 #include "platform/kello.h"
 
 #include "core/Asetukset.h"

@@ -1,6 +1,7 @@
 #include "core/ui/Main.h"
 
-#include "core/Asetukset.h"
+#include "core/AsetuksetIni.h"
+#include "core/AsetustenSiirto.h"
 #include "core/Kaynnistys.h"
 #include "core/MainModule.h"
 #include "core/ui/frmAsetukset.h"

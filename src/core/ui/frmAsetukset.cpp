@@ -4,7 +4,7 @@
 #include "core/MainModule.h"
 #include "core/Ilmoitukset.h"
 #include "platform/arvot.h"
-#include "core/Tietokanta.h"
+#include "core/Perustus.h"
 #include "core/ui/frmAsetuksetLisa.h"
 #include "core/ui/uihelpers.h"
 
