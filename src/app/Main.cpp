@@ -1,4 +1,4 @@
-#include "core/ui/Main.h"
+#include "app/Main.h"
 
 #include "core/AsetuksetIni.h"
 #include "core/AsetustenSiirto.h"
@@ -6,8 +6,8 @@
 #include "core/MainModule.h"
 #include "core/ui/frmAsetukset.h"
 #include "core/ui/frmAsetuksetLisa.h"
-#include "core/ui/frmMain.h"
-#include "core/ui/frmSplash.h"
+#include "app/frmMain.h"
+#include "app/frmSplash.h"
 
 using namespace MainModule;
 

@@ -1,4 +1,4 @@
-#include "core/ui/frmMain.h"
+#include "app/frmMain.h"
 
 #include "core/Kaynnistys.h"
 #include "core/MainModule.h"

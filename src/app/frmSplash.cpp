@@ -1,4 +1,4 @@
-#include "core/ui/frmSplash.h"
+#include "app/frmSplash.h"
 
 #include "core/Kaynnistys.h"
 #include "core/MainModule.h"
