@@ -69,7 +69,7 @@ QVariant DbPaiva(const QDate &d)
     return QVariant(d.toString(Qt::ISODate));
 }
 
-static QString normaliseNumber(const QString &text)
+QString LukuKoneenMuotoon(const QString &text)
 {
     QString t = text.trimmed();
     t.remove(QChar(0x00A0));
@@ -82,7 +82,7 @@ static QString normaliseNumber(const QString &text)
 bool OnNumeerinen(const QString &text)
 {
     static const QRegularExpression re(QStringLiteral("^[+-]?(\\d+(\\.\\d*)?|\\.\\d+)([eE][+-]?\\d+)?$"));
-    const QString t = normaliseNumber(text);
+    const QString t = LukuKoneenMuotoon(text);
     return !t.isEmpty() && re.match(t).hasMatch();
 }
 
@@ -90,7 +90,7 @@ double NumeroArvo(const QString &text)
 {
     if (!OnNumeerinen(text))
         return 0;
-    return normaliseNumber(text).toDouble();
+    return LukuKoneenMuotoon(text).toDouble();
 }
 
 QDate ParsePaiva(const QString &text)

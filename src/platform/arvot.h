@@ -17,6 +17,9 @@ QDate NullDate(const QVariant &v, const QDate &substitute = {});
 // A date as stored in the database ("yyyy-MM-dd"), Null for an invalid date.
 QVariant DbPaiva(const QDate &d);
 
+// A number as typed, in the form C and SQL read: blanks between thousands gone, the decimal
+// comma a point. Not checked: see OnNumeerinen.
+QString LukuKoneenMuotoon(const QString &text);
 // Whether the text is a number as the regional settings read it ("12", "12,5", "-3", "1 000").
 bool OnNumeerinen(const QString &text);
 // The numeric value of such a text; 0 when it is no number.
