@@ -218,15 +218,6 @@ const QStringList &Sahkopostipalvelut()
     return s;
 }
 
-const QStringList &Junioriryhmat()
-{
-    static const QStringList s = lista({
-        "Perheliikunta", "Leikkikoulu", "Pojat P2015", "Tytöt T2015", "Pojat P2013", "Tytöt T2013",
-        "Pojat P2011", "Tytöt T2011", "Nuoret N2009", "Kilparyhmä", "Harrasteryhmä",
-    });
-    return s;
-}
-
 const QStringList &Joukkueet()
 {
     static const QStringList s = lista({

@@ -33,7 +33,6 @@ const QStringList &Yritykset();
 const QStringList &Lisatiedot();
 const QStringList &Muistiot();
 const QStringList &Sahkopostipalvelut();
-const QStringList &Junioriryhmat();
 const QStringList &Joukkueet();
 const QStringList &Hallitustehtavat();
 const QStringList &Toimihenkilotehtavat();

@@ -306,9 +306,3 @@ void frmAsetukset::mCreateNewDatabase_Click()
         QCoreApplication::exit(0);
     }
 }
-
-void AvaaAsetukset(QWidget *parent)
-{
-    frmAsetukset w(parent);
-    w.exec();
-}
