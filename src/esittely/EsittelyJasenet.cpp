@@ -1,6 +1,6 @@
 // Members of the demonstration club: households with a shared address, families with classes,
 // member numbers in the order of joining.
-#include "esittely/EsittelyMalli.h"
+#include "esittely/EsittelyJasenet.h"
 #include "esittely/EsittelyNimet.h"
 #include "invoicing/Viite.h"
 

@@ -1,6 +1,6 @@
 // Writes the demonstration club built in memory into an upgraded database: prepared statements
 // with bound values, all inside the caller's transaction.
-#include "esittely/EsittelyMalli.h"
+#include "esittely/EsittelyKirjoitus.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 // The invoice history of the demonstration club: last year's and this year's membership fees,
 // a sales batch and the autumn season fees, each invoice paid, partly paid or unpaid, and the
 // unpaid ones reminded as the reminder run computes it.
-#include "esittely/EsittelyMalli.h"
+#include "esittely/EsittelyLaskut.h"
 #include "invoicing/Viite.h"
 
 #include <QLocale>

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "platform/currency.h"
-#include "platform/database.h"
 
 #include <QDate>
 #include <QString>
@@ -140,11 +139,5 @@ inline Currency Muistutuskulut() { return Currency::fromUnits(5); }
 constexpr double Viivastyskorko = 8.0;
 inline QString MuistutusOtsake() { return QStringLiteral("MAKSUMUISTUTUS"); }
 QString SeuranTili(int n); // the club's two bank accounts, IBAN grouped by four
-
-// The steps, in order.
-void LuoJasenet(Seura &s, int jasenia, Arpa &a);
-void LuoPiirteet(Seura &s, Arpa &a);
-void LuoLaskuhistoria(Seura &s, Arpa &a);
-void KirjoitaSeura(db::Database &db, Seura &s);
 
 } // namespace esittely

@@ -1,5 +1,5 @@
 // Attributes of the demonstration club and their values on members.
-#include "esittely/EsittelyMalli.h"
+#include "esittely/EsittelyPiirteet.h"
 #include "esittely/EsittelyNimet.h"
 
 namespace esittely {

@@ -1,6 +1,9 @@
 #include "esittely/Esittelyseura.h"
 
-#include "esittely/EsittelyMalli.h"
+#include "esittely/EsittelyJasenet.h"
+#include "esittely/EsittelyKirjoitus.h"
+#include "esittely/EsittelyLaskut.h"
+#include "esittely/EsittelyPiirteet.h"
 #include "core/Malli.h"
 #include "core/UpdateDatabase.h"
 
