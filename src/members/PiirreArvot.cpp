@@ -96,14 +96,6 @@ QString TekstiLahtiessa(ArvoTyyppi t, const QString &teksti, bool *hylatty)
     return teksti;
 }
 
-bool TallennettavatArvot::tyhjennettavaa() const
-{
-    for (bool b : tyhjenna)
-        if (b)
-            return true;
-    return false;
-}
-
 TallennettavatArvot Tallennettaviksi(const ArvoSyote &syote)
 {
     TallennettavatArvot a;
