@@ -15,7 +15,7 @@ std::vector<Asetusavain> rakenna()
     return {
         {"Database", L::Teksti, "", Ini, &DatabasePath},
         {"DatabaseBackup", L::Teksti, "", Ini, &BackupPath},
-        {"MultiDb", L::Totuus, "0", Ini, &MultiDb},
+        {"MultiDb", L::Totuus, "0", Ini, &MultiDb}, // the settings window keeps a copy in the club too
 
         {"RegName", L::Teksti, "", Kanta, &RegName},
         {"Henkilo", L::Teksti, "", Kanta, &Henkilo},

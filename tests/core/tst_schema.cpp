@@ -48,8 +48,8 @@ std::unique_ptr<Database> maaritelty(const QString &kansio, bool vainMalli)
     return d;
 }
 
-// Schema texts compared without the layout: ALTER TABLE and a hand-written script space them
-// differently.
+// Schema texts compared without the layout: a column added by ALTER TABLE is spaced otherwise
+// than one made with its table.
 QString normalisoi(QString sql)
 {
     sql = sql.simplified();
