@@ -2,7 +2,7 @@
 // the settings; and generating the 100,000-member club that the benchmarks use. Each has a bare
 // SQLite lower bound beside it ("..._alaraja"), so the figures read as ratios.
 #include "core/Asetukset.h"
-#include "core/Esittelyseura.h"
+#include "esittely/Esittelyseura.h"
 #include "core/Malli.h"
 #include "core/UpdateDatabase.h"
 #include "seurat.h"

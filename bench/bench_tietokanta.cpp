@@ -1,7 +1,8 @@
 // Backup with reorganisation, and the opening at start with its damage check, on a club of
 // 100,000 members. The bare engine operations beside them give the floor.
 #include "core/MainModule.h"
-#include "core/Tietokanta.h"
+#include "core/Avaus.h"
+#include "core/Varmuuskopio.h"
 #include "platform/database.h"
 #include "scripteddialogs.h"
 #include "seurat.h"

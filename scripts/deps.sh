@@ -8,7 +8,7 @@ PACKAGES=(
   libsqlite3-dev sqlite3 libcurl4-openssl-dev libxlsxwriter-dev libzint-dev
   libgtest-dev libbenchmark-dev
   libgl1-mesa-dev libxkbcommon-dev
-  xvfb xauth imagemagick poppler-utils zbar-tools python3-aiosmtpd
+  xvfb xauth imagemagick poppler-utils zbar-tools python3-aiosmtpd xdotool
   fonts-dejavu-core fonts-liberation2 locales unzip qt6-translations-l10n
 )
 

@@ -1,6 +1,9 @@
 // The composition root: Qt application, Finnish locale, real dialogs, then the start-up.
-#include "core/ui/Main.h"
-#include "core/ui/frmMain.h"
+// The main window and the start-up sequence live beside it in app/ rather than in core/ui: they
+// open the windows of every subsystem (members, reports, settings), and only the root may know
+// them all. core/ui keeps core's own windows, so that no subsystem's windows depend on another's.
+#include "app/Main.h"
+#include "app/frmMain.h"
 #include "platform/ui/Edistymispalkki.h"
 #include "platform/ui/QtDialogs.h"
 #include "reports/ui/Raporttitulostus.h"

@@ -19,17 +19,8 @@ private:
     QString m_section = QStringLiteral("VONARI");
 };
 
-// The demonstration database's path in the program's folder.
-QString OletusTietokanta();
-
-void LueIniAsetukset(const QString &tiedosto = {}); // empty: the workstation's usual file
 void LueAsetukset(db::Database &db);
-void LueVanhatAsetukset();
 
-// The start-up check that moves older settings from the file into the database. Returns true
-// when the program must end (the user was sent to the settings windows).
-// `avaaAsetukset` opens the two settings windows modally.
-bool TarkistaAsetustenSiirto(const std::function<void()> &avaaAsetukset);
 
 // Next/previous invoice number, written through at once.
 void KasvataLaskunumero(db::Database &db);

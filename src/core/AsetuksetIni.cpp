@@ -1,9 +1,10 @@
 // The workstation's INI file, and the older releases' INI that held the club's keys too.
-#include "core/Asetukset.h"
+#include "core/AsetuksetIni.h"
 
 #include "core/AsetustenLuku.h"
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
+#include "platform/arvot.h"
 #include "platform/files.h"
 
 namespace {

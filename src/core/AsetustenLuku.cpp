@@ -1,8 +1,8 @@
 #include "core/AsetustenLuku.h"
 #include "platform/kello.h"
 
-#include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Asetusavaimet.h"
+#include "platform/arvot.h"
 #include "platform/files.h"
 
 #include <cmath>
@@ -77,64 +77,32 @@ QString OhjelmanTiedosto(const QString &nimi) { return files::joinPath(files::pr
 
 std::optional<QString> LueSeuranAsetukset(const AsetuksenLukija &lue)
 {
-    using namespace MainModule;
     const Lukija l(lue);
-    RegName = l.teksti("RegName");
-    Henkilo = l.teksti("Henkilo");
-    RegOsoite = l.teksti("RegOsoite");
-    RegPostinumero = l.teksti("RegPostinumero");
-    RegPostitoimipaikka = l.teksti("RegPostitoimipaikka");
-    RegPuhelin = l.teksti("RegPuhelin");
-    RegFax = l.teksti("RegFax");
-    Email = l.teksti("Email");
-    RegSeuranEmail = l.teksti("RegSeuranEmail");
-    RegWWW = l.teksti("RegWWW");
-    SMTP = l.teksti("SMTP");
-    EmailPerMin = l.pitka("EmailPerMin", 0);
-    EmailSystem = l.pitka("EmailSystem", 0) == 1;
-    RegPankkiyhteys1 = l.teksti("RegPankkiyhteys1");
-    RegPankkiyhteys2 = l.teksti("RegPankkiyhteys2");
-    YTunnus = l.teksti("YTunnus");
-    EmailPohja = l.teksti("EmailPohja", OhjelmanTiedosto(QStringLiteral("lasku.txt")));
-    EmailKarhupohja = l.teksti("EmailKarhupohja", OhjelmanTiedosto(QStringLiteral("karhu.txt")));
-    Salasana = l.teksti("Salasana");
-    ViiteHakemisto = l.teksti("ViiteHakemisto", files::programFolder());
-    l.pitkaTaiEntinen("Laskunro", Laskunro);
-    l.pitkaTaiEntinen("Jasennro", Jasennro);
-
     std::optional<QString> takaisin;
-    const QDate paiva = ParsePaiva(l.teksti("BackupDate"));
-    if (paiva.isValid()) {
-        BackupDate = paiva;
-    } else {
-        // A fresh club counts as backed up today, so the reminder does not greet its first start.
-        BackupDate = kello::tanaan();
-        takaisin = BackupDate.toString(Qt::ISODate);
+    for (const Asetusavain &a : Asetusavaimet()) {
+        if (a.varasto != AsetusVarasto::Kanta)
+            continue;
+        const QString oletus = a.oletusTeksti();
+        switch (a.laji) {
+        case AsetusLaji::Teksti: *std::get<QString *>(a.globaali) = l.teksti(a.nimi, oletus); break;
+        case AsetusLaji::Pitka: *std::get<long *>(a.globaali) = l.pitka(a.nimi, oletus.toLong()); break;
+        case AsetusLaji::Kokonais: *std::get<int *>(a.globaali) = l.kokonais(a.nimi, oletus.toInt()); break;
+        case AsetusLaji::Totuus: *std::get<bool *>(a.globaali) = l.totuus(a.nimi); break;
+        case AsetusLaji::YksiOnTosi: *std::get<bool *>(a.globaali) = l.pitka(a.nimi, oletus.toLong()) == 1; break;
+        case AsetusLaji::Laskuri: l.pitkaTaiEntinen(a.nimi, *std::get<long *>(a.globaali)); break;
+        case AsetusLaji::Raha: *std::get<Currency *>(a.globaali) = l.raha(a.nimi); break;
+        case AsetusLaji::Liukuluku: *std::get<double *>(a.globaali) = l.liukuluku(a.nimi); break;
+        case AsetusLaji::Paiva: {
+            QDate &paiva = *std::get<QDate *>(a.globaali);
+            paiva = ParsePaiva(l.teksti(a.nimi));
+            if (!paiva.isValid()) {
+                // A fresh club counts as backed up today, so the reminder does not greet its first start.
+                paiva = kello::tanaan();
+                takaisin = paiva.toString(Qt::ISODate);
+            }
+            break;
+        }
+        }
     }
-
-    VarmuuskopioPv = l.pitka("VarmuuskopioPv", 30);
-    AutoJasennumero = l.totuus("AutoJasennumero");
-    MuistutaVarm = l.totuus("MuistutaVarm");
-    LaskupohjaKaytossa = l.totuus("LaskupohjaKaytossa");
-    LaskupohjaHKaytossa = l.totuus("LaskupohjaHKaytossa");
-    LaskupohjaTiedosto = l.teksti("LaskupohjaTiedosto");
-    LaskupohjaHTiedosto = l.teksti("LaskupohjaHTiedosto");
-    Muistutuskulut = l.raha("Muistutuskulut");
-    Viivastyskorko = l.liukuluku("Viivastyskorko");
-    MuistutusOtsake = l.teksti("MuistutusOtsake");
-    MuistutusAlku = l.teksti("MuistutusAlku");
-    MuistutusLoppu = l.teksti("MuistutusLoppu");
-    TulostusEra = l.kokonais("TulostusEra", 0);
-    Suoritustiedosto = l.teksti("Suoritustiedosto");
-    OsoiteTiedosto = l.teksti("OsoiteTiedosto");
-    OsoiteMuoto = l.kokonais("OsoiteMuoto", 0);
-    SuuretSuorituksetMaksetuksi = l.totuus("SuuretSuorituksetMaksetuksi");
-    SuorituksellaMaksetuksiJosEiLoppusummaa = l.totuus("SuorituksellaMaksetuksiJosEiLoppusummaa");
-    Fontti = l.teksti("Fontti", QStringLiteral("Times New Roman"));
-    FonttiKoko = l.kokonais("FonttiKoko", 10);
-    MargOik = l.kokonais("MargOik", 0);
-    MargVas = l.kokonais("MargVas", 0);
-    MargYla = l.kokonais("MargYla", 0);
-    MargAla = l.kokonais("MargAla", 0);
     return takaisin;
 }

@@ -1,9 +1,11 @@
 // Older releases kept the club's settings in the INI file; this moves them into the database
 // through the settings windows, whose save marks the move done.
+#include "core/AsetustenSiirto.h"
 #include "core/Asetukset.h"
+#include "core/AsetuksetIni.h"
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 
 namespace {
 

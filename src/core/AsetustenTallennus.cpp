@@ -1,9 +1,11 @@
 #include "core/AsetustenTallennus.h"
 
 #include "core/Asetukset.h"
+#include "core/Kaksoisnumerot.h"
 #include "core/MainModule.h"
-#include "core/Misc.h"
-#include "core/Tietokanta.h"
+#include "core/Ilmoitukset.h"
+#include "platform/arvot.h"
+#include "core/Korjaus.h"
 #include "core/UpdateDatabase.h"
 #include "platform/files.h"
 
@@ -200,6 +202,7 @@ AsetustenTallennusTulos TallennaAsetukset(const AsetuksetSyote &s)
         try {
             // The path may be a new one.
             UpdateDatabase(*kanta);
+            IlmoitaKaksoisnumeroista(*kanta);
         } catch (const db::DbError &e) {
             if (e.kind() == db::ErrorKind::Corrupt) {
                 // Damage that only showed past the opening gets the same repair.

@@ -1,12 +1,17 @@
 // Opening the club's database at start: the read-only question, the error loop and what a
 // clean open leads to.
-#include "core/Tietokanta.h"
+#include "core/Avaus.h"
+#include "core/Tietokantanimet.h"
+#include "core/Korjaus.h"
+#include "core/Varmuusrivit.h"
 #include "platform/kello.h"
 
 #include "core/Asetukset.h"
+#include "core/AsetuksetIni.h"
+#include "core/Kaksoisnumerot.h"
 #include "core/Kantatiedosto.h"
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "core/UpdateDatabase.h"
 #include "platform/files.h"
 
@@ -151,6 +156,7 @@ bool paivita(db::Database &d)
     } catch (const db::DbError &) {
         // The first step that fails ends the upgrade for this start; the rest comes next time.
     }
+    IlmoitaKaksoisnumeroista(d);
     return true;
 }
 

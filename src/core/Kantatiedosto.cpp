@@ -167,9 +167,7 @@ Rivimaarat laskeRivit(db::Database &d)
     if (d.scalar(QStringLiteral("SELECT 1 FROM sqlite_master WHERE name = 'sqlite_sequence'")).isValid())
         taulut << QStringLiteral("sqlite_sequence");
     for (const QString &taulu : taulut) {
-        QString lainattu = taulu;
-        lainattu.replace(QLatin1Char('"'), QStringLiteral("\"\""));
-        maarat.insert(taulu, d.scalar(QStringLiteral("SELECT count(*) FROM \"%1\"").arg(lainattu)).toLongLong());
+        maarat.insert(taulu, d.scalar(QStringLiteral("SELECT count(*) FROM %1").arg(db::quoteIdent(taulu))).toLongLong());
     }
     return maarat;
 }

@@ -1,8 +1,9 @@
 #include "core/Kaynnistys.h"
+#include "core/Avaus.h"
 
 #include "core/Asetukset.h"
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "core/Ohjelmakansio.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"

@@ -2,7 +2,7 @@
 // currency check, the choice of club and the opening of the database.
 #pragma once
 
-#include "core/Tietokanta.h"
+#include "core/Varmuuskopio.h"
 #include "platform/kello.h"
 
 #include <QDate>

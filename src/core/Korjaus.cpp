@@ -1,9 +1,10 @@
 // Repair of a damaged database: the salvaged copy takes the file's name and the damaged file
 // is kept beside it, untouched.
-#include "core/Tietokanta.h"
+#include "core/Korjaus.h"
+#include "core/Tietokantanimet.h"
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "core/Pelastus.h"
 
 #include <QFileInfo>

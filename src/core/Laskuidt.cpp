@@ -1,7 +1,7 @@
-#include "core/Tietokanta.h"
+#include "core/Laskuidt.h"
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "platform/arvot.h"
 
 long SuurinLaskunumero(db::Database &db)
 {

@@ -1,23 +1,22 @@
 #include "core/Malli.h"
 
+#include "core/Schema.h"
 #include "platform/database.h"
 #include "platform/files.h"
 
 #include <QFile>
 
-// Outside any namespace, as the resource initialiser requires; it also keeps the linker from
-// dropping the resources of the static library.
-static void alustaResurssit() { Q_INIT_RESOURCE(resources); }
+namespace {
+
+// Headings offered for a new invoice.
+const char *const Laskuotsakkeet[] = {"Jäsenmaksu", "Kannatusmaksu", "Lasku"};
+
+} // namespace
 
 void LuoMalliTietokanta(const QString &path)
 {
-    alustaResurssit();
     if (QFile::exists(path))
         throw db::DbError(db::ErrorKind::Other, QStringLiteral("Tiedosto on jo olemassa: %1").arg(path));
-    QFile lahde(QStringLiteral(":/sql/malli.sql"));
-    if (!lahde.open(QIODevice::ReadOnly))
-        throw db::DbError(db::ErrorKind::Other, QStringLiteral("Tietokannan mallia ei löydy ohjelmasta."));
-    const QString sql = QString::fromUtf8(lahde.readAll());
 
     // Built under a working name and renamed when complete, so that a failure never leaves a
     // half-made template behind to be copied for new clubs.
@@ -27,7 +26,10 @@ void LuoMalliTietokanta(const QString &path)
     try {
         auto d = db::Database::create(tyo);
         db::Transaction tx(*d);
-        d->executeScript(sql);
+        for (const QString &sql : Schema::malliLauseet())
+            d->execute(sql);
+        for (const char *otsake : Laskuotsakkeet)
+            d->execute(QStringLiteral("INSERT INTO lt (ltNimi) VALUES (?)"), {QString::fromUtf8(otsake)});
         tx.commit();
     } catch (...) {
         QFile::remove(tyo);

@@ -4,7 +4,7 @@
 
 #include <QString>
 
-// Creates the file at `path` from the built-in SQL. The file appears whole or not at all.
+// Creates the file at `path` from the schema's declaration. The file appears whole or not at all.
 // Throws db::DbError when the file exists already or cannot be written.
 void LuoMalliTietokanta(const QString &path);
 

@@ -1,8 +1,8 @@
 #include "core/Ohjelmakansio.h"
 
-#include "core/Esittelyseura.h"
+#include "esittely/Esittelyseura.h"
 #include "core/Malli.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "platform/database.h"
 #include "platform/files.h"
 

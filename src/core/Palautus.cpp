@@ -1,10 +1,10 @@
 // Restore of a backup into the user's data folder, and taking it into use from the next start.
-#include "core/Tietokanta.h"
+#include "core/Palautus.h"
 #include "platform/kello.h"
 
 #include "core/Kantatiedosto.h"
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
 

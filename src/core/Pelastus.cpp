@@ -9,13 +9,6 @@ namespace kanta {
 
 namespace {
 
-QString lainaa(const QString &nimi)
-{
-    QString q = nimi;
-    q.replace(QLatin1Char('"'), QStringLiteral("\"\""));
-    return QLatin1Char('"') + q + QLatin1Char('"');
-}
-
 // Read-only, so that not even the log's checkpoint writes into the damaged file.
 QString lukuOsoite(const QString &polku)
 {
@@ -40,7 +33,7 @@ QVector<Rakenneosa> lueRakenne(db::Database &d)
 class Rivikopio {
 public:
     Rivikopio(db::Database &d, const QString &taulu)
-        : m_d(d), m_taulu(lainaa(taulu)),
+        : m_d(d), m_taulu(db::quoteIdent(taulu)),
           m_lisays(d, QStringLiteral("INSERT INTO main.%1 SELECT * FROM vanha.%1 WHERE rowid = ?").arg(m_taulu), {0})
     {
     }

@@ -1,10 +1,10 @@
 // A new club's database from the template, taken into use at the next start.
-#include "core/Tietokanta.h"
+#include "core/Perustus.h"
 
 #include "core/Kantatiedosto.h"
 #include "core/MainModule.h"
 #include "core/Malli.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
 

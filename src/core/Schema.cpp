@@ -13,7 +13,8 @@ enum : unsigned {
     T = 2,   // born with the table the upgrade creates
     S = 4,   // added by a later step of its own
     AZL = 8, // zero-length text allowed
-    DEF = 16 // default explicitly ""
+    DEF = 16, // default explicitly ""
+    U = 32    // unique index
 };
 
 struct Rivi {
@@ -57,7 +58,8 @@ SchemaTable taulu(const char *nimi, bool perustaulu, std::initializer_list<Rivi>
     for (const Rivi &r : kentat)
         t.kentat << kenttaRivista(r);
     for (const IndeksiRivi &r : indeksit)
-        t.indeksit << SchemaIndex{QString::fromUtf8(r.nimi), QString::fromUtf8(r.kentta), alkuperaLipuista(r.liput)};
+        t.indeksit << SchemaIndex{QString::fromUtf8(r.nimi), QString::fromUtf8(r.kentta), alkuperaLipuista(r.liput),
+                                  bool(r.liput & U)};
     return t;
 }
 
@@ -108,7 +110,8 @@ QVector<SchemaTable> rakenna()
                 {"jrYritys", L::Text, 100, S | DEF},
                 {"jrPostinumeroNumero", L::Long, 0, S},
                 {"jrKatu", L::Text, 50, S | AZL}},
-               {{"jrJasennumeroidx", "jrJasennumero", M}});
+               // The member number is the member's printed identity: no two members share one.
+               {{"jrJasennumeroidx", "jrJasennumero", M | U}});
 
     // The template's widths: headings as wide as the stored headings, texts as wide as a row
     // text, references wide enough for the international form with its grouping spaces.
@@ -484,13 +487,28 @@ QString sqliteIndeksiNimi(const QString &table, const QString &index) { return t
 
 QString indeksiLause(const SchemaTable &table, const SchemaIndex &index)
 {
-    return QStringLiteral("CREATE INDEX %1 ON %2 (%3)")
-        .arg(sqliteIndeksiNimi(table.nimi, index.nimi), table.nimi, index.kentta);
+    return QStringLiteral("CREATE %1INDEX %2 ON %3 (%4)")
+        .arg(index.yksilollinen ? QStringLiteral("UNIQUE ") : QString(), sqliteIndeksiNimi(table.nimi, index.nimi),
+             table.nimi, index.kentta);
 }
 
 QString lisaysLause(const SchemaTable &table, const SchemaField &field)
 {
     return QStringLiteral("ALTER TABLE %1 ADD COLUMN %2").arg(table.nimi, field.sarakeMaaritys());
+}
+
+QStringList malliLauseet()
+{
+    QStringList out;
+    for (const SchemaTable &t : taulut()) {
+        if (!t.perustaulu)
+            continue;
+        out << t.luontiLause();
+        for (const SchemaIndex &i : t.indeksit)
+            if (i.alkupera == Alkupera::Malli)
+                out << indeksiLause(t, i);
+    }
+    return out;
 }
 
 QString piirteetLause()

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 // The field kinds of the register, as the old engine named them.
@@ -29,6 +30,7 @@ struct SchemaIndex {
     QString nimi;   // the name within its table ("jridx")
     QString kentta; // the one indexed field
     Alkupera alkupera = Alkupera::Taulu;
+    bool yksilollinen = false; // no two rows share a value; Nulls may repeat
 };
 
 struct SchemaTable {
@@ -61,6 +63,10 @@ QString sqliteIndeksiNimi(const QString &table, const QString &index);
 QString indeksiLause(const SchemaTable &table, const SchemaIndex &index);
 // ALTER TABLE … ADD COLUMN for one field of the table.
 QString lisaysLause(const SchemaTable &table, const SchemaField &field);
+
+// The statements that make the template of a new club: the base tables with their own fields
+// and indexes. The upgrade brings the rest.
+QStringList malliLauseet();
 
 // The one stored query: each attribute value joined to its definition.
 inline constexpr const char *PiirteetNimi = "piirteet";

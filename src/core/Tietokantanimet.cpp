@@ -1,4 +1,4 @@
-#include "core/Tietokanta.h"
+#include "core/Tietokantanimet.h"
 
 #include "platform/files.h"
 

@@ -21,6 +21,7 @@ public:
         m_nakymat.clear();
         m_kentat.clear();
         m_indeksit.clear();
+        m_yksilolliset.clear();
         m_autoavain.clear();
         m_oikeatNimet.clear();
         QHash<QString, QString> luonnit;
@@ -36,6 +37,8 @@ public:
                 m_nakymat.insert(nimi);
             } else if (tyyppi == QLatin1String("index")) {
                 m_indeksit[master.value(2).toString().toLower()] << nimi;
+                if (master.value(3).toString().startsWith(QLatin1String("CREATE UNIQUE"), Qt::CaseInsensitive))
+                    m_yksilolliset.insert(nimi);
             }
         }
         db::Statement sarakkeet(m_db, QStringLiteral(
@@ -69,6 +72,11 @@ public:
                                                 Qt::CaseSensitive);
     }
 
+    bool yksilollinen(const QString &taulu, const QString &indeksi) const
+    {
+        return m_yksilolliset.contains(Schema::sqliteIndeksiNimi(m_oikeatNimet.value(taulu.toLower()), indeksi));
+    }
+
 private:
     db::Database &m_db;
     QSet<QString> m_taulut;
@@ -76,11 +84,12 @@ private:
     QHash<QString, QStringList> m_kentat;   // by lower-case table name
     QHash<QString, QStringList> m_indeksit; // by lower-case table name
     QSet<QString> m_autoavain;
+    QSet<QString> m_yksilolliset; // unique indexes by their name in the file
     QHash<QString, QString> m_oikeatNimet; // lower-case -> as the file spells the table
 };
 
 struct Vaihe {
-    enum Laji { Kentat, Taulu, Indeksi, Kysely };
+    enum Laji { Kentat, Taulu, Indeksi, Kysely, Yksilollinen };
     Laji laji;
     QString taulu;
     QStringList kentat; // added together; only the first is tested
@@ -95,7 +104,10 @@ Vaihe kentat(const char *taulu, std::initializer_list<const char *> nimet, const
     return {Vaihe::Kentat, QString::fromUtf8(taulu), l, QString::fromUtf8(indeksi)};
 }
 Vaihe taulu(const char *nimi) { return {Vaihe::Taulu, QString::fromUtf8(nimi), {}, {}}; }
-Vaihe indeksi(const char *taulu, const char *nimi) { return {Vaihe::Indeksi, QString::fromUtf8(taulu), {}, QString::fromUtf8(nimi)}; }
+Vaihe indeksi(const char *taulu, const char *nimi, Vaihe::Laji laji = Vaihe::Indeksi)
+{
+    return {laji, QString::fromUtf8(taulu), {}, QString::fromUtf8(nimi)};
+}
 
 // The order is the record of what came when; later steps rely on the tables of earlier ones.
 const QVector<Vaihe> &vaiheet()
@@ -142,6 +154,8 @@ const QVector<Vaihe> &vaiheet()
           << kentat("jmhist", {"jmhjmAvoinSumma"}) << kentat("jmhist", {"jmhjmMuistutusKorkoSumma"});
         s << taulu("Rekisteritiedot");
         s << indeksi("Rekisteritiedot", "jrIDidx");
+        // Made unique only when the numbers allow it; until then the club opens as it is.
+        s << indeksi("jr", "jrJasennumeroidx", Vaihe::Yksilollinen);
         return s;
     }();
     return v;
@@ -154,8 +168,15 @@ bool onTehty(const Rakenne &r, const Vaihe &v)
     case Vaihe::Taulu: return r.taulu(v.taulu);
     case Vaihe::Indeksi: return r.indeksi(v.taulu, v.indeksi);
     case Vaihe::Kysely: return r.kysely(QLatin1String(Schema::PiirteetNimi));
+    case Vaihe::Yksilollinen: return r.yksilollinen(v.taulu, v.indeksi);
     }
     return true;
+}
+
+// A step that cannot be taken without losing data waits until the user has put it right.
+bool odottaa(db::Database &db, const Vaihe &v)
+{
+    return v.laji == Vaihe::Yksilollinen && !KaksoisJasennumerot(db).isEmpty();
 }
 
 QString kuvaus(const Vaihe &v)
@@ -165,6 +186,7 @@ QString kuvaus(const Vaihe &v)
     case Vaihe::Taulu: return QStringLiteral("taulu %1").arg(v.taulu);
     case Vaihe::Indeksi: return QStringLiteral("indeksi %1.%2").arg(v.taulu, v.indeksi);
     case Vaihe::Kysely: return QStringLiteral("kysely %1").arg(QLatin1String(Schema::PiirteetNimi));
+    case Vaihe::Yksilollinen: return QStringLiteral("yksilöllinen indeksi %1.%2").arg(v.taulu, v.indeksi);
     }
     return {};
 }
@@ -204,6 +226,12 @@ QStringList lauseet(const Vaihe &v)
     case Vaihe::Indeksi:
         out << indeksiLause(v.indeksi);
         break;
+    case Vaihe::Yksilollinen:
+        // An empty number is no number: the window stores none as Null, and only Nulls may repeat.
+        out << QStringLiteral("UPDATE %1 SET %2 = NULL WHERE %2 = ''").arg(t->nimi, t->indeksi(v.indeksi)->kentta)
+            << QStringLiteral("DROP INDEX IF EXISTS %1").arg(Schema::sqliteIndeksiNimi(t->nimi, v.indeksi))
+            << indeksiLause(v.indeksi);
+        break;
     case Vaihe::Kysely:
         break;
     }
@@ -231,7 +259,7 @@ void UpdateDatabase(db::Database &db)
 {
     Rakenne r(db);
     for (const Vaihe &v : vaiheet()) {
-        if (onTehty(r, v))
+        if (onTehty(r, v) || odottaa(db, v))
             continue;
         tee(db, v);
         r.lue();
@@ -256,7 +284,23 @@ bool TietokantaOnAjantasalla(db::Database &db)
 {
     const Rakenne r(db);
     for (const Vaihe &v : vaiheet())
-        if (!onTehty(r, v))
+        if (!onTehty(r, v) && !odottaa(db, v))
             return false;
     return true;
+}
+
+QStringList KaksoisJasennumerot(db::Database &db)
+{
+    // A unique index holds none: the question costs nothing in a club made or put right since.
+    const QString indeksi = db.scalar(QStringLiteral("SELECT sql FROM sqlite_master WHERE type = 'index' AND name = ?"),
+                                      {Schema::sqliteIndeksiNimi(QStringLiteral("jr"), QStringLiteral("jrJasennumeroidx"))})
+                                .toString();
+    if (indeksi.startsWith(QLatin1String("CREATE UNIQUE"), Qt::CaseInsensitive))
+        return {};
+    QStringList numerot;
+    db::Statement st(db, QStringLiteral("SELECT jrJasennumero FROM jr WHERE jrJasennumero <> '' "
+                                        "GROUP BY jrJasennumero HAVING count(*) > 1 ORDER BY length(jrJasennumero), jrJasennumero"));
+    while (st.next())
+        numerot << st.value(0).toString();
+    return numerot;
 }

@@ -13,5 +13,9 @@ bool KenttaOnOlemassa(db::Database &db, const QString &table, const QString &fie
 bool IndeksiOnOlemassa(db::Database &db, const QString &table, const QString &index);
 bool KyselyOnOlemassa(db::Database &db, const QString &name);
 
-// Whether every step's test passes already, so that UpdateDatabase would change nothing.
+// Whether UpdateDatabase would change nothing: every step is done or waits for the user.
 bool TietokantaOnAjantasalla(db::Database &db);
+
+// Member numbers that more than one member holds. Until there are none, the member-number index
+// stays as it was and the upgrade leaves it for the next start.
+QStringList KaksoisJasennumerot(db::Database &db);

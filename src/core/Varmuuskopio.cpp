@@ -1,12 +1,14 @@
 // Backup and reorganisation: a verified copy in the backup folder, then a compacted file that
 // takes the database's name in one step, with the former file kept as the remainder.
-#include "core/Tietokanta.h"
+#include "core/Varmuuskopio.h"
+#include "core/Tietokantanimet.h"
+#include "core/Varmuusrivit.h"
 #include "platform/kello.h"
 
 #include "core/Asetukset.h"
 #include "core/Kantatiedosto.h"
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "platform/files.h"
 
 #include <QCoreApplication>

@@ -1,4 +1,4 @@
-#include "core/Tietokanta.h"
+#include "core/Varmuusrivit.h"
 
 #include "core/MainModule.h"
 

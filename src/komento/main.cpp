@@ -4,9 +4,9 @@
 //   vonari-komento --versio | --ohje
 //
 // Exit status 0 on success, 1 when the run refused or failed (nothing written), 2 on bad use.
-#include "core/Asetukset.h"
+#include "core/AsetuksetIni.h"
 #include "core/MainModule.h"
-#include "core/Tietokanta.h"
+#include "core/Avaus.h"
 #include "komento/Komento.h"
 #include "platform/kello.h"
 

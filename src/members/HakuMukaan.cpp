@@ -2,7 +2,7 @@
 // UPDATE over `jr`: a member stays in when the stage takes him and no filter removes him. So a
 // JA of thirty attributes is one pass over the register rather than a chain of passes, and the
 // flags end as the step-by-step chain would leave them, `jrMukaan2` included.
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "members/HakuApu.h"
 #include "members/Hakuehdot.h"
 #include "members/JasenMaksut.h"

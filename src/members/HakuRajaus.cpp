@@ -1,5 +1,5 @@
 // The sentence that a report prints under its heading to say who is listed.
-#include "core/Misc.h"
+#include "platform/arvot.h"
 #include "members/HakuApu.h"
 #include "members/Hakuehdot.h"
 

@@ -1,6 +1,6 @@
 #include "members/Hakuehdot.h"
 
-#include "core/Misc.h"
+#include "platform/arvot.h"
 #include "members/HakuApu.h"
 #include "members/TyhjatRivit.h"
 #include "platform/currency.h"
@@ -147,15 +147,7 @@ QString likeKuvio(const QString &arvo)
 
 QString kaavaPaiva(const QDate &d) { return u" Date(%1,%2,%3)"_s.arg(d.year()).arg(d.month()).arg(d.day()); }
 
-QString kaavaLuku(const QString &arvo)
-{
-    QString t = arvo.trimmed();
-    t.remove(QChar(0x00A0));
-    t.remove(QChar(0x202F));
-    t.remove(QLatin1Char(' '));
-    t.replace(QLatin1Char(','), QLatin1Char('.'));
-    return t;
-}
+QString kaavaLuku(const QString &arvo) { return LukuKoneenMuotoon(arvo); }
 
 QString kaavaMerkkijono(const QString &arvo)
 {

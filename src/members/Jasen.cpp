@@ -2,7 +2,7 @@
 
 #include "core/Asetukset.h"
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "platform/arvot.h"
 #include "core/Schema.h"
 #include "invoicing/Viite.h"
 #include "members/JasenMaksut.h"

@@ -1,6 +1,6 @@
 #include "members/JasenMaksut.h"
 
-#include "core/Misc.h"
+#include "platform/arvot.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "members/JasenenPiirteet.h"
 
-#include "core/Misc.h"
+#include "platform/arvot.h"
 #include "core/Schema.h"
 
 #include <QStringList>

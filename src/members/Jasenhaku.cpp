@@ -1,6 +1,6 @@
 #include "members/Jasenhaku.h"
 
-#include "core/Misc.h"
+#include "platform/arvot.h"
 
 #include <QCollator>
 #include <QLocale>

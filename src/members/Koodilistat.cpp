@@ -1,6 +1,6 @@
 #include "members/Koodilistat.h"
 
-#include "core/Misc.h"
+#include "platform/arvot.h"
 #include "platform/database.h"
 
 namespace {

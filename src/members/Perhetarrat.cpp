@@ -1,6 +1,6 @@
 #include "members/Perhetarrat.h"
 
-#include "reports/Tarrat.h"
+#include "reports/jasen/Tarrat.h"
 
 #include <QStringList>
 

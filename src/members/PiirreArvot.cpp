@@ -1,6 +1,6 @@
 #include "members/PiirreArvot.h"
 
-#include "core/Misc.h"
+#include "platform/arvot.h"
 #include "platform/currency.h"
 
 #include <cmath>
@@ -94,14 +94,6 @@ QString TekstiLahtiessa(ArvoTyyppi t, const QString &teksti, bool *hylatty)
     if (t == ArvoTyyppi::Paiva)
         return ArvoTekstiksi(t, v);
     return teksti;
-}
-
-bool TallennettavatArvot::tyhjennettavaa() const
-{
-    for (bool b : tyhjenna)
-        if (b)
-            return true;
-    return false;
 }
 
 TallennettavatArvot Tallennettaviksi(const ArvoSyote &syote)

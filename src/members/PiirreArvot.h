@@ -47,6 +47,5 @@ struct TallennettavatArvot {
     std::array<QVariant, ArvoTyyppeja> arvo;
     std::array<bool, ArvoTyyppeja> kaytossa{};
     std::array<bool, ArvoTyyppeja> tyhjenna{};
-    bool tyhjennettavaa() const;
 };
 TallennettavatArvot Tallennettaviksi(const ArvoSyote &syote);

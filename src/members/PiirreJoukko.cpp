@@ -1,7 +1,7 @@
 #include "members/PiirreJoukko.h"
 
-#include "core/Misc.h"
 #include "members/TyhjatRivit.h"
+#include "platform/arvot.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "members/Piirteet.h"
 
-#include "core/Misc.h"
 #include "members/TyhjatRivit.h"
+#include "platform/arvot.h"
 #include "platform/recordset.h"
 
 namespace {

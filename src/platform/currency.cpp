@@ -94,19 +94,6 @@ QString Currency::toString(int decimals) const
     return s;
 }
 
-QString Currency::toMoneyString() const
-{
-    QString plain = toString(2);
-    const bool neg = plain.startsWith(QLatin1Char('-'));
-    if (neg)
-        plain = plain.mid(1);
-    const int comma = plain.indexOf(QLatin1Char(','));
-    QString whole = plain.left(comma);
-    for (int i = whole.size() - 3; i > 0; i -= 3)
-        whole.insert(i, QChar(0x00A0));
-    return (neg ? QStringLiteral("-") : QString()) + whole + plain.mid(comma) + QStringLiteral(" €");
-}
-
 Currency Currency::roundedToCents() const
 {
     const qint64 unit = 100; // one cent in ten-thousandths

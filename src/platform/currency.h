@@ -22,8 +22,6 @@ public:
     double toDouble() const { return double(m_raw) / Scale; }
     // "12,50" (two decimals, decimal comma, no grouping)
     QString toString(int decimals = 2) const;
-    // "1 234,50 €" with the Finnish grouping
-    QString toMoneyString() const;
     // Rounded to cents, half to even.
     Currency roundedToCents() const;
 

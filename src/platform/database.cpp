@@ -76,14 +76,14 @@ QString finnishText(ErrorKind kind, const QString &detail)
     }
 }
 
+} // namespace
+
 QString quoteIdent(const QString &name)
 {
     QString q = name;
     q.replace(QLatin1Char('"'), QStringLiteral("\"\""));
     return QLatin1Char('"') + q + QLatin1Char('"');
 }
-
-} // namespace
 
 // ---- Statement ---------------------------------------------------------------------------
 

@@ -195,4 +195,7 @@ private:
 enum class FileKind { Missing, Empty, SQLite, AccessJet, Unknown, Unreadable };
 FileKind probeFile(const QString &path);
 
+// A table or column name as an SQL identifier: in double quotes, inner quotes doubled.
+QString quoteIdent(const QString &name);
+
 } // namespace db

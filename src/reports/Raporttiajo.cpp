@@ -41,11 +41,6 @@ void AsetaTulostuskohde(Tulostuskohde *kohde)
     g_kohde = kohde;
 }
 
-Tulostuskohde *NykyinenTulostuskohde()
-{
-    return g_kohde;
-}
-
 void Raporttiajo::ResetReportFormulas(const QString &tietokanta)
 {
     WindowShowPrintBtn = true;

@@ -72,4 +72,3 @@ public:
 };
 
 void AsetaTulostuskohde(Tulostuskohde *kohde); // nullptr removes it
-Tulostuskohde *NykyinenTulostuskohde();

@@ -1,15 +1,7 @@
 #include "reports/Tietolahde.h"
 
+#include "platform/database.h"
 #include "reports/RaporttiVirhe.h"
-
-namespace {
-
-QString lainaa(const QString &nimi)
-{
-    return QLatin1Char('"') + QString(nimi).replace(QLatin1Char('"'), QLatin1String("\"\"")) + QLatin1Char('"');
-}
-
-} // namespace
 
 Arvo KentanArvo(const QVariant &v, KenttaLaji laji)
 {
@@ -96,7 +88,7 @@ Tietolahde::Sarake Tietolahde::sarake(const Solmu &kentta, const QString &missa)
                                 .arg(missa, kentta.taulu, kentta.kentta, t.taulu));
     m_kaytetyt.insert(kentta.taulu.toLower());
     // The name the formulas use is the SQL alias of the table.
-    return {lainaa(kentta.taulu.toLower()) + QLatin1Char('.') + lainaa(k->first), k->second};
+    return {db::quoteIdent(kentta.taulu.toLower()) + QLatin1Char('.') + db::quoteIdent(k->first), k->second};
 }
 
 void Tietolahde::sido(Solmu &puu, const QString &missa)
@@ -169,7 +161,7 @@ QString Tietolahde::liitokset(db::Params &arvot)
         }
         const QString taulu = m_tiedot.value(l.nimi.toLower()).taulu;
         sql += l.ehto ? (l.sisa ? QStringLiteral(" JOIN ") : QStringLiteral(" LEFT JOIN ")) : QStringLiteral(" CROSS JOIN ");
-        sql += lainaa(taulu) + QStringLiteral(" AS ") + lainaa(l.nimi.toLower());
+        sql += db::quoteIdent(taulu) + QStringLiteral(" AS ") + db::quoteIdent(l.nimi.toLower());
         if (l.ehto) {
             sql += QStringLiteral(" ON ") + ehdot[i].sql;
             arvot += ehdot[i].arvot;
@@ -190,8 +182,8 @@ Rivisto Tietolahde::hae(const SqlEhto &valinta, const QStringList &jarjestys, co
     // The tables of every field are known only now that all have been bound; the link
     // conditions may add more.
     const QString liitos = liitokset(arvot);
-    m_sql = QStringLiteral("SELECT ") + sarakkeet.join(QStringLiteral(", ")) + QStringLiteral(" FROM ") + lainaa(paa.taulu)
-            + QStringLiteral(" AS ") + lainaa(m_m.paatauluNimi.toLower()) + liitos;
+    m_sql = QStringLiteral("SELECT ") + sarakkeet.join(QStringLiteral(", ")) + QStringLiteral(" FROM ") + db::quoteIdent(paa.taulu)
+            + QStringLiteral(" AS ") + db::quoteIdent(m_m.paatauluNimi.toLower()) + liitos;
     if (!valinta.sql.isEmpty()) {
         m_sql += QStringLiteral(" WHERE ") + valinta.sql;
         arvot += valinta.arvot;
@@ -200,7 +192,7 @@ Rivisto Tietolahde::hae(const SqlEhto &valinta, const QStringList &jarjestys, co
     // Equal keys keep the order of the main table's key, so a report comes out the same every time.
     const QString avain = m_db.primaryKeyColumn(paa.taulu);
     if (!avain.isEmpty())
-        jarj << lainaa(m_m.paatauluNimi.toLower()) + QLatin1Char('.') + lainaa(avain);
+        jarj << db::quoteIdent(m_m.paatauluNimi.toLower()) + QLatin1Char('.') + db::quoteIdent(avain);
     if (!jarj.isEmpty())
         m_sql += QStringLiteral(" ORDER BY ") + jarj.join(QStringLiteral(", "));
     arvot += jarjestysArvot;

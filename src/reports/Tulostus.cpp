@@ -1,7 +1,8 @@
 #include "reports/Tulostus.h"
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
+#include "platform/arvot.h"
 #include "platform/files.h"
 
 #include <cmath>

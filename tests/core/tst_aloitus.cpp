@@ -3,8 +3,8 @@
 // older settings.
 #include "core/Asetukset.h"
 #include "core/MainModule.h"
-#include "core/ui/Main.h"
-#include "core/ui/frmMain.h"
+#include "app/Main.h"
+#include "app/frmMain.h"
 #include "platform/database.h"
 #include "platform/files.h"
 #include "reports/Tulostus.h"

@@ -1,4 +1,6 @@
 #include "core/Asetukset.h"
+#include "core/AsetuksetIni.h"
+#include "core/AsetustenSiirto.h"
 #include "core/MainModule.h"
 #include "platform/files.h"
 #include "malliseura.h"

@@ -1,5 +1,6 @@
 #include "core/AsetustenTallennus.h"
 #include "core/Asetukset.h"
+#include "core/Asetusavaimet.h"
 #include "core/MainModule.h"
 #include "platform/database.h"
 #include "platform/files.h"
@@ -189,6 +190,31 @@ private slots:
         QCOMPARE(M::MargAla, 13);
         QCOMPARE(M::RaporttiMarginaalit.bottom, 13 * 48);
         QCOMPARE(M::MuistutusLoppu, QStringLiteral("Jos olet jo maksanut, tämä muistutus on aiheeton."));
+    }
+
+    // What the two settings windows write is what the start reads: every stored key stands in the
+    // table of settings, and every club key of the table but those the windows do not own is written.
+    void tallennetutAvaimetOvatLuettavia()
+    {
+        const QString kanta = teeKanta(*env);
+        QVERIFY(TallennaAsetukset(hyvat(kanta, env->path(QStringLiteral("varmistus")))).valmis);
+        LisaasetuksetSyote lisa;
+        lisa.tSuoritustiedosto = QStringLiteral("/pankki/viitteet.txt");
+        QVERIFY(TallennaLisaasetukset(lisa));
+
+        QStringList taulussa;
+        for (const Asetusavain &a : Asetusavaimet())
+            taulussa << a.nimiTekstina();
+        const QStringList tallennetut = kannanAsetukset(kanta).keys();
+        for (const QString &avain : tallennetut) {
+            if (avain == QLatin1String("AsKannassa")) // the mark of the move from the INI file
+                continue;
+            QVERIFY2(taulussa.contains(avain), qPrintable(avain));
+        }
+        const QStringList eiIkkunoilta = {QStringLiteral("BackupDate"), QStringLiteral("ViiteHakemisto")};
+        for (const Asetusavain &a : Asetusavaimet())
+            if (a.varasto == AsetusVarasto::Kanta && !eiIkkunoilta.contains(a.nimiTekstina()))
+                QVERIFY2(tallennetut.contains(a.nimiTekstina()), a.nimi);
     }
 
     // The first bad number stops the save at its turn: the keys before it are stored, it and

@@ -1,7 +1,7 @@
 #include "core/MainModule.h"
 #include "core/ui/frmAsetukset.h"
 #include "core/ui/frmAsetuksetLisa.h"
-#include "core/ui/frmMain.h"
+#include "app/frmMain.h"
 #include "platform/database.h"
 #include "platform/mxlookup.h"
 #include "malliseura.h"

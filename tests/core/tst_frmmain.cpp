@@ -2,8 +2,8 @@
 // size, the club's menu entry and the placement kept between runs.
 #include "core/MainModule.h"
 #include "core/ui/frmAboutNorvik.h"
-#include "core/ui/frmMain.h"
-#include "core/ui/frmSplash.h"
+#include "app/frmMain.h"
+#include "app/frmSplash.h"
 #include "testipohja.h"
 
 #include <QAction>

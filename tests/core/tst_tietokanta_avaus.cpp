@@ -1,6 +1,8 @@
 #include "core/MainModule.h"
 #include "core/Malli.h"
-#include "core/Tietokanta.h"
+#include "core/Tietokantanimet.h"
+#include "core/Avaus.h"
+#include "core/Varmuusrivit.h"
 #include "core/UpdateDatabase.h"
 #include "kerhokanta.h"
 #include "platform/files.h"
@@ -124,6 +126,40 @@ private slots:
         dlg->shown.clear();
         QVERIFY(avaa()); // current now: nothing more to copy
         QVERIFY(dlg->shown.isEmpty());
+    }
+
+    // A club from before the numbers were kept unique opens with every member, and the user hears
+    // once which numbers are doubled; a number doubled since is told again.
+    void kaksoisnumerotKerrotaanKerran()
+    {
+        {
+            auto d = db::Database::open(kanta);
+            d->executeScript(QStringLiteral("DROP INDEX jr_jrJasennumeroidx; CREATE INDEX jr_jrJasennumeroidx ON jr (jrJasennumero);"
+                                            "UPDATE jr SET jrJasennumero = '7' WHERE jrID IN (8, 9);"
+                                            "UPDATE jr SET jrJasennumero = '12' WHERE jrID = 40;"));
+        }
+        auto d = avaa();
+        QVERIFY(d);
+        QCOMPARE(d->scalar(QStringLiteral("SELECT count(*) FROM jr")).toInt(), 50);
+        QCOMPARE(dlg->messages().size(), 1);
+        QVERIFY2(dlg->messages().first().contains(QStringLiteral("Numerot:\n7, 12\n")), qPrintable(dlg->messages().first()));
+        d.reset();
+
+        dlg->shown.clear();
+        QVERIFY(avaa());
+        QVERIFY(dlg->shown.isEmpty());
+
+        db::Database::open(kanta)->execute(QStringLiteral("UPDATE jr SET jrJasennumero = '20' WHERE jrID = 21"));
+        QVERIFY(avaa());
+        QCOMPARE(dlg->messages().size(), 1);
+        QVERIFY(dlg->messages().first().contains(QStringLiteral("Numerot:\n7, 12, 20\n")));
+
+        // Put right by the user: the next start makes the numbers unique for good.
+        db::Database::open(kanta)->execute(QStringLiteral("UPDATE jr SET jrJasennumero = jrID"));
+        dlg->shown.clear();
+        d = avaa();
+        QCOMPARE(dlg->messages().size(), 1); // the copy taken before the upgrade
+        QVERIFY_THROWS_EXCEPTION(db::DbError, d->execute(QStringLiteral("UPDATE jr SET jrJasennumero = '7' WHERE jrID = 8")));
     }
 
     void kopioEiOnnistu_data()

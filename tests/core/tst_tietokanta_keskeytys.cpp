@@ -1,7 +1,8 @@
 // A backup killed at any moment never leaves the working database damaged, missing or short of
 // a row; the copy in the backup folder is either the former good one or a new good one.
 #include "core/MainModule.h"
-#include "core/Tietokanta.h"
+#include "core/Tietokantanimet.h"
+#include "core/Varmuuskopio.h"
 #include "kerhokanta.h"
 #include "scripteddialogs.h"
 #include "testenv.h"

@@ -1,5 +1,6 @@
 #include "core/MainModule.h"
-#include "core/Tietokanta.h"
+#include "core/Tietokantanimet.h"
+#include "core/Korjaus.h"
 #include "kerhokanta.h"
 #include "testipohja.h"
 

@@ -1,7 +1,8 @@
 #include "core/Asetukset.h"
 #include "core/MainModule.h"
-#include "core/Misc.h"
-#include "core/Tietokanta.h"
+#include "platform/arvot.h"
+#include "core/Tietokantanimet.h"
+#include "core/Varmuuskopio.h"
 #include "kerhokanta.h"
 #include "testipohja.h"
 

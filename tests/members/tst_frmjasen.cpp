@@ -1,4 +1,4 @@
-#include "core/Misc.h"
+#include "platform/arvot.h"
 #include "jasenikkuna.h"
 #include "members/ui/frmPerheenUusiOsoite.h"
 

@@ -1,7 +1,7 @@
 // The member window with the windows it opens: the attribute tab, the name search, the bulk
 // attach of the attribute menu, and the main window's way in.
-#include "core/Esittelyseura.h"
-#include "core/ui/frmMain.h"
+#include "esittely/Esittelyseura.h"
+#include "app/frmMain.h"
 #include "jasenikkuna.h"
 #include "members/ui/ArvoPaneeli.h"
 #include "members/ui/LiitosPohja.h"

@@ -1,5 +1,5 @@
 #include "malliseura.h"
-#include "core/Misc.h"
+#include "platform/arvot.h"
 #include "members/Hakuehdot.h"
 #include "members/Jasen.h"
 #include "reports/Raporttiajo.h"

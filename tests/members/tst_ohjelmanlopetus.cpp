@@ -1,6 +1,6 @@
 // Closing the program while a member is half typed: the member window leaves its row as any
 // command that leaves it does, and a row that cannot be written keeps the program open.
-#include "core/ui/frmMain.h"
+#include "app/frmMain.h"
 #include "jasenikkuna.h"
 
 #include <QAction>

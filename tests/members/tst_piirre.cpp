@@ -1,6 +1,6 @@
 // Attributes without windows: typed values, attaching and storing them, definitions and their
 // clean-up, and the bulk runs, each checked in the database afterwards.
-#include "core/Misc.h"
+#include "platform/arvot.h"
 #include "members/JasenenPiirteet.h"
 #include "members/PiirreJoukko.h"
 #include "platform/recordset.h"

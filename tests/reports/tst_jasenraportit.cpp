@@ -1,7 +1,7 @@
 // The member window's printouts on the demonstration club: which report and formulas each
 // command gives, the street names of the list by street, and the laid-out documents: the right
 // members in the right order, headings, page numbers and label sheets; one PDF per family.
-#include "core/Esittelyseura.h"
+#include "esittely/Esittelyseura.h"
 #include "core/MainModule.h"
 #include "members/JasenRaportit.h"
 #include "members/Perhetarrat.h"

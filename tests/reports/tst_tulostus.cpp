@@ -7,7 +7,7 @@
 #include "reports/ui/Raporttitulostus.h"
 #include "reports/ui/frmEsikatselu.h"
 #include "reports/ui/frmTulostus.h"
-#include "reports/ui/frmTulostusmuodonvalinta.h"
+#include "reports/jasen/ui/frmTulostusmuodonvalinta.h"
 #include "seurat.h"
 #include "testipohja.h"
 

@@ -1,6 +1,6 @@
 #include "seurat.h"
 
-#include "core/Esittelyseura.h"
+#include "esittely/Esittelyseura.h"
 #include "core/Malli.h"
 #include "core/UpdateDatabase.h"
 

@@ -1,7 +1,7 @@
 #include "core/ui/Tietueikkuna.h"
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "platform/dialogs.h"
 #include "platform/recordset.h"
 

@@ -2,9 +2,10 @@
 
 #include "core/AsetustenTallennus.h"
 #include "core/MainModule.h"
-#include "core/Misc.h"
-#include "core/Tietokanta.h"
+#include "core/Ilmoitukset.h"
+#include "core/Perustus.h"
 #include "core/ui/Tietueikkuna.h"
+#include "platform/arvot.h"
 #include "core/ui/frmAsetuksetLisa.h"
 #include "core/ui/uihelpers.h"
 
@@ -302,5 +303,3 @@ void frmAsetukset::mCreateNewDatabase_Click()
         QCoreApplication::exit(0);
     }
 }
-
-void AvaaAsetukset(QWidget *parent) { tietue::AvaaModaalisena<frmAsetukset>(parent); }

@@ -103,6 +103,3 @@ private:
     QHash<QLineEdit *, QString> m_numeroviestit;
     bool m_muuttunut = false;
 };
-
-// Opens the settings window modally.
-void AvaaAsetukset(QWidget *parent);

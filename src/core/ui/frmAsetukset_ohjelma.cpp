@@ -2,7 +2,7 @@
 // and the e-mail templates, with their file choosers.
 #include "core/AsetustenTallennus.h"
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "core/ui/frmAsetukset.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"

@@ -6,7 +6,8 @@
 #include <QFormLayout>
 #include <QDialog>
 
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
+#include "core/MainModule.h"
 #include "members/Piirteet.h"
 #include "platform/dialogs.h"
 

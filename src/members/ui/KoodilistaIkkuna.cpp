@@ -1,7 +1,7 @@
 #include "members/ui/KoodilistaIkkuna.h"
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "core/ui/uihelpers.h"
 #include "members/Koodilistat.h"
 #include "core/ui/Tietueikkuna.h"

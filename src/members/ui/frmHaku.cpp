@@ -1,7 +1,7 @@
 #include "members/ui/frmHaku.h"
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "core/Schema.h"
 #include "core/ui/uihelpers.h"
 #include "members/Jasenhaku.h"

@@ -1,7 +1,7 @@
 #include "members/ui/frmHakuehdot.h"
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "core/Schema.h"
 #include "members/Hakuehdot.h"
 #include "platform/dialogs.h"

@@ -1,8 +1,9 @@
 #include "members/ui/frmJasen.h"
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "core/ui/Tietueikkuna.h"
+#include "platform/arvot.h"
 #include "core/ui/uihelpers.h"
 #include "members/TyhjatRivit.h"
 #include "members/ui/NimipuuMalli.h"

@@ -1,7 +1,7 @@
 #include "members/ui/frmJasenOminaisuudet.h"
 #include "core/ui/Tietueikkuna.h"
 
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "members/JasenenPiirteet.h"
 #include "members/ui/ArvoPaneeli.h"
 #include "members/ui/Ikkunaapu.h"

@@ -4,7 +4,7 @@
 #include "core/ui/Tietueikkuna.h"
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "members/ui/NimipuuMalli.h"
 #include "members/ui/frmHaku.h"
 #include "members/ui/frmJasenOminaisuudet.h"

@@ -2,7 +2,8 @@
 #include "members/ui/frmJasen.h"
 #include "core/ui/Tietueikkuna.h"
 
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
+#include "platform/arvot.h"
 #include "members/JasenMaksut.h"
 
 #include <QCheckBox>

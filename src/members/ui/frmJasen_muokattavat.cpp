@@ -4,14 +4,14 @@
 #include "core/ui/Tietueikkuna.h"
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "members/Hakuehdot.h"
 #include "members/ui/frmHakuehdot.h"
-#include "reports/RapMaaritys.h"
+#include "reports/jasen/RapMaaritys.h"
 #include "reports/RaporttiVirhe.h"
-#include "reports/Sarakeraportti.h"
+#include "reports/jasen/Sarakeraportti.h"
 #include "reports/Tulostus.h"
-#include "reports/ui/frmTulJarjValinta.h"
+#include "reports/jasen/ui/frmTulJarjValinta.h"
 #include "reports/ui/frmTulostus.h"
 
 #include <QAction>

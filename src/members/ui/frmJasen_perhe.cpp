@@ -3,7 +3,7 @@
 #include "members/ui/frmJasen.h"
 #include "core/ui/Tietueikkuna.h"
 
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "members/Perhe.h"
 #include "members/ui/NimipuuMalli.h"
 #include "members/ui/frmPerheenUusiOsoite.h"

@@ -3,7 +3,7 @@
 #include "core/ui/Tietueikkuna.h"
 #include "platform/kello.h"
 
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "platform/dialogs.h"
 
 #include <QCheckBox>

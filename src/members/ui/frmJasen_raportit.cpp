@@ -2,7 +2,7 @@
 // decide the report, and runs it. A report error is told and the window goes on.
 #include "members/ui/frmJasen.h"
 
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "members/Hakuehdot.h"
 #include "members/JasenRaportit.h"
 #include "members/Perhetarrat.h"
@@ -10,9 +10,9 @@
 #include "members/ui/frmHakuehdot.h"
 #include "reports/RaporttiVirhe.h"
 #include "reports/Tulostus.h"
-#include "reports/ui/frmRekisteritiedot.h"
+#include "reports/jasen/ui/frmRekisteritiedot.h"
 #include "reports/ui/frmTulostus.h"
-#include "reports/ui/frmTulostusmuodonvalinta.h"
+#include "reports/jasen/ui/frmTulostusmuodonvalinta.h"
 #include "platform/ui/Edistymispalkki.h"
 
 namespace {

@@ -2,13 +2,13 @@
 // two share their key, tip and enabled state.
 #include "members/ui/frmJasen.h"
 #include "core/ui/Tietueikkuna.h"
-#include "reports/ui/frmJasenkortit.h"
-#include "reports/ui/frmRekisteritiedot.h"
+#include "reports/jasen/ui/frmJasenkortit.h"
+#include "reports/jasen/ui/frmRekisteritiedot.h"
 
 #include "members/ui/frmJasenlajit.h"
 #include "members/ui/frmJasenryhmat.h"
 #include "members/ui/frmPostinumerot.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 
 #include <QAction>
 #include <QHBoxLayout>

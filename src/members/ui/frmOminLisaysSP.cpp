@@ -2,7 +2,8 @@
 #include "core/ui/Tietueikkuna.h"
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
+#include "platform/arvot.h"
 #include "core/ui/uihelpers.h"
 #include "members/PiirreJoukko.h"
 #include "platform/ui/Edistymispalkki.h"

@@ -2,7 +2,7 @@
 #include "core/ui/Tietueikkuna.h"
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "core/ui/uihelpers.h"
 #include "members/PiirreJoukko.h"
 #include "platform/ui/Edistymispalkki.h"

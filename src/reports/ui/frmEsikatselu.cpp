@@ -1,6 +1,6 @@
 #include "reports/ui/frmEsikatselu.h"
 
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
 #include "reports/Piirto.h"

@@ -1,7 +1,7 @@
 #include "reports/ui/frmTulostus.h"
 
 #include "core/MainModule.h"
-#include "core/Misc.h"
+#include "core/Ilmoitukset.h"
 #include "platform/dialogs.h"
 #include "reports/Tulostus.h"
 

@@ -1,0 +1,4 @@
+// Restoring the club's database from a backup.
+#pragma once
+
+void Palautus();
