@@ -1,8 +1,10 @@
 #include "testiapu.h"
 
+#include <QAbstractButton>
 #include <QFile>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QRandomGenerator>
 #include <QtTest>
 
 namespace testi {
@@ -56,6 +58,40 @@ QString tiedosto(const QString &polku, const QByteArray &tavut)
         qFatal("cannot write %s", qPrintable(polku));
     f.write(tavut);
     return polku;
+}
+
+void paina(QAbstractButton *b)
+{
+    QVERIFY2(b->isVisible() && b->isEnabled(), qPrintable(b->objectName()));
+    QTest::mouseClick(b, Qt::LeftButton);
+}
+
+quint32 siemen(quint32 oletus)
+{
+    bool ok = false;
+    quint32 s = qEnvironmentVariable("VONARI_SIEMEN").toUInt(&ok);
+    if (!ok)
+        s = oletus ? oletus : QRandomGenerator::global()->generate();
+    qInfo("random seed %u (replay with VONARI_SIEMEN=%u)", s, s);
+    return s;
+}
+
+QList<QPointer<QTimer>> &odotukset()
+{
+    static QList<QPointer<QTimer>> o;
+    return o;
+}
+
+int avaamatta()
+{
+    int n = 0;
+    for (const QPointer<QTimer> &t : std::exchange(odotukset(), {}))
+        if (t) {
+            ++n;
+            t->stop();
+            t->deleteLater();
+        }
+    return n;
 }
 
 } // namespace testi
