@@ -1,7 +1,6 @@
 #include "hakuseura.h"
 #include "members/Jasenhaku.h"
 #include "members/Koodilistat.h"
-#include "members/Postinumerot.h"
 #include "testipohja.h"
 
 #include <QSignalSpy>
@@ -391,16 +390,6 @@ private slots:
 
         p.Delete();
         QCOMPARE(db->scalar(u"SELECT count(*) FROM Postinumero"_s).toInt(), 3);
-
-        cPostinumerot haku(polku);
-        QCOMPARE(haku.Postitoimipaikka(u"00100"_s), u"HELSINKI"_s);
-        QCOMPARE(haku.Postitoimipaikka(u"100"_s), QString());
-        QCOMPARE(haku.Postitoimipaikka(u"'"_s), QString());
-        const auto helsinki = haku.Postinumerot(u"helsinki"_s);
-        QCOMPARE(helsinki.size(), 2);
-        QCOMPARE(helsinki[0].Postinumero, u"00100"_s);
-        QCOMPARE(helsinki[1].Postinumero, u"00200"_s);
-        QVERIFY(haku.Postinumerot(u"Tampere"_s).isEmpty());
     }
 };
 
