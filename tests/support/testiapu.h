@@ -33,7 +33,8 @@ QStringList rivit(const QListWidget *l);
 // Writes `tavut` to `polku` and returns the path.
 QString tiedosto(const QString &polku, const QByteArray &tavut);
 
-// Presses a button with the mouse as a user does: a hidden or disabled button does nothing.
+// Presses a button with the mouse as a user does; a hidden or disabled button, which no user
+// could press, fails the test.
 void paina(QAbstractButton *b);
 
 // The seed of a random test: VONARI_SIEMEN when set, to replay a run; otherwise `oletus`, or a
