@@ -1,9 +1,11 @@
 #include "testiapu.h"
 
 #include <QAbstractButton>
+#include <QCheckBox>
 #include <QFile>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QRadioButton>
 #include <QRandomGenerator>
 #include <QtTest>
 
@@ -63,7 +65,9 @@ QString tiedosto(const QString &polku, const QByteArray &tavut)
 void paina(QAbstractButton *b)
 {
     QVERIFY2(b->isVisible() && b->isEnabled(), qPrintable(b->objectName()));
-    QTest::mouseClick(b, Qt::LeftButton);
+    // A radio button or check box takes the click on its mark, at the left, not in its middle.
+    const bool merkki = qobject_cast<QRadioButton *>(b) || qobject_cast<QCheckBox *>(b);
+    QTest::mouseClick(b, Qt::LeftButton, {}, merkki ? QPoint(qMin(8, b->width() / 2), b->height() / 2) : QPoint());
 }
 
 quint32 siemen(quint32 oletus)
