@@ -64,7 +64,7 @@ Vastaaja::Askel askel(std::function<void(T *)> tee)
 Vastaaja::Askel tulostusmuoto(int nappi)
 {
     return askel<frmTulostusmuodonvalinta>([nappi](frmTulostusmuodonvalinta *w) {
-        w->optPrintType[nappi]->setChecked(true);
+        testi::paina(w->optPrintType[nappi]);
         testi::paina(w->cSeuraava);
     });
 }
