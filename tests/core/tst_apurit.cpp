@@ -1,11 +1,10 @@
 // The shared helpers other windows lean on: Null-safe readers, the pointer guard, window
-// placement, the demonstration database's name and file filters.
+// placement, the demonstration club's name and file filters.
 #include "core/Kaynnistys.h"
 #include "core/MainModule.h"
 #include "platform/arvot.h"
 #include "core/ui/uihelpers.h"
 #include "platform/ui/QtDialogs.h"
-#include "scripteddialogs.h"
 #include "testenv.h"
 
 #include <QSettings>

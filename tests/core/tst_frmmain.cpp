@@ -7,7 +7,6 @@
 #include "testipohja.h"
 
 #include <QAction>
-#include <QElapsedTimer>
 #include <QApplication>
 #include <QLabel>
 #include <QMenu>
@@ -141,17 +140,16 @@ private slots:
     {
         QFETCH(bool, napsautus);
         dlg->no(); // no club's database here: the default is not wanted
-        frmSplash splash(60000);
+        // Shown for a day unless the key or the click ends it: a splash that ignores them never
+        // returns, and the run is stopped as failed.
+        frmSplash splash(24 * 3600 * 1000);
         QTimer::singleShot(100, &splash, [&] {
             if (napsautus)
                 QTest::mouseClick(splash.Frame1, Qt::LeftButton);
             else
                 QTest::keyClick(&splash, Qt::Key_Space);
         });
-        QElapsedTimer kello;
-        kello.start();
         splash.Form_Load();
-        QVERIFY(kello.elapsed() < 30000);
         QCOMPARE(splash.lblVersion->text(), QStringLiteral("Versio ") + versionText());
         QCOMPARE(splash.lblProductName->text(), QStringLiteral("Vonari"));
         QVERIFY(!splash.isVisible());

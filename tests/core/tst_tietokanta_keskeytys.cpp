@@ -6,6 +6,7 @@
 #include "kerhokanta.h"
 #include "scripteddialogs.h"
 #include "testenv.h"
+#include "testiapu.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -62,7 +63,7 @@ private slots:
         const kerho::Maarat ennen = kerho::rivit(kanta); // with the backup date's row
         QCOMPARE(kerho::rivit(kopio), ennen);
 
-        const quint32 siemen = quint32(QDateTime::currentMSecsSinceEpoch());
+        const quint32 siemen = testi::siemen();
         QRandomGenerator satunnainen(siemen);
         QProcessEnvironment ymparisto = QProcessEnvironment::systemEnvironment();
         ymparisto.insert(QString::fromLatin1(kLapsenKanta), kanta);
@@ -80,7 +81,7 @@ private slots:
             QVERIFY(prosessi.waitForFinished());
             ++kerrat;
 
-            const QString tiedot = QStringLiteral("siemen %1, kerta %2").arg(siemen).arg(kerrat);
+            const QString tiedot = QStringLiteral("VONARI_SIEMEN=%1, kerta %2").arg(siemen).arg(kerrat);
             QVERIFY2(QFile::exists(kanta), qPrintable(tiedot));
             {
                 // As the next start opens it.

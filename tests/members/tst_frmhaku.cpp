@@ -94,7 +94,11 @@ class TestFrmHaku : public QObject {
     Q_OBJECT
 
 private slots:
-    void cleanup() { frmHaku::pura(); }
+    void cleanup()
+    {
+        frmHaku::pura();
+        QCOMPARE(testi::avaamatta(), 0);
+    }
 
     void basicSearchByMemberNumber_data()
     {
@@ -125,7 +129,7 @@ private slots:
                 kirjoita(d->cmbJasenNro->lineEdit(), kirjoitettu);
                 d->cmbJasenNro->completer()->popup()->hide();
             }
-            d->cHae->click();
+            testi::paina(d->cHae);
             aukiViestinJalkeen = d->isVisible();
         });
         const qint64 id = frmHaku::hae(nullptr);
@@ -144,21 +148,21 @@ private slots:
             frmHaku *d = frmHaku::ladattu();
             avaaLista(d->cmbOsoite);
             d->cmbOsoite->setCurrentIndex(rivi(d->cmbOsoite, s.virtala));
-            d->cYhteysHaku->click();
+            testi::paina(d->cYhteysHaku);
         });
         QCOMPARE(frmHaku::hae(nullptr), s.virtala);
         kunAuki([&](QDialog *) {
             frmHaku *d = frmHaku::ladattu();
             kirjoita(d->cmbOsoite->lineEdit(), u"koulukatu 1"_s);
             d->cmbOsoite->completer()->popup()->hide();
-            d->cYhteysHaku->click();
+            testi::paina(d->cYhteysHaku);
         });
         QCOMPARE(frmHaku::hae(nullptr), s.virtanen);
         kunAuki([&](QDialog *) {
             frmHaku *d = frmHaku::ladattu();
             kirjoita(d->cmbMatkapuhelin->lineEdit(), u"040"_s); // not the whole number: exact, not LIKE
             d->cmbMatkapuhelin->completer()->popup()->hide();
-            d->cYhteysHaku->click();
+            testi::paina(d->cYhteysHaku);
         });
         QCOMPARE(frmHaku::hae(nullptr), 0);
         QCOMPARE(s.dlg.messages(), QStringList{u"Ei löydy jäsentä."_s});
@@ -184,7 +188,7 @@ private slots:
             d->cmbPuhelin->completer()->popup()->hide();
             email = d->cmbEmail->currentText();
             puhelin = d->cmbPuhelin->currentText();
-            d->cPeruHaku[2]->click();
+            testi::paina(d->cPeruHaku[2]);
         });
         QCOMPARE(frmHaku::hae(nullptr), 0);
         QCOMPARE(osoite, QString());
@@ -200,9 +204,9 @@ private slots:
         Seura s;
         kunAuki([&](QDialog *) {
             frmHaku *d = frmHaku::ladattu();
-            d->cMuistioHaku->click(); // neither box
+            testi::paina(d->cMuistioHaku); // neither box
             d->tMuistioHakuSana->setText(u"hallituksen"_s);
-            d->cMuistioHaku->click();
+            testi::paina(d->cMuistioHaku);
         });
         // Says "the first", takes the last row of the result.
         QCOMPARE(frmHaku::hae(nullptr), s.makinen);
@@ -217,7 +221,7 @@ private slots:
             for (int i = 0; i < d->cmbMuistioAlut->count(); ++i)
                 alut << d->cmbMuistioAlut->itemText(i);
             d->cmbMuistioAlut->setCurrentIndex(2);
-            d->cMuistioHaku->click();
+            testi::paina(d->cMuistioHaku);
         });
         QCOMPARE(frmHaku::hae(nullptr), s.naapuri);
         QCOMPARE(alut, (QStringList{u"Hallituksen jäsen"_s, u"Hallituksen varajäsen"_s, u"Halli-vuoro torstaisin"_s}));
@@ -226,7 +230,7 @@ private slots:
         kunAuki([&](QDialog *) {
             frmHaku *d = frmHaku::ladattu();
             d->tMuistioHakuSana->setText(u"puheenjohtaja"_s);
-            d->cMuistioHaku->click();
+            testi::paina(d->cMuistioHaku);
         });
         QCOMPARE(frmHaku::hae(nullptr), 0);
         QCOMPARE(s.dlg.messages(), QStringList{u"Muistiosta ei löydy annettua tietoa."_s});
@@ -240,7 +244,7 @@ private slots:
             avaaLista(d->cmbJasenNro);
             d->cmbJasenNro->setCurrentIndex(d->cmbJasenNro->findText(u"7"_s));
             d->tMuistioHakuSana->setText(u"jotain"_s);
-            d->cHae->click();
+            testi::paina(d->cHae);
         });
         QCOMPARE(frmHaku::hae(nullptr), s.makinen);
         const qint64 uusi = hakuseura::lisaa(*s.db, {u"Uusi"_s, {}, {}, u"999"_s});
@@ -253,7 +257,7 @@ private slots:
             sana = d->tMuistioHakuSana->text();
             kirjoita(d->cmbJasenNro->lineEdit(), u"999"_s);
             d->cmbJasenNro->completer()->popup()->hide();
-            d->cHae->click();
+            testi::paina(d->cHae);
         });
         QCOMPARE(frmHaku::hae(nullptr), uusi); // a typed value finds him
         QCOMPARE(rivejaNyt, 4);                // though the list was read before he came
@@ -268,7 +272,7 @@ private slots:
             frmHaku *d = frmHaku::ladattu();
             avaaLista(d->cmbJasenNro);
             d->cmbJasenNro->setCurrentIndex(0);
-            d->cPeruHaku[0]->click();
+            testi::paina(d->cPeruHaku[0]);
         });
         QCOMPARE(frmHaku::hae(nullptr), 0);
         kunAuki([&](QDialog *d) { QTest::keyClick(d, Qt::Key_Escape); });
@@ -295,7 +299,7 @@ private slots:
         kunAuki([&](QDialog *dd) {
             auto *d = qobject_cast<frmNimiHaku *>(dd);
             QVERIFY(d);
-            d->cSearch->click();
+            testi::paina(d->cSearch);
             tyhja = d->lblSearchMessage->text();
             kirjoita(d->tSukunimi, u"zz"_s);
             QTest::keyClick(d->tSukunimi, Qt::Key_Return);
@@ -324,14 +328,14 @@ private slots:
         kunAuki([&](QDialog *dd) {
             auto *d = qobject_cast<frmNimiHaku *>(dd);
             kirjoita(d->tEtunimi, u"äij"_s);
-            d->cSearch->click();
-            d->cOpen->click();
+            testi::paina(d->cSearch);
+            testi::paina(d->cOpen);
         });
         QCOMPARE(frmNimiHaku::hae(nullptr), s.makinen);
         kunAuki([&](QDialog *dd) {
             auto *d = qobject_cast<frmNimiHaku *>(dd);
             kirjoita(d->tSukunimi, u"o'n"_s);
-            d->cSearch->click();
+            testi::paina(d->cSearch);
             const QPoint kohta = d->lstFoundJR->visualRect(d->lstFoundJR->model()->index(0, 0)).center();
             QTest::mouseClick(d->lstFoundJR->viewport(), Qt::LeftButton, {}, kohta);
             QTest::mouseDClick(d->lstFoundJR->viewport(), Qt::LeftButton, {}, kohta);
@@ -346,8 +350,8 @@ private slots:
         kunAuki([&](QDialog *dd) {
             auto *d = qobject_cast<frmNimiHaku *>(dd);
             kirjoita(d->tSukunimi, u"virta"_s);
-            d->cSearch->click();
-            d->cUndo->click();
+            testi::paina(d->cSearch);
+            testi::paina(d->cUndo);
         });
         QCOMPARE(frmNimiHaku::hae(nullptr), 0);
         QCOMPARE(HaettuJasenID, 0);
@@ -395,24 +399,24 @@ private slots:
 
         const QHash<QString, QString> nimet{{u"2"_s, u"Varsinainen"_s}, {u"01"_s, u"Kunnia'jäsen"_s}, {u"1"_s, u"Nuori; alle 18"_s}};
         for (const QString &k : {u"2"_s, u"01"_s, u"1"_s}) {
-            w->cUusi->click();
+            testi::paina(w->cUusi);
             kirjoita(koodi, k);
             kirjoita(nimi, nimet[k]);
             QVERIFY(w->cTallenna->isEnabled());
-            w->cTallenna->click();
+            testi::paina(w->cTallenna);
         }
         QCOMPARE(puu(w->tvwLista), (QStringList{u"01 Kunnia'jäsen"_s, u"1 Nuori; alle 18"_s, u"2 Varsinainen"_s}));
         QCOMPARE(s.db->scalar(sql).toString(), u"Kunnia'jäsen|Nuori; alle 18|Varsinainen"_s);
 
-        w->cEnsimmainen->click();
-        w->cEdellinen->click();
+        testi::paina(w->cEnsimmainen);
+        testi::paina(w->cEdellinen);
         QCOMPARE(koodi->text(), askeleet[0]);
         QCOMPARE(s.dlg.beeps, 1);
-        w->cViimeinen->click();
-        w->cSeuraava->click();
+        testi::paina(w->cViimeinen);
+        testi::paina(w->cSeuraava);
         QCOMPARE(koodi->text(), askeleet[2]);
         QCOMPARE(s.dlg.beeps, 2);
-        w->cEdellinen->click();
+        testi::paina(w->cEdellinen);
         QCOMPARE(nimi->text(), nimet[askeleet[1]]);
 
         kirjoita(nimi, u"x"_s);
@@ -420,7 +424,7 @@ private slots:
         QTest::keyClick(nimi, Qt::Key_Z, Qt::ControlModifier); // the window's, not the box's own undo
         QCOMPARE(nimi->text(), nimet[askeleet[1]]);
         kirjoita(nimi, u"x"_s);
-        w->cPeru->click();
+        testi::paina(w->cPeru);
         QCOMPARE(nimi->text(), nimet[askeleet[1]]);
         QVERIFY(!w->cTallenna->isEnabled());
 
@@ -428,27 +432,27 @@ private slots:
         QTRY_COMPARE(koodi->text(), u"2"_s);
 
         // No keeps the row; Yes deletes it and shows the next one, or at the end the one before.
-        w->cEnsimmainen->click();
+        testi::paina(w->cEnsimmainen);
         s.dlg.no();
-        w->cPoista->click();
+        testi::paina(w->cPoista);
         QCOMPARE(s.dlg.shown.last().text, kysymys);
         QCOMPARE(w->tvwLista->topLevelItemCount(), 3);
         s.dlg.yes();
-        w->cPoista->click();
+        testi::paina(w->cPoista);
         QCOMPARE(koodi->text(), askeleet[1]);
-        w->cViimeinen->click();
+        testi::paina(w->cViimeinen);
         s.dlg.yes();
-        w->cPoista->click();
+        testi::paina(w->cPoista);
         QCOMPARE(koodi->text(), askeleet[1]);
         QCOMPARE(puu(w->tvwLista), QStringList{askeleet[1] + u' ' + nimet[askeleet[1]]});
 
         // With the last row gone the boxes take a new one, stored when the window closes.
         s.dlg.yes();
-        w->cPoista->click();
+        testi::paina(w->cPoista);
         QCOMPARE(w->tvwLista->topLevelItemCount(), 0);
         kirjoita(koodi, u"3"_s);
         kirjoita(nimi, u"Toimikunta"_s);
-        w->cSulje->click();
+        testi::paina(w->cSulje);
         QVERIFY(!w->isVisible());
         delete w;
         QCOMPARE(s.db->scalar(sql).toString(), u"Toimikunta"_s);
@@ -461,19 +465,21 @@ private slots:
         Seura s;
         frmPostinumerot w;
         QVERIFY(w.lataa());
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
         QCOMPARE(w.tPostinumero->maxLength(), 5);
         for (const QString &paikka : {u"HELSINKI"_s, u"Toinen"_s}) {
-            w.cUusi->click();
+            testi::paina(w.cUusi);
             kirjoita(w.tPostinumero, u"00100"_s);
             kirjoita(w.tPostitoimipaikka, paikka);
-            w.cTallenna->click();
+            testi::paina(w.cTallenna);
         }
         QCOMPARE(s.dlg.messages(), QStringList{u"Postinumero 00100 on jo luettelossa."_s});
         QCOMPARE(w.tPostitoimipaikka->text(), u"Toinen"_s);
         QVERIFY(w.cTallenna->isEnabled());
         QCOMPARE(s.db->scalar(u"SELECT group_concat(Postitoimipaikka) FROM Postinumero"_s).toString(), u"HELSINKI"_s);
         w.tPostinumero->setText(u"00200"_s);
-        w.cTallenna->click();
+        testi::paina(w.cTallenna);
         QCOMPARE(puu(w.tvwLista), (QStringList{u"00100 HELSINKI"_s, u"00200 Toinen"_s}));
     }
 };

@@ -43,9 +43,6 @@ void klikkaaRivia(QListWidget *l, int rivi)
     QTest::mouseClick(l->viewport(), Qt::LeftButton, {}, r.center());
 }
 
-// On the indicator: a button stretched across its column reacts only on its indicator and text.
-void klikkaa(QAbstractButton *b) { QTest::mouseClick(b, Qt::LeftButton, {}, QPoint(6, b->height() / 2)); }
-
 void naytaAktiivisena(QWidget &w)
 {
     w.show();
@@ -134,13 +131,13 @@ private slots:
         for (int i = 0; i < riveja; ++i)
             klikkaaRivia(w.lstOminaisuudet, i);
         if (ei)
-            klikkaa(w.chkPiirre);
+            testi::paina(w.chkPiirre);
         QCOMPARE(w.frameTarkennukset->isEnabled(), kaytossa);
         QCOMPARE(w.tDate->isEnabled() && w.optCurrency[2]->isEnabled(), kaytossa);
         QCOMPARE(w.tDate->text().isEmpty() && w.tLong->text().isEmpty() && w.tCurrency->text().isEmpty(), !kaytossa);
         // Back to one row without EI: open again, the boxes as they were left.
         if (ei)
-            klikkaa(w.chkPiirre);
+            testi::paina(w.chkPiirre);
         for (int i = 1; i < riveja; ++i)
             klikkaaRivia(w.lstOminaisuudet, i);
         QVERIFY(w.frameTarkennukset->isEnabled());
@@ -204,16 +201,16 @@ private slots:
         naytaAktiivisena(w);
         for (int i = 34; i >= 0; --i)
             w.lstOminaisuudet->item(i)->setSelected(true);
-        klikkaa(w.optJA);
-        klikkaa(w.optJasenmaksu[1]);
-        klikkaa(w.optKaikkiVaiPerhe[1]);
-        klikkaa(w.optSyntAika[0]);
-        klikkaa(w.optLiit[2]);
+        testi::paina(w.optJA);
+        testi::paina(w.optJasenmaksu[1]);
+        testi::paina(w.optKaikkiVaiPerhe[1]);
+        testi::paina(w.optSyntAika[0]);
+        testi::paina(w.optLiit[2]);
         w.tSyntAika->setText(u"1.1.1970"_s);
         w.tLiit->setText(u"2*"_s);
         w.tPostiNumeroAlku->setText(u"00100"_s);
         w.tPostiNumeroLoppu->setText(u"00990"_s);
-        klikkaa(w.cSeuraava);
+        testi::paina(w.cSeuraava);
 
         QCOMPARE(w.result(), int(QDialog::Accepted));
         for (int i = 0; i < 30; ++i)
@@ -270,7 +267,7 @@ private slots:
             auto *w = qobject_cast<frmHakuehdot *>(QApplication::activeModalWidget());
             QVERIFY(w);
             w->tPostiNumeroAlku->setText(u"99999"_s);
-            w->cSeuraava->click();
+            testi::paina(w->cSeuraava);
         });
         QVERIFY(NaytaHakuehdot());
         QCOMPARE(Haku.lPostinumeroAlku, u"99999"_s);

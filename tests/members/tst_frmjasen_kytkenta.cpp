@@ -74,13 +74,15 @@ class TestFrmJasenKytkenta : public QObject {
     Q_OBJECT
 
 private slots:
+    void cleanup() { QCOMPARE(testi::avaamatta(), 0); }
+
     // Lisää, Enter on the definition, a value typed and F3: the attachment and its value are stored.
     void ominaisuusLiitetaanJaTallennetaan()
     {
         Seura s;
         QVERIFY(s.avaa());
         QCOMPARE(s.sivu->lstAllPt->count(), 0);
-        s.sivu->cLisaaPiirre->click();
+        testi::paina(s.sivu->cLisaaPiirre);
         QVERIFY(!s.sivu->lstAllPi->isHidden());
         QCOMPARE(s.sivu->lstAllPi->count(), 1);
         s.sivu->lstAllPi->setCurrentRow(0);
@@ -138,11 +140,11 @@ private slots:
         auto etsi = [&](const QString &suku) {
             kunAuki<frmNimiHaku>([suku](frmNimiHaku *h) {
                 h->tSukunimi->setText(suku);
-                h->cSearch->click();
+                testi::paina(h->cSearch);
                 h->lstFoundJR->setCurrentIndex(h->lstFoundJR->model()->index(0, 0));
-                h->cOpen->click();
+                testi::paina(h->cOpen);
             });
-            s.w->cNimiHaku->click();
+            testi::paina(s.w->cNimiHaku);
         };
         QVERIFY(s.w->cNimiHaku->isEnabled());
         etsi(u"erg"_s);
@@ -169,12 +171,12 @@ private slots:
             kunAuki<frmHaku>([numero](frmHaku *h) {
                 h->cmbJasenNro->setCurrentIndex(-1);
                 h->cmbJasenNro->setEditText(numero);
-                h->cHae->click();
+                testi::paina(h->cHae);
             });
             if (nappaimella)
                 QTest::keyClick(s.w, Qt::Key_F6);
             else
-                s.w->cHaku->click();
+                testi::paina(s.w->cHaku);
         };
         s.w->tYhteystiedot[iEtunimi]->setText(u"Annukka"_s);
         QCOMPARE(s.w->Data1()->editMode(), EditMode::Edit);
@@ -204,10 +206,10 @@ private slots:
         QVERIFY(s.w->windowTitle().endsWith(u" - 0"_s));
 
         kunAuki<frmMoniliitos>([](frmMoniliitos *m) {
-            m->cValitseKaikki->click();
+            testi::paina(m->cValitseKaikki);
             m->pohja->lstAllPt->setCurrentRow(0);
-            m->cLisaa->click();
-            m->cSulje->click();
+            testi::paina(m->cLisaa);
+            testi::paina(m->cSulje);
         });
         auto *komento = s.w->findChild<QAction *>(u"mMoniliitos"_s);
         QVERIFY(komento && komento->isEnabled());
@@ -232,12 +234,12 @@ private slots:
         {
             frmMain paa;
             paa.show();
-            paa.findChild<QToolButton *>(u"cJasenrekisteri"_s)->click();
+            testi::paina(paa.findChild<QToolButton *>(u"cJasenrekisteri"_s));
             frmJasen *w = ikkuna<frmJasen>();
             QVERIFY(w);
             QVERIFY(w->NykyinenId() > 0);
             QVERIFY(w->windowTitle().endsWith(u" - 150"_s));
-            paa.findChild<QToolButton *>(u"cJasenrekisteri"_s)->click();
+            testi::paina(paa.findChild<QToolButton *>(u"cJasenrekisteri"_s));
             int auki = 0;
             for (QWidget *t : QApplication::topLevelWidgets())
                 auki += qobject_cast<frmJasen *>(t) && t->isVisible();
@@ -246,7 +248,7 @@ private slots:
             w->findChild<QAction *>(u"mJasenlajit"_s)->trigger();
             QVERIFY(ikkuna<frmJasenlajit>());
 
-            paa.findChild<QToolButton *>(u"cOminaisuudet"_s)->click();
+            testi::paina(paa.findChild<QToolButton *>(u"cOminaisuudet"_s));
             QVERIFY(ikkuna<frmPiirre>());
             QVERIFY(dlg.unexpected.isEmpty());
         }

@@ -12,6 +12,7 @@
 #include "scripteddialogs.h"
 #include "seurat.h"
 #include "testenv.h"
+#include "testiapu.h"
 
 #include "tulostuskirjaus.h"
 #include <QAction>
@@ -63,21 +64,21 @@ Vastaaja::Askel askel(std::function<void(T *)> tee)
 Vastaaja::Askel tulostusmuoto(int nappi)
 {
     return askel<frmTulostusmuodonvalinta>([nappi](frmTulostusmuodonvalinta *w) {
-        w->optPrintType[nappi]->setChecked(true);
-        w->cSeuraava->click();
+        testi::paina(w->optPrintType[nappi]);
+        testi::paina(w->cSeuraava);
     });
 }
 Vastaaja::Askel kaikkiJasenet()
 {
-    return askel<frmHakuehdot>([](frmHakuehdot *w) { w->cSeuraava->click(); });
+    return askel<frmHakuehdot>([](frmHakuehdot *w) { testi::paina(w->cSeuraava); });
 }
 Vastaaja::Askel esikatselu()
 {
-    return askel<frmTulostus>([](frmTulostus *w) { w->cTulosta->click(); });
+    return askel<frmTulostus>([](frmTulostus *w) { testi::paina(w->cTulosta); });
 }
 Vastaaja::Askel peru()
 {
-    return askel<frmTulostus>([](frmTulostus *w) { w->cPeruTulostus->click(); });
+    return askel<frmTulostus>([](frmTulostus *w) { testi::paina(w->cPeruTulostus); });
 }
 
 } // namespace
@@ -127,7 +128,7 @@ private slots:
     {
         aja("mRapRajausOminaisuudella", {tulostusmuoto(6), kaikkiJasenet(), askel<frmRekisteritiedot>([](frmRekisteritiedot *r) {
                                              r->chkMaksutiedot->setChecked(true);
-                                             r->cSeuraava->click();
+                                             testi::paina(r->cSeuraava);
                                          }),
                                          esikatselu()});
         QCOMPARE(Haku.iPrintType, 7);
@@ -146,7 +147,7 @@ private slots:
     {
         d->execute(u"DELETE FROM Rekisteritiedot"_s);
         aja("mRapRajausOminaisuudella", {tulostusmuoto(6), kaikkiJasenet(), askel<frmRekisteritiedot>([](frmRekisteritiedot *r) {
-                                             r->cSeuraava->click();
+                                             testi::paina(r->cSeuraava);
                                          }),
                                          peru()});
         aja("mRapRajausOminaisuudella",
@@ -162,7 +163,7 @@ private slots:
         d->execute(u"INSERT INTO Tarra (Rivi1) VALUES ('vanha')"_s);
         aja("mRapPerhetarrat", {askel<frmHakuehdot>([](frmHakuehdot *h) {
                                     h->optJasenmaksu[0]->setChecked(true);
-                                    h->cSeuraava->click();
+                                    testi::paina(h->cSeuraava);
                                 }),
                                 esikatselu()});
         const int perheet = maara(u"SELECT count(*) FROM jr WHERE jrJasenmaksu = 1 AND jrPerheenLaskutettava = 1"_s);

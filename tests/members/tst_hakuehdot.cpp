@@ -69,19 +69,19 @@ HakuParametrit lohko(std::initializer_list<qint32> ids = {}, const std::function
     return p;
 }
 
+// Surnames in the order read, each once.
 QStringList nimet(db::Statement &s)
 {
     QStringList n;
     while (s.next())
         n << s.value(u"jrSukunimi"_s).toString();
     n.removeDuplicates();
-    n.sort();
     return n;
 }
 
 QStringList mukana(db::Database &d)
 {
-    db::Statement s(d, u"SELECT jrSukunimi FROM jr WHERE jrMukaan = 1"_s);
+    db::Statement s(d, u"SELECT jrSukunimi FROM jr WHERE jrMukaan = 1 ORDER BY jrSukunimi"_s);
     return nimet(s);
 }
 
@@ -118,11 +118,6 @@ QStringList sqlnValitsemat(db::Database &d, const ValintaSql &v)
 
 QStringList lista(const char *nimet) { return QString::fromUtf8(nimet).split(u' ', Qt::SkipEmptyParts); }
 
-const QString Kaikki = u"SELECT * FROM jr WHERE jr.jrID > 0"_s;
-const QString PiirreLiitos = u"SELECT * FROM jr LEFT JOIN piirteet ON jr.jrID = piirteet.ptjrID WHERE jr.jrID > 0"_s;
-const QString Sukunimi = u" ORDER BY jrSukunimi COLLATE FI"_s;
-const QString Vuosi = u" LIKE ? ESCAPE '\\'"_s;
-const QString Yksi = u"{pt.ptjrID} = {jr.jrID} and {pi.piID} = {pt.ptpiID} and {pt.ptpiID} = "_s;
 const QString TahtiPvm = u"Päivämääräkentän '*' merkki ei ole käytettävissä - päivämäärärajoitusta ei huomioida."_s;
 const QString TahtiSynt = u"Syntymäaikakentän '*' merkki ei ole käytettävissä - syntymäaikarajoitusta ei huomioida."_s;
 const QString TahtiLiit =
@@ -293,108 +288,70 @@ private slots:
     void muodot_data()
     {
         QTest::addColumn<HakuParametrit>("p");
-        QTest::addColumn<QString>("kaava");
-        QTest::addColumn<QString>("sql");
         QTest::addColumn<QString>("otsake");
-        QTest::addColumn<QStringList>("mukaan");
-        QTest::addColumn<QStringList>("kaavalla");
-        QTest::addColumn<QStringList>("sqlla");
+        QTest::addColumn<QStringList>("mukaan");   // flagged by AsetaMukaan
+        QTest::addColumn<QStringList>("kaavalla"); // printed by the report with the selection formula
+        QTest::addColumn<QStringList>("sqlla");    // read by the SELECT
         QTest::addColumn<QStringList>("viestit");
-        const QString Tosi = u"{jr.jrMukaan} = True"_s;
-        const QString Mukaan = PiirreLiitos + u" AND jrMukaan = 1"_s;
-        auto rivi = [](const char *nimi, const HakuParametrit &p, const QString &kaava, const QString &sql,
-                       const QString &otsake, const char *mukaan, const char *kaavalla, const char *sqlla,
-                       const QStringList &viestit = {}) {
-            QTest::newRow(nimi) << p << kaava << sql << otsake << lista(mukaan) << lista(kaavalla) << lista(sqlla)
+        // The SELECT selects as the formula unless the row says otherwise.
+        auto rivi = [](const char *nimi, const HakuParametrit &p, const QString &otsake, const char *mukaan,
+                       const char *kaavalla, const QStringList &viestit = {}, const char *sqlla = nullptr) {
+            QTest::newRow(nimi) << p << otsake << lista(mukaan) << lista(kaavalla) << lista(sqlla ? sqlla : kaavalla)
                                 << viestit;
         };
         const char *kaikki = "Aalto Berg Cederberg Dahl Eklund Forsman";
 
-        rivi("no conditions", lohko(), u"{jr.jrID} > 0"_s, Kaikki + Sukunimi, u""_s, kaikki, kaikki, kaikki);
-        rivi("one attribute", lohko({1}), Yksi + u"1"_s, PiirreLiitos + u" AND ptpiID = ?"_s + Sukunimi, u"Kuoro"_s,
-             "Aalto Berg Eklund", "Aalto Berg Eklund", "Aalto Berg Eklund");
+        rivi("no conditions", lohko(), u""_s, kaikki, kaikki);
+        rivi("one attribute", lohko({1}), u"Kuoro"_s, "Aalto Berg Eklund", "Aalto Berg Eklund");
         rivi("date and number refinements",
              lohko({1}, [](auto &p) { p.sheDate = u"1.1.2012"_s, p.iheDate = 2, p.sheLong = u"20"_s, p.iheLong = 0; }),
-             Yksi + u"1 and {pt.ptValDate} > Date(2012,1,1) and {pt.ptValLong} < 20"_s,
-             PiirreLiitos + u" AND ptpiID = ? AND ptValDate > ? AND ptValLong < ?"_s + Sukunimi,
-             u"Kuoro rajauksin Pvm >1.1.2012 JA Luku: <20"_s, "Berg Eklund", "Berg Eklund", "Berg Eklund");
+             u"Kuoro rajauksin Pvm >1.1.2012 JA Luku: <20"_s, "Berg Eklund", "Berg Eklund");
         rivi("amount with a decimal comma", lohko({1}, [](auto &p) { p.sheCurrency = u"12,50"_s; }),
-             Yksi + u"1 and {pt.ptValCurrency} = 12.50"_s,
-             PiirreLiitos + u" AND ptpiID = ? AND ptValCurrency = ?"_s + Sukunimi, u"Kuoro rajauksin Arvo: =12,50"_s,
-             "Aalto", "Aalto", "Aalto");
+             u"Kuoro rajauksin Arvo: =12,50"_s, "Aalto", "Aalto");
         rivi("year pattern on the attribute date", lohko({1}, [](auto &p) { p.sheDate = u"*5"_s; }),
-             Yksi + u"1 and ToText(Year({pt.ptValDate}),0) like \"*5\""_s,
-             PiirreLiitos + u" AND ptpiID = ? AND YEAR(ptValDate)"_s + Vuosi + Sukunimi, u"Kuoro rajauksin Pvm ~*5"_s,
-             "Aalto Berg Eklund", "Berg", "Berg", {TahtiPvm});
-        rivi("a gap ends the count", lohko({1, 0, 3}), Yksi + u"1"_s, PiirreLiitos + u" AND ptpiID = ?"_s + Sukunimi,
-             u"Kuoro"_s, "Aalto Berg Eklund", "Aalto Berg Eklund", "Aalto Berg Eklund");
-        rivi("TAI", lohko({1, 3}), Tosi, Mukaan + Sukunimi, u"Kuoro TAI Hallitus"_s, "Aalto Berg Cederberg Eklund Forsman",
-             "Aalto Berg Cederberg Eklund Forsman", "Aalto Berg Cederberg Eklund Forsman");
-        rivi("JA", lohko({1, 3}, [](auto &p) { p.bOminAnd = true; }), Tosi, Mukaan + Sukunimi,
-             u"Kuoro JA Hallitus"_s, "Eklund", "Eklund", "Eklund");
-        rivi("EI one", lohko({1}, [](auto &p) { p.bOminNot = true; }), Tosi, Mukaan + Sukunimi, u"EI (Kuoro)"_s,
-             "Cederberg Dahl Forsman", "Cederberg Dahl Forsman", "Cederberg Dahl Forsman");
-        rivi("EI with TAI", lohko({1, 2}, [](auto &p) { p.bOminNot = true; }), Tosi, Mukaan + Sukunimi,
-             u"EI (Kuoro JA Soitto)"_s, "Dahl Forsman", "Dahl Forsman", "Dahl Forsman");
-        rivi("EI with JA selects as TAI", lohko({1, 2}, [](auto &p) { p.bOminNot = p.bOminAnd = true; }), Tosi,
-             Mukaan + Sukunimi, u"EI (Kuoro JA Soitto)"_s, "Dahl Forsman", "Dahl Forsman", "Dahl Forsman");
-        rivi("deleted attribute in JA", lohko({99, 1}, [](auto &p) { p.bOminAnd = true; }), Tosi, Mukaan + Sukunimi,
-             u"Kuoro"_s, "", "", "");
-        rivi("paid, by postal code", lohko({}, [](auto &p) { p.lJasenmaksunTila = 0, p.iTulJarj = 1; }),
-             u"{jr.jrID} > 0 and {jr.jrJasenmaksu} = True"_s,
-             Kaikki + u" AND IFNULL(jrJasenmaksu, 0) <> 0 ORDER BY jrPostinumero COLLATE FI"_s, u"Jäsenmaksu maksettu"_s,
-             "Aalto Cederberg Dahl Forsman", "Aalto Cederberg Dahl Forsman", "Aalto Cederberg Dahl Forsman");
+             u"Kuoro rajauksin Pvm ~*5"_s, "Aalto Berg Eklund", "Berg", {TahtiPvm});
+        rivi("a gap ends the count", lohko({1, 0, 3}), u"Kuoro"_s, "Aalto Berg Eklund", "Aalto Berg Eklund");
+        rivi("TAI", lohko({1, 3}),
+             u"Kuoro TAI Hallitus"_s, "Aalto Berg Cederberg Eklund Forsman", "Aalto Berg Cederberg Eklund Forsman");
+        rivi("JA", lohko({1, 3}, [](auto &p) { p.bOminAnd = true; }), u"Kuoro JA Hallitus"_s, "Eklund", "Eklund");
+        rivi("EI one", lohko({1}, [](auto &p) { p.bOminNot = true; }),
+             u"EI (Kuoro)"_s, "Cederberg Dahl Forsman", "Cederberg Dahl Forsman");
+        rivi("EI with TAI", lohko({1, 2}, [](auto &p) { p.bOminNot = true; }),
+             u"EI (Kuoro JA Soitto)"_s, "Dahl Forsman", "Dahl Forsman");
+        rivi("EI with JA selects as TAI", lohko({1, 2}, [](auto &p) { p.bOminNot = p.bOminAnd = true; }),
+             u"EI (Kuoro JA Soitto)"_s, "Dahl Forsman", "Dahl Forsman");
+        rivi("deleted attribute in JA", lohko({99, 1}, [](auto &p) { p.bOminAnd = true; }), u"Kuoro"_s, "", "");
+        rivi("paid, by postal code as text", lohko({}, [](auto &p) { p.lJasenmaksunTila = 0, p.iTulJarj = 1; }),
+             u"Jäsenmaksu maksettu"_s, "Aalto Cederberg Dahl Forsman", "Aalto Cederberg Dahl Forsman", {},
+             "Forsman Aalto Cederberg Dahl");
         rivi("unpaid", lohko({}, [](auto &p) { p.lJasenmaksunTila = 1; }),
-             u"{jr.jrID} > 0 and {jr.jrJasenmaksu} = False"_s,
-             Kaikki + u" AND IFNULL(jrJasenmaksu, 0) = 0"_s + Sukunimi, u"Jäsenmaksu maksamatta"_s, "Berg Eklund",
-             "Berg Eklund", "Berg Eklund");
+             u"Jäsenmaksu maksamatta"_s, "Berg Eklund", "Berg Eklund");
         rivi("family payers, by birth date", lohko({}, [](auto &p) { p.lKaikkiVaiPerheet = 1, p.iTulJarj = 2; }),
-             u"{jr.jrID} > 0 and {jr.jrPerheenLaskutettava} = True"_s,
-             Kaikki + u" AND jrPerheenLaskutettava = 1 ORDER BY jrSyntyma"_s, u""_s, "Aalto Berg Dahl Forsman",
-             "Aalto Berg Dahl Forsman", "Aalto Berg Dahl Forsman");
-        rivi("born before: no date stays in the flags", lohko({}, [](auto &p) { p.dateSynt = u"1.1.1970"_s, p.eqSynt = 0; }),
-             u"{jr.jrID} > 0 and {jr.jrSyntyma} < Date(1970,1,1)"_s, Kaikki + u" AND jrSyntyma < ?"_s + Sukunimi,
-             u"Syntymäaika: <1.1.1970"_s, "Aalto Dahl Forsman", "Aalto Forsman", "Aalto Forsman");
+             u""_s, "Aalto Berg Dahl Forsman", "Aalto Berg Dahl Forsman", {}, "Dahl Forsman Aalto Berg");
+        rivi("born before: no date stays in the flags",
+             lohko({}, [](auto &p) { p.dateSynt = u"1.1.1970"_s, p.eqSynt = 0; }),
+             u"Syntymäaika: <1.1.1970"_s, "Aalto Dahl Forsman", "Aalto Forsman");
         rivi("birth year pattern", lohko({}, [](auto &p) { p.dateSynt = u"19*"_s; }),
-             u"{jr.jrID} > 0 and ToText(Year({jr.jrSyntyma}),0) like \"19*\""_s,
-             Kaikki + u" AND YEAR(jrSyntyma)"_s + Vuosi + Sukunimi, u"Syntymäaika: ~19*"_s, kaikki,
-             "Aalto Berg Cederberg Eklund Forsman", "Aalto Berg Cederberg Eklund Forsman", {TahtiSynt});
+             u"Syntymäaika: ~19*"_s, kaikki, "Aalto Berg Cederberg Eklund Forsman", {TahtiSynt});
         rivi("joined after", lohko({}, [](auto &p) { p.dateLiit = u"1.1.2012"_s, p.eqLiit = 2; }),
-             u"{jr.jrID} > 0 and {jr.jrLiittyma} > Date(2012,1,1)"_s, Kaikki + u" AND jrLiittyma > ?"_s + Sukunimi,
-             u"Liittymisaika: >1.1.2012"_s, "Cederberg Dahl Eklund", "Cederberg Eklund", "Cederberg Eklund");
+             u"Liittymisaika: >1.1.2012"_s, "Cederberg Dahl Eklund", "Cederberg Eklund");
         rivi("joining year pattern", lohko({}, [](auto &p) { p.dateLiit = u"20*0"_s; }),
-             u"{jr.jrID} > 0 and ToText(Year({jr.jrLiittyma}),0) like \"20*0\""_s,
-             Kaikki + u" AND YEAR(jrLiittyma)"_s + Vuosi + Sukunimi, u"Liittymisaika: ~20*0"_s, kaikki,
-             "Aalto Berg Eklund", "Aalto Berg Eklund", {TahtiLiit});
+             u"Liittymisaika: ~20*0"_s, kaikki, "Aalto Berg Eklund", {TahtiLiit});
         rivi("postal range: ends in, ends out",
              lohko({}, [](auto &p) { p.lPostinumeroAlku = u"00100"_s, p.lPostinumeroLoppu = u"33100"_s; }),
-             u"{jr.jrID} > 0 and {jr.jrPostinumeroNumero} > 00100 and {jr.jrPostinumeroNumero} < 33100"_s,
-             Kaikki + u" AND jrPostinumero > ? COLLATE NOCASE AND jrPostinumero < ? COLLATE NOCASE"_s + Sukunimi,
-             u"Postinumero välillä: 00100 - 33100"_s, kaikki, "Berg Cederberg Dahl", "Berg Cederberg Dahl");
+             u"Postinumero välillä: 00100 - 33100"_s, kaikki, "Berg Cederberg Dahl");
         rivi("postal start: text against number", lohko({}, [](auto &p) { p.lPostinumeroAlku = u"1000"_s; }),
-             u"{jr.jrID} > 0 and {jr.jrPostinumeroNumero} > 1000"_s,
-             Kaikki + u" AND jrPostinumero > ? COLLATE NOCASE"_s + Sukunimi, u"Postinumero >1000"_s,
-             "Cederberg Dahl Eklund Forsman", "Eklund", "Dahl Eklund");
+             u"Postinumero >1000"_s, "Cederberg Dahl Eklund Forsman", "Eklund", {}, "Dahl Eklund");
         rivi("everything at once",
-             lohko({1}, [](auto &p) {
-                 p.lJasenmaksunTila = 0, p.dateSynt = u"1.1.1970"_s, p.eqSynt = 0, p.lPostinumeroAlku = u"00100"_s;
-             }),
-             Yksi + u"1 and {jr.jrJasenmaksu} = True and {jr.jrSyntyma} < Date(1970,1,1) and "
-                    "{jr.jrPostinumeroNumero} > 00100"_s,
-             PiirreLiitos + u" AND ptpiID = ? AND IFNULL(jrJasenmaksu, 0) <> 0 AND jrSyntyma < ? AND jrPostinumero > ? COLLATE NOCASE"_s
-                 + Sukunimi,
-             u"Kuoro JA Jäsenmaksu maksettu JA Syntymäaika: <1.1.1970 JA Postinumero >00100"_s, "Aalto", "", "");
+             lohko({1}, [](auto &p) { p.lJasenmaksunTila = 0, p.dateSynt = u"1.1.1970"_s, p.eqSynt = 0, p.lPostinumeroAlku = u"00100"_s; }),
+             u"Kuoro JA Jäsenmaksu maksettu JA Syntymäaika: <1.1.1970 JA Postinumero >00100"_s, "Aalto", "");
         rivi("quote and apostrophe stay values",
              lohko({}, [](auto &p) { p.dateSynt = u"19\"*"_s, p.lPostinumeroLoppu = u"9'9"_s; }),
-             u"{jr.jrID} > 0 and ToText(Year({jr.jrSyntyma}),0) like \"19\"\"*\" and {jr.jrPostinumeroNumero} < 0"_s,
-             Kaikki + u" AND YEAR(jrSyntyma)"_s + Vuosi + u" AND jrPostinumero < ? COLLATE NOCASE"_s + Sukunimi,
-             u"Syntymäaika: ~19\"* JA Postinumero <9'9"_s, kaikki, "", "", {TahtiSynt});
+             u"Syntymäaika: ~19\"* JA Postinumero <9'9"_s, kaikki, "", {TahtiSynt});
     }
     void muodot()
     {
         QFETCH(HakuParametrit, p);
-        QFETCH(QString, kaava);
-        QFETCH(QString, sql);
         QFETCH(QString, otsake);
         QFETCH(QStringList, mukaan);
         QFETCH(QStringList, kaavalla);
@@ -408,12 +365,8 @@ private slots:
         QCOMPARE(mukana(*d), mukaan);
         QCOMPARE(dialogs.messages(), viestit);
 
-        const QString k = KoostaValintakaava(*d, p);
-        QCOMPARE(k, kaava);
-        QCOMPARE(kaavanValitsemat(env.path(u"seura.mdb"_s), k), kaavalla);
-        const ValintaSql s = KoostaValintaSql(*d, QString(), p);
-        QCOMPARE(s.sql, sql);
-        QCOMPARE(sqlnValitsemat(*d, s), sqlla);
+        QCOMPARE(kaavanValitsemat(env.path(u"seura.mdb"_s), KoostaValintakaava(*d, p)), kaavalla);
+        QCOMPARE(sqlnValitsemat(*d, KoostaValintaSql(*d, QString(), p)), sqlla);
         QCOMPARE(KoostaRajausteksti(*d, p), otsake);
         QCOMPARE(dialogs.messages(), viestit); // the other forms can use a star, and say nothing
     }
@@ -424,7 +377,7 @@ private slots:
     {
         TestEnv env;
         ScriptedDialogs dialogs;
-        QRandomGenerator r(20240611);
+        QRandomGenerator r(testi::siemen(20240611));
         auto d = satunnainenKerho(env, r);
         for (int kierros = 0; kierros < 300; ++kierros) {
             const HakuParametrit p = satunnainenLohko(r);
@@ -446,23 +399,15 @@ private slots:
     void kahdestiSamaOminaisuus_data()
     {
         QTest::addColumn<QString>("kentat");
-        QTest::addColumn<QString>("alku");
         QTest::addColumn<int>("kertaa");
-        QTest::newRow("all fields") << u""_s << u"SELECT * FROM jr LEFT JOIN"_s << 2;
-        QTest::newRow("field list") << u"jrEtunimi, piirteet.ptValLong"_s
-                                    << u"SELECT DISTINCT jrSukunimi, jrPostinumero, jrSyntyma, jrEtunimi, "
-                                       "piirteet.ptValLong FROM jr LEFT JOIN"_s
-                                    << 2;
-        QTest::newRow("field list, same values") << u"jrEtunimi"_s
-                                                 << u"SELECT DISTINCT jrSukunimi, jrPostinumero, jrSyntyma, "
-                                                    "jrEtunimi FROM jr LEFT JOIN"_s
-                                                 << 1;
-        QTest::newRow("memo") << u"jrEtunimi, ptvalmemo"_s << u"SELECT * FROM jr LEFT JOIN"_s << 2;
+        QTest::newRow("all fields") << u""_s << 2;
+        QTest::newRow("field list") << u"jrEtunimi, piirteet.ptValLong"_s << 2;
+        QTest::newRow("field list, same values") << u"jrEtunimi"_s << 1;
+        QTest::newRow("memo") << u"jrEtunimi, ptvalmemo"_s << 2;
     }
     void kahdestiSamaOminaisuus()
     {
         QFETCH(QString, kentat);
-        QFETCH(QString, alku);
         QFETCH(int, kertaa);
         TestEnv env;
         ScriptedDialogs dialogs;
@@ -471,7 +416,6 @@ private slots:
         AsetaMukaan(*d, p);
         QCOMPARE(d->scalar(u"SELECT COUNT(*) FROM jr WHERE jrMukaan = 1 AND jrSukunimi = 'Eklund'"_s).toInt(), 1);
         const ValintaSql s = KoostaValintaSql(*d, kentat, p);
-        QVERIFY2(s.sql.startsWith(alku), qPrintable(s.sql));
         db::Statement st(*d, s.sql, s.arvot);
         int eklund = 0;
         while (st.next())

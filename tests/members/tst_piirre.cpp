@@ -436,20 +436,6 @@ private slots:
         QCOMPARE(maara(*d, QStringLiteral("pi")), 2);
     }
 
-    void yhdistaminen()
-    {
-        const qint64 a = uusiJasen(*d, QStringLiteral("A")), b = uusiJasen(*d, QStringLiteral("B"));
-        const qint64 vanha = uusiPiirre(*d, QStringLiteral("Juniorit")), uusi = uusiPiirre(*d, QStringLiteral("Nuoret"));
-        liitos(*d, a, vanha, QStringLiteral("P12"));
-        liitos(*d, a, uusi, QStringLiteral("N"));
-        liitos(*d, b, vanha, QStringLiteral("T10"));
-        YhdistaOminaisuus(*d, vanha, uusi);
-        QCOMPARE(maara(*d, QStringLiteral("pt WHERE ptpiID = ?"), {vanha}), 0);
-        QCOMPARE(maara(*d, QStringLiteral("pt WHERE ptpiID = ? AND ptjrID = ?"), {uusi, a}), 2);
-        QCOMPARE(maara(*d, QStringLiteral("pt WHERE ptpiID = ? AND ptValMemo = 'T10'"), {uusi}), 1);
-        QCOMPARE(maara(*d, QStringLiteral("pi WHERE piID = ?"), {vanha}), 1);
-    }
-
     void keskeytynytAjoEiJataMitaan()
     {
         const qint64 a = uusiJasen(*d, QStringLiteral("A"), QStringLiteral("1980-01-01"));

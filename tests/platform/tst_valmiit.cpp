@@ -58,6 +58,7 @@ private slots:
         QCOMPARE(d->scalar(u, {7}).toInt(), 7);
     }
 
+    // Nothing to compare: the sanitizer build fails this case on a use after free.
     void yhteysSuljetaanEnsin()
     {
         TestEnv env;
@@ -67,7 +68,6 @@ private slots:
         auto s = std::make_unique<db::Statement>(*d, QStringLiteral("SELECT a FROM t"));
         d.reset();
         s.reset(); // finalized, never handed back to a connection that is gone
-        QVERIFY(true);
     }
 };
 

@@ -16,6 +16,7 @@
 #include "scripteddialogs.h"
 #include "seurat.h"
 #include "testenv.h"
+#include "testiapu.h"
 
 #include "tulostuskirjaus.h"
 #include <QAction>
@@ -82,11 +83,11 @@ struct Vastaaja {
                 for (int i = 0; i < h->lstOminaisuudet->count(); ++i)
                     h->lstOminaisuudet->item(i)->setSelected(h->lstOminaisuudet->item(i)->text() == ominaisuus);
                 h->tPostiNumeroAlku->setText(postinumeroAlku);
-                h->cSeuraava->click();
+                testi::paina(h->cSeuraava);
             } else if (auto *j = qobject_cast<frmTulJarjValinta *>(w)) {
-                j->cSeuraava->click();
+                testi::paina(j->cSeuraava);
             } else if (auto *t = qobject_cast<frmTulostus *>(w)) {
-                (peru ? t->cPeruTulostus : t->cTulosta)->click();
+                testi::paina(peru ? t->cPeruTulostus : t->cTulosta);
             }
         });
         ajastin.start(10);

@@ -9,6 +9,7 @@
 #include "reports/ui/frmTulostus.h"
 #include "reports/jasen/ui/frmTulostusmuodonvalinta.h"
 #include "seurat.h"
+#include "testiapu.h"
 #include "testipohja.h"
 
 #include "tulostuskirjaus.h"
@@ -147,7 +148,8 @@ private slots:
             QVERIFY2(e.viesti().startsWith(u"Tulostimia ei ole asennettu."_s), qPrintable(e.viesti()));
         }
         frmTulostus w;
-        w.cTulostin->click();
+        w.show();
+        testi::paina(w.cTulostin);
         QCOMPARE(dlg->messages().value(0).left(29), u"Tulostimia ei ole asennettu. "_s);
     }
 
@@ -163,17 +165,17 @@ private slots:
         w.cmbTulostusLaite->setCurrentIndex(1);
         w.tKopioita->setText(u"kaksi"_s);
         dlg->no();
-        w.cTulosta->click();
+        testi::paina(w.cTulosta);
         QVERIFY(w.isVisible()); // stays open for a better number
         dlg->yes();
-        w.cTulosta->click();
+        testi::paina(w.cTulosta);
         QCOMPARE(w.result(), int(QDialog::Accepted));
         QCOMPARE(int(Kopiot), 1);
         QCOMPARE(int(TulostusLaite), 1);
 
         frmTulostus peruttava;
         peruttava.show();
-        peruttava.cPeruTulostus->click();
+        testi::paina(peruttava.cPeruTulostus);
         QVERIFY(TulostusPeruttu);
 
         frmTulostus vainTulostin(true);
@@ -193,9 +195,10 @@ private slots:
         const int odotettu[9] = {0, 3, 4, 2, 5, 6, 7, 8, 1};
         for (int i = 0; i < 9; ++i) {
             frmTulostusmuodonvalinta v;
-            v.optPrintType[i]->setChecked(true);
-            v.optTulJarj[2]->setChecked(true);
-            v.cSeuraava->click();
+            v.show();
+            testi::paina(v.optPrintType[i]);
+            testi::paina(v.optTulJarj[2]);
+            testi::paina(v.cSeuraava);
             QVERIFY(!v.Cancelled);
             QCOMPARE(v.iPrintType, odotettu[i]);
             QCOMPARE(v.iTulJarj, 2);
@@ -221,12 +224,15 @@ private slots:
 
         const QString pdf = env->path(u"luettelo.pdf"_s);
         dlg->choosePath(pdf);
-        QVERIFY(w.tallennaPdf());
+        testi::paina(w.cPdf);
         QFile f(pdf);
         QVERIFY(f.open(QIODevice::ReadOnly));
         QCOMPARE(f.read(5), QByteArray("%PDF-"));
-        dlg->choosePath(QString());
-        QVERIFY(!w.tallennaPdf());
+        f.close();
+        QVERIFY(f.remove());
+        dlg->choosePath(QString()); // cancelled: nothing written
+        testi::paina(w.cPdf);
+        QVERIFY(!f.exists());
     }
 };
 

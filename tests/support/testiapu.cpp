@@ -1,8 +1,12 @@
 #include "testiapu.h"
 
+#include <QAbstractButton>
+#include <QCheckBox>
 #include <QFile>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QRadioButton>
+#include <QRandomGenerator>
 #include <QtTest>
 
 namespace testi {
@@ -56,6 +60,42 @@ QString tiedosto(const QString &polku, const QByteArray &tavut)
         qFatal("cannot write %s", qPrintable(polku));
     f.write(tavut);
     return polku;
+}
+
+void paina(QAbstractButton *b)
+{
+    QVERIFY2(b->isVisible() && b->isEnabled(), qPrintable(b->objectName()));
+    // A radio button or check box takes the click on its mark, at the left, not in its middle.
+    const bool merkki = qobject_cast<QRadioButton *>(b) || qobject_cast<QCheckBox *>(b);
+    QTest::mouseClick(b, Qt::LeftButton, {}, merkki ? QPoint(qMin(8, b->width() / 2), b->height() / 2) : QPoint());
+}
+
+quint32 siemen(quint32 oletus)
+{
+    bool ok = false;
+    quint32 s = qEnvironmentVariable("VONARI_SIEMEN").toUInt(&ok);
+    if (!ok)
+        s = oletus ? oletus : QRandomGenerator::global()->generate();
+    qInfo("random seed %u (replay with VONARI_SIEMEN=%u)", s, s);
+    return s;
+}
+
+QList<QPointer<QTimer>> &odotukset()
+{
+    static QList<QPointer<QTimer>> o;
+    return o;
+}
+
+int avaamatta()
+{
+    int n = 0;
+    for (const QPointer<QTimer> &t : std::exchange(odotukset(), {}))
+        if (t) {
+            ++n;
+            t->stop();
+            t->deleteLater();
+        }
+    return n;
 }
 
 } // namespace testi
