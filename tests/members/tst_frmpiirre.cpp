@@ -69,6 +69,13 @@ class tst_frmpiirre : public Testipohja {
         return d->lastInsertId();
     }
     int maara(const QString &ehto, const db::Params &p = {}) { return testi::maara(*d, ehto, p); }
+    static bool nayta(frmPiirre &f)
+    {
+        if (!f.lataa())
+            return false;
+        f.show();
+        return QTest::qWaitForWindowActive(&f);
+    }
     QVariant arvo(const QString &sql, const db::Params &p = {}) { return d->scalar(sql, p); }
 
 private slots:
@@ -116,7 +123,6 @@ private slots:
         QVERIFY(f.lataa());
         QCOMPARE(dlg->messages(), QStringList{QStringLiteral("Ominaisuuksia ei vielä ole.\nLisää uusi ominaisuus klikkaamalla Uusi painiketta.")});
         QCOMPARE(f.windowTitle(), QStringLiteral("Vonari - Ominaisuudet - 0"));
-        QVERIFY(f.cUusi->isEnabled() && f.cSulje->isEnabled());
         QVERIFY(!f.cTallenna->isEnabled() && !f.cPoista->isEnabled() && !f.tNimi->isEnabled() && !f.cSeuraava->isEnabled());
         f.show();
         QVERIFY(QTest::qWaitForWindowActive(&f));
@@ -142,7 +148,6 @@ private slots:
         QCOMPARE(f.windowTitle(), QStringLiteral("Vonari - Ominaisuudet - 1"));
         QCOMPARE(puunNimet(f.tvwPiirteet), (QStringList{QStringLiteral("Ominaisuudet"), QStringLiteral("O"), QStringLiteral("O'Connorin kerhö")}));
         QCOMPARE(f.tCurrency->text(), QStringLiteral("12,50"));
-        QCOMPARE(dlg->messages().size(), 1);
     }
 
     void nimenAlkuaVaroitetaanJokaNappaimella()
@@ -166,9 +171,7 @@ private slots:
         const qint64 beeta = piirre(QStringLiteral("Beeta"));
         d->execute(QStringLiteral("UPDATE pi SET piEnbldDate = NULL WHERE piID = ?"), {beeta});
         frmPiirre f;
-        QVERIFY(f.lataa());
-        f.show();
-        QVERIFY(QTest::qWaitForWindowActive(&f));
+        QVERIFY(nayta(f));
         QCOMPARE(f.tNimi->text(), QStringLiteral("Alfa"));
         QCOMPARE(f.tDate->text(), QStringLiteral("1.1.2020"));
         korvaa(f.tNimi, QStringLiteral("Alfa 2"));
@@ -192,41 +195,30 @@ private slots:
         QCOMPARE(maara(QStringLiteral("pi")), 2);
     }
 
-    void ruksinPoistoTyhjentaaOletuksen()
+    // Peru brings back what was stored, a new one left untouched is dropped, and a tick taken
+    // off empties its default.
+    void peruJaRuksinPoisto()
     {
         piirre(QStringLiteral("Lisenssi"), QStringLiteral("dm"), QStringLiteral("2025-12-31"), {}, {}, QStringLiteral("LIS"));
         frmPiirre f;
-        QVERIFY(f.lataa());
-        f.show();
-        QVERIFY(QTest::qWaitForWindowActive(&f));
+        QVERIFY(nayta(f));
         QCOMPARE(f.tMemo->toPlainText(), QStringLiteral("LIS"));
-        QTest::mouseClick(f.chkDate, Qt::LeftButton);
-        QVERIFY(!f.tDate->isEnabled() && f.tDate->text().isEmpty());
-        f.cTallenna->click();
-        QCOMPARE(arvo(QStringLiteral("SELECT piEnbldDate FROM pi")).toInt(), 0);
-        QVERIFY(arvo(QStringLiteral("SELECT piDate FROM pi")).isNull());
-        QCOMPARE(arvo(QStringLiteral("SELECT piMemo FROM pi")).toString(), QStringLiteral("LIS"));
-    }
-
-    void peruPalauttaaJaKoskematonUusiJaaPois()
-    {
-        piirre(QStringLiteral("Alfa"));
-        frmPiirre f;
-        QVERIFY(f.lataa());
-        f.show();
-        QVERIFY(QTest::qWaitForWindowActive(&f));
         korvaa(f.tNimi, QStringLiteral("Muutettu"));
         QTest::mouseClick(f.cPeru, Qt::LeftButton);
-        QCOMPARE(f.tNimi->text(), QStringLiteral("Alfa"));
+        QCOMPARE(f.tNimi->text(), QStringLiteral("Lisenssi"));
         f.cUusi->click();
         QCOMPARE(f.tNimi->text(), QString());
         f.cPeru->click();
-        QCOMPARE(f.tNimi->text(), QStringLiteral("Alfa"));
+        QCOMPARE(f.tNimi->text(), QStringLiteral("Lisenssi"));
         f.cUusi->click();
         f.cSeuraava->click();
-        f.close();
         QCOMPARE(maara(QStringLiteral("pi")), 1);
-        QCOMPARE(arvo(QStringLiteral("SELECT piNimi FROM pi")).toString(), QStringLiteral("Alfa"));
+
+        QTest::mouseClick(f.chkDate, Qt::LeftButton);
+        QVERIFY(!f.tDate->isEnabled() && f.tDate->text().isEmpty());
+        f.cTallenna->click();
+        QCOMPARE(testi::rivi(*d, QStringLiteral("SELECT piNimi, piEnbldDate, piDate, piMemo FROM pi")),
+                 QStringLiteral("Lisenssi|0|N|LIS"));
     }
 
     void poistoKysyyJaSiivoaa()
@@ -237,9 +229,7 @@ private slots:
         liitos(j, beeta);
         d->execute(QStringLiteral("INSERT INTO mt (mtpiID, mtjrID) VALUES (?, ?), (?, ?)"), {alfa, j, beeta, j});
         frmPiirre f;
-        QVERIFY(f.lataa());
-        f.show();
-        QVERIFY(QTest::qWaitForWindowActive(&f));
+        QVERIFY(nayta(f));
         dlg->no();
         QTest::keyClick(f.tNimi, Qt::Key_F4);
         QCOMPARE(maara(QStringLiteral("pi")), 2);
@@ -269,9 +259,7 @@ private slots:
         piirre(QStringLiteral("Öljy"));
         liitos(j, 777);
         frmPiirre f;
-        QVERIFY(f.lataa());
-        f.show();
-        QVERIFY(QTest::qWaitForWindowActive(&f));
+        QVERIFY(nayta(f));
         korvaa(f.tKuvaus, QStringLiteral("uusi kuvaus"));
         const auto osumat = f.tvwPiirteet->findItems(QStringLiteral("Öljy"), Qt::MatchRecursive);
         QCOMPARE(osumat.size(), 1);
@@ -312,6 +300,7 @@ private slots:
     void liittaminenOletuksineen()
     {
         const qint64 j = jasen(QStringLiteral("Virtanen"));
+        d->execute(QStringLiteral("INSERT INTO pi (piNimi) VALUES (NULL)")); // abandoned: cleaned on opening
         piirre(QStringLiteral("Bändi"), QStringLiteral("m"));
         const qint64 kausi = piirre(QStringLiteral("Kausimaksu"), QStringLiteral("dr"), {}, {}, qlonglong(1800000));
         frmJasenOminaisuudet s;
@@ -319,6 +308,7 @@ private slots:
         s.paivitaPiirteet();
         s.naytaJasen(j);
         QCOMPARE(rivit(s.lstAllPi), (QStringList{QStringLiteral("Bändi"), QStringLiteral("Kausimaksu")}));
+        QCOMPARE(maara(QStringLiteral("pi")), 2);
 
         s.cLisaaPiirre->click();
         QVERIFY(!s.lstAllPi->isHidden() && s.lstAllPt->isHidden() && !s.cPoistaPiirre->isEnabled());
@@ -406,16 +396,6 @@ private slots:
         QCOMPARE(s.arvot->tLong->text(), QStringLiteral("1"));
     }
 
-    void nimetonMaaritysPoistuuListaltaAvattaessa()
-    {
-        d->execute(QStringLiteral("INSERT INTO pi (piNimi) VALUES (NULL)"));
-        piirre(QStringLiteral("Alfa"));
-        frmJasenOminaisuudet s;
-        s.paivitaPiirteet();
-        QCOMPARE(rivit(s.lstAllPi), QStringList{QStringLiteral("Alfa")});
-        QCOMPARE(maara(QStringLiteral("pi")), 1);
-    }
-
     // ---- Bulk dialogs ----------------------------------------------------------------------
 
     void moniliitos()
@@ -424,7 +404,6 @@ private slots:
         const qint64 a = jasen(QStringLiteral("Aalto")), b = jasen(QStringLiteral("Öhman"));
         const qint64 pi = piirre(QStringLiteral("Kausi"), QStringLiteral("l"), {}, qlonglong(5));
         frmMoniliitos f;
-        QCOMPARE(f.windowTitle(), QStringLiteral("Vonari - Moniliitos"));
         QCOMPARE(f.lstJR->model()->rowCount(), 2);
         QCOMPARE(maara(QStringLiteral("jr")), 2);
         f.cLisaa->click();
@@ -457,7 +436,6 @@ private slots:
         jasen(QStringLiteral("Cedar"));
         const qint64 pi = piirre(QStringLiteral("Juniori"), QStringLiteral("l"));
         frmOminLisaysSP f;
-        QCOMPARE(f.windowTitle(), QStringLiteral("Vonari - Ominaisuuden lisäys syntymäpäivän perusteella"));
         f.cLisaa->click();
         f.pohja->lstAllPt->setCurrentRow(0);
         f.cLisaa->click();
@@ -496,8 +474,6 @@ private slots:
         liitos(a, pois);
         liitos(b, pois);
         frmOminaisuudenPoisto f;
-        QCOMPARE(f.windowTitle(), QStringLiteral("Vonari - Ominaisuuden poisto"));
-        QCOMPARE(f.cmbPoistettava->itemText(0), QStringLiteral(" - "));
         QCOMPARE(f.cmbPoistoEhto->count(), 3);
         f.cmbPoistettava->setCurrentIndex(2);
         f.cDelete->click();
@@ -517,7 +493,6 @@ private slots:
         liitos(a, vanha, 12);
         liitos(a, uusi);
         frmOminaisuudenYhdistaminen f;
-        QCOMPARE(f.windowTitle(), QStringLiteral("Vonari - Ominaisuuden yhdistäminen"));
         f.cCombine->click();
         QCOMPARE(dlg->messages().last(),
                  QStringLiteral("Valitse yhdistettävä ominaisuus ja ominaisuus johon yhdistetään. Toiminto keskeytetty."));
