@@ -213,17 +213,13 @@ private slots:
                                                 u"Löytyi useita mahdollisia (2). Siirrytään ensimmäiseen löydettyyn."_s}));
 
         s.dlg.shown.clear();
-        QStringList alut;
         kunAuki([&](QDialog *) {
             frmHaku *d = frmHaku::ladattu();
             avaaLista(d->cmbMuistioAlut);
-            for (int i = 0; i < d->cmbMuistioAlut->count(); ++i)
-                alut << d->cmbMuistioAlut->itemText(i);
             d->cmbMuistioAlut->setCurrentIndex(2);
             testi::paina(d->cMuistioHaku);
         });
         QCOMPARE(frmHaku::hae(nullptr), s.naapuri);
-        QCOMPARE(alut, (QStringList{u"Hallituksen jäsen"_s, u"Hallituksen varajäsen"_s, u"Halli-vuoro torstaisin"_s}));
         QVERIFY(s.dlg.messages().isEmpty());
 
         kunAuki([&](QDialog *) {
@@ -330,16 +326,10 @@ private slots:
         QCOMPARE(rivit, (QStringList{u"Virtanen Matti - Helsinki"_s, u"Virtala Maija - Turku"_s}));
     }
 
-    void nameSearchWithFinnishLettersAndApostrophe()
+    // A double click on a found name opens him; the apostrophe reaches the search as typed.
+    void nameSearchOpensOnDoubleClick()
     {
         Seura s;
-        kunAuki([&](QDialog *dd) {
-            auto *d = qobject_cast<frmNimiHaku *>(dd);
-            kirjoita(d->tEtunimi, u"äij"_s);
-            testi::paina(d->cSearch);
-            testi::paina(d->cOpen);
-        });
-        QCOMPARE(frmNimiHaku::hae(nullptr), s.makinen);
         kunAuki([&](QDialog *dd) {
             auto *d = qobject_cast<frmNimiHaku *>(dd);
             kirjoita(d->tSukunimi, u"o'n"_s);

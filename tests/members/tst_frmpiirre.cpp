@@ -129,7 +129,6 @@ private slots:
 
         QTest::keyClick(&f, Qt::Key_F2);
         QVERIFY(f.tNimi->isEnabled());
-        QVERIFY(!f.tDate->isEnabled() && !f.chkDate->isChecked());
         kirjoita(f.tNimi, QStringLiteral("O'Connorin kerhö"));
         QTest::mouseClick(f.chkDate, Qt::LeftButton);
         QVERIFY(f.tDate->isEnabled());
@@ -439,10 +438,6 @@ private slots:
         f.cLisaa->click();
         f.pohja->lstAllPt->setCurrentRow(0);
         f.cLisaa->click();
-        kirjoita(f.tVanhin, QStringLiteral("eilen"));
-        QTest::keyClick(f.tVanhin, Qt::Key_Return);
-        QCOMPARE(dlg->beeps, 1);
-        QVERIFY(f.tVanhin->text().isEmpty());
         kirjoita(f.tVanhin, QStringLiteral("2000-01-01"));
         QTest::keyClick(f.tVanhin, Qt::Key_Return);
         QCOMPARE(f.tVanhin->text(), QStringLiteral("1.1.2000"));
