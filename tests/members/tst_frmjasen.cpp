@@ -64,46 +64,21 @@ private slots:
         QVERIFY(s.dlg.unexpected.isEmpty());
     }
 
-    void muokkausnappaimetKuuluvatKentalle_data()
+    // Ctrl+Z in a text box undoes the typing there; the member in view and his edit stay,
+    // though the same key drops the edit elsewhere in the window.
+    void kumoaminenKuuluuKentalle()
     {
-        QTest::addColumn<int>("nappain");       // pressed with Ctrl, after "Berg" was typed
-        QTest::addColumn<bool>("valitseEnsin"); // the whole text selected before the key
-        QTest::addColumn<QString>("teksti");    // the box's text afterwards
-        QTest::addColumn<QString>("valittu");   // its selected text afterwards
-        QTest::newRow("Ctrl+V liittää") << int(Qt::Key_V) << false << u"BergCedar"_s << QString();
-        QTest::newRow("Ctrl+A valitsee") << int(Qt::Key_A) << false << u"Berg"_s << u"Berg"_s;
-        QTest::newRow("Ctrl+X leikkaa") << int(Qt::Key_X) << true << QString() << QString();
-        QTest::newRow("Ctrl+Z kumoaa") << int(Qt::Key_Z) << false << u"Eskola"_s << u"Eskola"_s;
-    }
-
-    // Ctrl+V, Ctrl+A, Ctrl+X and Ctrl+Z in a text box edit the text; the member in view and his
-    // edit stay, though the same keys move or cancel elsewhere in the window.
-    void muokkausnappaimetKuuluvatKentalle()
-    {
-        QFETCH(int, nappain);
-        QFETCH(bool, valitseEnsin);
-        QFETCH(QString, teksti);
-        QFETCH(QString, valittu);
         Seura s;
         s.jasen(u"Aalto"_s, u"Anna"_s);
         const qint64 keski = s.jasen(u"Eskola"_s, u"Eero"_s);
-        s.jasen(u"Öhman"_s, u"Ö"_s);
         QVERIFY(s.avaa());
         paina(s.w->cSeuraava);
-        QCOMPARE(s.w->NykyinenId(), keski);
-        QGuiApplication::clipboard()->setText(u"Cedar"_s);
         QLineEdit *laatikko = s.w->tYhteystiedot[iSukunimi];
         kirjoita(laatikko, u"Berg"_s);
-        if (valitseEnsin)
-            laatikko->selectAll();
-        QTest::keyClick(laatikko, Qt::Key(nappain), Qt::ControlModifier);
-
+        QTest::keyClick(laatikko, Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(s.w->NykyinenId(), keski);
         QCOMPARE(s.w->Data1()->editMode(), EditMode::Edit);
-        QCOMPARE(laatikko->text(), teksti);
-        QCOMPARE(laatikko->selectedText(), valittu);
-        if (nappain == Qt::Key_X)
-            QCOMPARE(QGuiApplication::clipboard()->text(), u"Berg"_s);
+        QCOMPARE(laatikko->text(), u"Eskola"_s);
         QVERIFY(s.dlg.shown.isEmpty());
     }
 
