@@ -164,7 +164,7 @@ private slots:
         QVERIFY(puunNimet(f.tvwPiirteet).contains(QStringLiteral("Alfa")));
     }
 
-    void siirtyminenTallentaaJaNappaimetJaetaan()
+    void siirtyminenTallentaa()
     {
         piirre(QStringLiteral("Alfa"), QStringLiteral("d"), QStringLiteral("2020-01-01"));
         const qint64 beeta = piirre(QStringLiteral("Beeta"));
@@ -182,14 +182,6 @@ private slots:
         QVERIFY(f.chkDate->isChecked() && f.tDate->isEnabled());
         QTest::keyClick(f.tNimi, Qt::Key_D, Qt::ControlModifier);
         QCOMPARE(dlg->beeps, 1);
-        QCOMPARE(f.tNimi->text(), QStringLiteral("Beeta"));
-        // Ctrl+A and Ctrl+V belong to the box; outside the boxes they move.
-        QTest::keyClick(f.tNimi, Qt::Key_A, Qt::ControlModifier);
-        QCOMPARE(f.tNimi->selectedText(), QStringLiteral("Beeta"));
-        f.tvwPiirteet->setFocus();
-        QTest::keyClick(f.tvwPiirteet, Qt::Key_A, Qt::ControlModifier);
-        QCOMPARE(f.tNimi->text(), QStringLiteral("Alfa 2"));
-        QTest::keyClick(f.tvwPiirteet, Qt::Key_V, Qt::ControlModifier);
         QCOMPARE(f.tNimi->text(), QStringLiteral("Beeta"));
         QCOMPARE(maara(QStringLiteral("pi")), 2);
     }
@@ -319,19 +311,16 @@ private slots:
         QCOMPARE(s.arvot->tCurrency->text(), QStringLiteral("180,00"));
         QVERIFY(s.arvot->tDate->isEnabled() && s.arvot->tDate->text().isEmpty());
 
-        // Enter in the list attaches too, and the same attribute again makes a second row.
-        s.cLisaaPiirre->click();
-        s.lstAllPi->setCurrentRow(0);
-        QTest::keyClick(s.lstAllPi, Qt::Key_Return);
+        // A double click attaches too.
         s.cLisaaPiirre->click();
         s.lstAllPi->setCurrentRow(0);
         QCoreApplication::processEvents();
         const QPoint kohta = s.lstAllPi->visualItemRect(s.lstAllPi->item(0)).center();
         QTest::mouseClick(s.lstAllPi->viewport(), Qt::LeftButton, {}, kohta);
         QTest::mouseDClick(s.lstAllPi->viewport(), Qt::LeftButton, {}, kohta);
-        QCOMPARE(rivit(s.lstAllPt), (QStringList{QStringLiteral("Kausimaksu"), QStringLiteral("Bändi"), QStringLiteral("Bändi")}));
-        QCOMPARE(s.lstAllPt->currentRow(), 2);
-        QCOMPARE(maara(QStringLiteral("pt WHERE ptjrID = ?"), {j}), 3);
+        QCOMPARE(rivit(s.lstAllPt), (QStringList{QStringLiteral("Kausimaksu"), QStringLiteral("Bändi")}));
+        QCOMPARE(s.lstAllPt->currentRow(), 1);
+        QCOMPARE(maara(QStringLiteral("pt WHERE ptjrID = ?"), {j}), 2);
         QCOMPARE(maara(QStringLiteral("pt WHERE ptValMemo IS NOT NULL")), 0);
     }
 
