@@ -102,21 +102,6 @@ private slots:
         QVERIFY(!IsTopLevel());
     }
 
-    void ikkunaOnYksi()
-    {
-        piirre(QStringLiteral("Alfa"));
-        AvaaOminaisuudet(nullptr);
-        AvaaOminaisuudet(nullptr);
-        QList<QWidget *> auki;
-        for (QWidget *w : QApplication::topLevelWidgets())
-            if (w->objectName() == QLatin1String("frmPiirre") && w->isVisible())
-                auki << w;
-        QCOMPARE(auki.size(), 1);
-        QCOMPARE(auki.first()->windowTitle(), QStringLiteral("Vonari - Ominaisuudet - 1"));
-        QVERIFY(auki.first()->close());
-        QTRY_VERIFY(!IsTopLevel());
-    }
-
     void tyhjaanLuodaanEnsimmainen()
     {
         frmPiirre f;
