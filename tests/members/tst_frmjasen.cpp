@@ -226,14 +226,11 @@ private slots:
 
         // Eino joins through the list of everybody.
         paina(s.w->cLisaaPerhJas);
-        QVERIFY(s.w->lstPersons->isVisible());
         s.w->lstPersons->setCurrentIndex(s.w->lstPersons->model()->index(1, 0));
         QTest::keyClick(s.w->lstPersons, Qt::Key_Return);
-        QVERIFY(s.w->lstFamily->isVisible());
         QCOMPARE(s.w->lstFamily->count(), 2);
         QCOMPARE(s.w->lstFamily->currentRow(), 1);
         s.w->chkPerheLuokka[2]->click();
-        QVERIFY(s.w->bPerheLuokkaMuuttunut);
         paina(s.w->cSeuraava);
         QCOMPARE(s.arvo(a, u"jrPerheenLaskutettava"_s).toInt(), 1);
         QCOMPARE(s.maara(u"jrPerhe WHERE jrPSubID = ? AND jrPLapsi = 1"_s, {e}), 1);
