@@ -82,8 +82,7 @@ private slots:
         QVERIFY(!QApplication::activeModalWidget());
     }
 
-    // Nameless definitions are cleaned from the database; the rest in Finnish order, none chosen,
-    // the usual answers on.
+    // Nameless definitions are cleaned from the database; the rest in Finnish order, none chosen.
     void latausTyhjallaLohkolla()
     {
         seura(*env, {u"Ääni"_s, QVariant(), u"Zeta"_s, u"kuoro"_s, QVariant(), u"Aamu"_s});
@@ -95,10 +94,6 @@ private slots:
         QVERIFY(w.lstOminaisuudet->selectedItems().isEmpty());
         auto d = db::Database::open(MainModule::DatabasePath);
         QCOMPARE(d->scalar(u"SELECT COUNT(*) FROM pi WHERE piNimi IS NULL"_s).toInt(), 0);
-        QVERIFY(w.optTAI->isChecked() && !w.chkPiirre->isChecked());
-        QVERIFY(w.optKaikkiVaiPerhe[0]->isChecked() && w.optJasenmaksu[2]->isChecked());
-        for (const auto *opt : {&w.optDate, &w.optLong, &w.optCurrency, &w.optSyntAika, &w.optLiit})
-            QVERIFY((*opt)[1]->isChecked());
         QVERIFY(w.frameTarkennukset->isEnabled());
         QVERIFY(dlg->shown.isEmpty());
     }
@@ -152,8 +147,6 @@ private slots:
         QTest::addColumn<QString>("tulos");
         QTest::addColumn<int>("piippaukset");
         QTest::newRow("date rewritten") << u"tDate"_s << u"01.02.2003"_s << u"1.2.2003"_s << 0;
-        QTest::newRow("joining date refused") << u"tLiit"_s << u"31.4.2000"_s << u""_s << 1;
-        QTest::newRow("number rounded") << u"tLong"_s << u"2,5"_s << u"2"_s << 0;
         QTest::newRow("amount refused") << u"tCurrency"_s << u"2,50e"_s << u""_s << 1;
         QTest::newRow("postal code unchecked") << u"tPostiNumeroAlku"_s << u"x1"_s << u"x1"_s << 0;
     }

@@ -131,65 +131,57 @@ private slots:
         QVERIFY(s.dlg.unexpected.isEmpty());
     }
 
-    // The name search moves the window to the member chosen; one added behind its back is told of.
-    void nimihakuSiirtaaJaseneen()
+    void hakuSiirtaaJaseneen_data()
     {
-        Seura s;
-        s.liitaKuoro(s.berg);
-        QVERIFY(s.avaa());
-        auto etsi = [&](const QString &suku) {
-            kunAuki<frmNimiHaku>([suku](frmNimiHaku *h) {
-                h->tSukunimi->setText(suku);
-                testi::paina(h->cSearch);
-                h->lstFoundJR->setCurrentIndex(h->lstFoundJR->model()->index(0, 0));
-                testi::paina(h->cOpen);
-            });
-            testi::paina(s.w->cNimiHaku);
-        };
-        QVERIFY(s.w->cNimiHaku->isEnabled());
-        etsi(u"erg"_s);
-        QCOMPARE(s.w->NykyinenId(), s.berg);
-        QCOMPARE(s.w->tYhteystiedot[iSukunimi]->text(), u"Berg"_s);
-        QCOMPARE(s.sivu->lstAllPt->count(), 1);
-
-        s.jasen(u"Myöhäinen"_s, u"Mikko"_s);
-        etsi(u"Myöh"_s);
-        QCOMPARE(s.dlg.messages().value(0), u"Jäsentä ei löydy."_s);
-        QCOMPARE(s.w->NykyinenId(), s.berg);
-        QCOMPARE(s.w->tYhteystiedot[iSukunimi]->text(), u"Berg"_s);
-        QVERIFY(s.dlg.unexpected.isEmpty());
+        QTest::addColumn<bool>("nimella");
+        QTest::addColumn<QString>("viesti");
+        QTest::newRow("name search") << true << u"Jäsentä ei löydy."_s;
+        QTest::newRow("number search") << false << u"Jäsennumerolla ei löydy jäsentä."_s;
     }
 
-    // F6 by member number stores the edit in progress first; a member the window does not hold
-    // is told of and the window stays where it was.
-    void numerohakuTallentaaJaSiirtaa()
+    // A search stores the edit in progress and moves the window to the member chosen; a member
+    // the window does not hold is told of and the window stays where it was.
+    void hakuSiirtaaJaseneen()
     {
+        QFETCH(bool, nimella);
+        QFETCH(QString, viesti);
         Seura s;
+        s.liitaKuoro(s.berg);
         s.d->execute(u"UPDATE jr SET jrJasennumero = '7' WHERE jrID = ?"_s, {s.berg});
         QVERIFY(s.avaa());
-        auto etsi = [&](const QString &numero, bool nappaimella) {
-            kunAuki<frmHaku>([numero](frmHaku *h) {
-                h->cmbJasenNro->setCurrentIndex(-1);
-                h->cmbJasenNro->setEditText(numero);
-                testi::paina(h->cHae);
-            });
-            if (nappaimella)
-                QTest::keyClick(s.w, Qt::Key_F6);
-            else
-                testi::paina(s.w->cHaku);
+        auto etsi = [&](const QString &nimi, const QString &numero) {
+            if (nimella) {
+                kunAuki<frmNimiHaku>([nimi](frmNimiHaku *h) {
+                    h->tSukunimi->setText(nimi);
+                    testi::paina(h->cSearch);
+                    h->lstFoundJR->setCurrentIndex(h->lstFoundJR->model()->index(0, 0));
+                    testi::paina(h->cOpen);
+                });
+                testi::paina(s.w->cNimiHaku);
+            } else {
+                kunAuki<frmHaku>([numero](frmHaku *h) {
+                    h->cmbJasenNro->setCurrentIndex(-1);
+                    h->cmbJasenNro->setEditText(numero);
+                    testi::paina(h->cHae);
+                });
+                if (numero == u"7"_s)
+                    QTest::keyClick(s.w, Qt::Key_F6);
+                else
+                    testi::paina(s.w->cHaku);
+            }
         };
         s.w->tYhteystiedot[iEtunimi]->setText(u"Annukka"_s);
-        QCOMPARE(s.w->Data1()->editMode(), EditMode::Edit);
-        etsi(u"7"_s, true);
+        etsi(u"erg"_s, u"7"_s);
         QCOMPARE(s.w->NykyinenId(), s.berg);
-        QCOMPARE(s.d->scalar(u"SELECT jrEtunimi FROM jr WHERE jrID = ?"_s, {s.aalto}).toString(), u"Annukka"_s);
+        QCOMPARE(s.teksti(iSukunimi), u"Berg"_s);
+        QCOMPARE(s.sivu->lstAllPt->count(), 1);
+        QCOMPARE(s.arvo(s.aalto, u"jrEtunimi"_s).toString(), u"Annukka"_s);
 
-        const qint64 uusi = s.jasen(u"Myöhäinen"_s, u"Mikko"_s);
-        s.d->execute(u"UPDATE jr SET jrJasennumero = '9' WHERE jrID = ?"_s, {uusi});
-        etsi(u"9"_s, false);
-        QCOMPARE(s.dlg.messages(), QStringList{u"Jäsennumerolla ei löydy jäsentä."_s});
+        s.jasen(u"Myöhäinen"_s, u"Mikko"_s, u"9"_s);
+        etsi(u"Myöh"_s, u"9"_s);
+        QCOMPARE(s.dlg.messages(), QStringList{viesti});
         QCOMPARE(s.w->NykyinenId(), s.berg);
-        QCOMPARE(s.w->tYhteystiedot[iSukunimi]->text(), u"Berg"_s);
+        QCOMPARE(s.teksti(iSukunimi), u"Berg"_s);
         QVERIFY(s.dlg.unexpected.isEmpty());
         frmHaku::pura();
     }

@@ -69,6 +69,13 @@ class tst_frmpiirre : public Testipohja {
         return d->lastInsertId();
     }
     int maara(const QString &ehto, const db::Params &p = {}) { return testi::maara(*d, ehto, p); }
+    static bool nayta(frmPiirre &f)
+    {
+        if (!f.lataa())
+            return false;
+        f.show();
+        return QTest::qWaitForWindowActive(&f);
+    }
     QVariant arvo(const QString &sql, const db::Params &p = {}) { return d->scalar(sql, p); }
 
 private slots:
@@ -95,35 +102,18 @@ private slots:
         QVERIFY(!IsTopLevel());
     }
 
-    void ikkunaOnYksi()
-    {
-        piirre(QStringLiteral("Alfa"));
-        AvaaOminaisuudet(nullptr);
-        AvaaOminaisuudet(nullptr);
-        QList<QWidget *> auki;
-        for (QWidget *w : QApplication::topLevelWidgets())
-            if (w->objectName() == QLatin1String("frmPiirre") && w->isVisible())
-                auki << w;
-        QCOMPARE(auki.size(), 1);
-        QCOMPARE(auki.first()->windowTitle(), QStringLiteral("Vonari - Ominaisuudet - 1"));
-        QVERIFY(auki.first()->close());
-        QTRY_VERIFY(!IsTopLevel());
-    }
-
     void tyhjaanLuodaanEnsimmainen()
     {
         frmPiirre f;
         QVERIFY(f.lataa());
         QCOMPARE(dlg->messages(), QStringList{QStringLiteral("Ominaisuuksia ei vielä ole.\nLisää uusi ominaisuus klikkaamalla Uusi painiketta.")});
         QCOMPARE(f.windowTitle(), QStringLiteral("Vonari - Ominaisuudet - 0"));
-        QVERIFY(f.cUusi->isEnabled() && f.cSulje->isEnabled());
         QVERIFY(!f.cTallenna->isEnabled() && !f.cPoista->isEnabled() && !f.tNimi->isEnabled() && !f.cSeuraava->isEnabled());
         f.show();
         QVERIFY(QTest::qWaitForWindowActive(&f));
 
         QTest::keyClick(&f, Qt::Key_F2);
         QVERIFY(f.tNimi->isEnabled());
-        QVERIFY(!f.tDate->isEnabled() && !f.chkDate->isChecked());
         kirjoita(f.tNimi, QStringLiteral("O'Connorin kerhö"));
         QTest::mouseClick(f.chkDate, Qt::LeftButton);
         QVERIFY(f.tDate->isEnabled());
@@ -142,7 +132,6 @@ private slots:
         QCOMPARE(f.windowTitle(), QStringLiteral("Vonari - Ominaisuudet - 1"));
         QCOMPARE(puunNimet(f.tvwPiirteet), (QStringList{QStringLiteral("Ominaisuudet"), QStringLiteral("O"), QStringLiteral("O'Connorin kerhö")}));
         QCOMPARE(f.tCurrency->text(), QStringLiteral("12,50"));
-        QCOMPARE(dlg->messages().size(), 1);
     }
 
     void nimenAlkuaVaroitetaanJokaNappaimella()
@@ -160,15 +149,13 @@ private slots:
         QVERIFY(puunNimet(f.tvwPiirteet).contains(QStringLiteral("Alfa")));
     }
 
-    void siirtyminenTallentaaJaNappaimetJaetaan()
+    void siirtyminenTallentaa()
     {
         piirre(QStringLiteral("Alfa"), QStringLiteral("d"), QStringLiteral("2020-01-01"));
         const qint64 beeta = piirre(QStringLiteral("Beeta"));
         d->execute(QStringLiteral("UPDATE pi SET piEnbldDate = NULL WHERE piID = ?"), {beeta});
         frmPiirre f;
-        QVERIFY(f.lataa());
-        f.show();
-        QVERIFY(QTest::qWaitForWindowActive(&f));
+        QVERIFY(nayta(f));
         QCOMPARE(f.tNimi->text(), QStringLiteral("Alfa"));
         QCOMPARE(f.tDate->text(), QStringLiteral("1.1.2020"));
         korvaa(f.tNimi, QStringLiteral("Alfa 2"));
@@ -181,77 +168,52 @@ private slots:
         QTest::keyClick(f.tNimi, Qt::Key_D, Qt::ControlModifier);
         QCOMPARE(dlg->beeps, 1);
         QCOMPARE(f.tNimi->text(), QStringLiteral("Beeta"));
-        // Ctrl+A and Ctrl+V belong to the box; outside the boxes they move.
-        QTest::keyClick(f.tNimi, Qt::Key_A, Qt::ControlModifier);
-        QCOMPARE(f.tNimi->selectedText(), QStringLiteral("Beeta"));
-        f.tvwPiirteet->setFocus();
-        QTest::keyClick(f.tvwPiirteet, Qt::Key_A, Qt::ControlModifier);
-        QCOMPARE(f.tNimi->text(), QStringLiteral("Alfa 2"));
-        QTest::keyClick(f.tvwPiirteet, Qt::Key_V, Qt::ControlModifier);
-        QCOMPARE(f.tNimi->text(), QStringLiteral("Beeta"));
         QCOMPARE(maara(QStringLiteral("pi")), 2);
     }
 
-    void ruksinPoistoTyhjentaaOletuksen()
+    // Peru brings back what was stored, a new one left untouched is dropped, and a tick taken
+    // off empties its default.
+    void peruJaRuksinPoisto()
     {
         piirre(QStringLiteral("Lisenssi"), QStringLiteral("dm"), QStringLiteral("2025-12-31"), {}, {}, QStringLiteral("LIS"));
         frmPiirre f;
-        QVERIFY(f.lataa());
-        f.show();
-        QVERIFY(QTest::qWaitForWindowActive(&f));
+        QVERIFY(nayta(f));
         QCOMPARE(f.tMemo->toPlainText(), QStringLiteral("LIS"));
-        QTest::mouseClick(f.chkDate, Qt::LeftButton);
-        QVERIFY(!f.tDate->isEnabled() && f.tDate->text().isEmpty());
-        f.cTallenna->click();
-        QCOMPARE(arvo(QStringLiteral("SELECT piEnbldDate FROM pi")).toInt(), 0);
-        QVERIFY(arvo(QStringLiteral("SELECT piDate FROM pi")).isNull());
-        QCOMPARE(arvo(QStringLiteral("SELECT piMemo FROM pi")).toString(), QStringLiteral("LIS"));
-    }
-
-    void peruPalauttaaJaKoskematonUusiJaaPois()
-    {
-        piirre(QStringLiteral("Alfa"));
-        frmPiirre f;
-        QVERIFY(f.lataa());
-        f.show();
-        QVERIFY(QTest::qWaitForWindowActive(&f));
         korvaa(f.tNimi, QStringLiteral("Muutettu"));
         QTest::mouseClick(f.cPeru, Qt::LeftButton);
-        QCOMPARE(f.tNimi->text(), QStringLiteral("Alfa"));
+        QCOMPARE(f.tNimi->text(), QStringLiteral("Lisenssi"));
         f.cUusi->click();
         QCOMPARE(f.tNimi->text(), QString());
         f.cPeru->click();
-        QCOMPARE(f.tNimi->text(), QStringLiteral("Alfa"));
+        QCOMPARE(f.tNimi->text(), QStringLiteral("Lisenssi"));
         f.cUusi->click();
         f.cSeuraava->click();
-        f.close();
         QCOMPARE(maara(QStringLiteral("pi")), 1);
-        QCOMPARE(arvo(QStringLiteral("SELECT piNimi FROM pi")).toString(), QStringLiteral("Alfa"));
+
+        QTest::mouseClick(f.chkDate, Qt::LeftButton);
+        QVERIFY(!f.tDate->isEnabled() && f.tDate->text().isEmpty());
+        f.cTallenna->click();
+        QCOMPARE(testi::rivi(*d, QStringLiteral("SELECT piNimi, piEnbldDate, piDate, piMemo FROM pi")),
+                 QStringLiteral("Lisenssi|0|N|LIS"));
     }
 
     void poistoKysyyJaSiivoaa()
     {
         const qint64 j = jasen(QStringLiteral("Virtanen"));
-        const qint64 alfa = piirre(QStringLiteral("Alfa")), beeta = piirre(QStringLiteral("Beeta"));
+        const qint64 alfa = piirre(QStringLiteral("Alfa"));
+        piirre(QStringLiteral("Beeta"));
         liitos(j, alfa);
-        liitos(j, beeta);
-        d->execute(QStringLiteral("INSERT INTO mt (mtpiID, mtjrID) VALUES (?, ?), (?, ?)"), {alfa, j, beeta, j});
         frmPiirre f;
-        QVERIFY(f.lataa());
-        f.show();
-        QVERIFY(QTest::qWaitForWindowActive(&f));
+        QVERIFY(nayta(f));
         dlg->no();
         QTest::keyClick(f.tNimi, Qt::Key_F4);
         QCOMPARE(maara(QStringLiteral("pi")), 2);
-        QCOMPARE(maara(QStringLiteral("pt")), 2);
+        QCOMPARE(maara(QStringLiteral("pt")), 1);
         dlg->yes();
         f.cPoista->click();
         QCOMPARE(dlg->shown.last().text, QStringLiteral("Poistetaanko näytössä oleva ominaisuus?"));
         QCOMPARE(maara(QStringLiteral("pi WHERE piID = ?"), {alfa}), 0);
-        QCOMPARE(maara(QStringLiteral("pt WHERE ptpiID = ?"), {alfa}), 0);
-        QCOMPARE(maara(QStringLiteral("mt WHERE mtpiID = ?"), {alfa}), 0);
-        QCOMPARE(maara(QStringLiteral("pt WHERE ptpiID = ?"), {beeta}), 1);
-        QCOMPARE(maara(QStringLiteral("mt WHERE mtpiID = ?"), {beeta}), 1);
+        QCOMPARE(maara(QStringLiteral("pt")), 0);
         QVERIFY(!puunNimet(f.tvwPiirteet).contains(QStringLiteral("Alfa")));
         QCOMPARE(f.tNimi->text(), QStringLiteral("Beeta"));
         QCOMPARE(f.windowTitle(), QStringLiteral("Vonari - Ominaisuudet - 1"));
@@ -269,9 +231,7 @@ private slots:
         piirre(QStringLiteral("Öljy"));
         liitos(j, 777);
         frmPiirre f;
-        QVERIFY(f.lataa());
-        f.show();
-        QVERIFY(QTest::qWaitForWindowActive(&f));
+        QVERIFY(nayta(f));
         korvaa(f.tKuvaus, QStringLiteral("uusi kuvaus"));
         const auto osumat = f.tvwPiirteet->findItems(QStringLiteral("Öljy"), Qt::MatchRecursive);
         QCOMPARE(osumat.size(), 1);
@@ -312,6 +272,7 @@ private slots:
     void liittaminenOletuksineen()
     {
         const qint64 j = jasen(QStringLiteral("Virtanen"));
+        d->execute(QStringLiteral("INSERT INTO pi (piNimi) VALUES (NULL)")); // abandoned: cleaned on opening
         piirre(QStringLiteral("Bändi"), QStringLiteral("m"));
         const qint64 kausi = piirre(QStringLiteral("Kausimaksu"), QStringLiteral("dr"), {}, {}, qlonglong(1800000));
         frmJasenOminaisuudet s;
@@ -319,6 +280,7 @@ private slots:
         s.paivitaPiirteet();
         s.naytaJasen(j);
         QCOMPARE(rivit(s.lstAllPi), (QStringList{QStringLiteral("Bändi"), QStringLiteral("Kausimaksu")}));
+        QCOMPARE(maara(QStringLiteral("pi")), 2);
 
         s.cLisaaPiirre->click();
         QVERIFY(!s.lstAllPi->isHidden() && s.lstAllPt->isHidden() && !s.cPoistaPiirre->isEnabled());
@@ -330,19 +292,16 @@ private slots:
         QCOMPARE(s.arvot->tCurrency->text(), QStringLiteral("180,00"));
         QVERIFY(s.arvot->tDate->isEnabled() && s.arvot->tDate->text().isEmpty());
 
-        // Enter in the list attaches too, and the same attribute again makes a second row.
-        s.cLisaaPiirre->click();
-        s.lstAllPi->setCurrentRow(0);
-        QTest::keyClick(s.lstAllPi, Qt::Key_Return);
+        // A double click attaches too.
         s.cLisaaPiirre->click();
         s.lstAllPi->setCurrentRow(0);
         QCoreApplication::processEvents();
         const QPoint kohta = s.lstAllPi->visualItemRect(s.lstAllPi->item(0)).center();
         QTest::mouseClick(s.lstAllPi->viewport(), Qt::LeftButton, {}, kohta);
         QTest::mouseDClick(s.lstAllPi->viewport(), Qt::LeftButton, {}, kohta);
-        QCOMPARE(rivit(s.lstAllPt), (QStringList{QStringLiteral("Kausimaksu"), QStringLiteral("Bändi"), QStringLiteral("Bändi")}));
-        QCOMPARE(s.lstAllPt->currentRow(), 2);
-        QCOMPARE(maara(QStringLiteral("pt WHERE ptjrID = ?"), {j}), 3);
+        QCOMPARE(rivit(s.lstAllPt), (QStringList{QStringLiteral("Kausimaksu"), QStringLiteral("Bändi")}));
+        QCOMPARE(s.lstAllPt->currentRow(), 1);
+        QCOMPARE(maara(QStringLiteral("pt WHERE ptjrID = ?"), {j}), 2);
         QCOMPARE(maara(QStringLiteral("pt WHERE ptValMemo IS NOT NULL")), 0);
     }
 
@@ -350,7 +309,8 @@ private slots:
     {
         const qint64 j = jasen(QStringLiteral("Virtanen"));
         const qint64 pi = piirre(QStringLiteral("Talkoot"), QStringLiteral("lm"));
-        const qint64 eka = liitos(j, pi, 1), toka = liitos(j, pi, 2);
+        const qint64 eka = liitos(j, pi, 1);
+        liitos(j, pi, 2);
         frmJasenOminaisuudet s;
         s.show();
         QSignalSpy muutettu(&s, &frmJasenOminaisuudet::muutettu);
@@ -377,10 +337,6 @@ private slots:
         korvaa(s.arvot->tLong, QStringLiteral("5"));
         s.peruPiirre();
         QCOMPARE(s.arvot->tLong->text(), QStringLiteral("2"));
-        korvaa(s.arvot->tLong, QStringLiteral("abc"));
-        QVERIFY(s.tallennaPiirre());
-        QVERIFY(arvo(QStringLiteral("SELECT ptValLong FROM pt WHERE ptID = ?"), {toka}).isNull());
-        QVERIFY(s.arvot->tLong->text().isEmpty());
     }
 
     void liitoksenPoisto()
@@ -406,16 +362,6 @@ private slots:
         QCOMPARE(s.arvot->tLong->text(), QStringLiteral("1"));
     }
 
-    void nimetonMaaritysPoistuuListaltaAvattaessa()
-    {
-        d->execute(QStringLiteral("INSERT INTO pi (piNimi) VALUES (NULL)"));
-        piirre(QStringLiteral("Alfa"));
-        frmJasenOminaisuudet s;
-        s.paivitaPiirteet();
-        QCOMPARE(rivit(s.lstAllPi), QStringList{QStringLiteral("Alfa")});
-        QCOMPARE(maara(QStringLiteral("pi")), 1);
-    }
-
     // ---- Bulk dialogs ----------------------------------------------------------------------
 
     void moniliitos()
@@ -424,7 +370,6 @@ private slots:
         const qint64 a = jasen(QStringLiteral("Aalto")), b = jasen(QStringLiteral("Öhman"));
         const qint64 pi = piirre(QStringLiteral("Kausi"), QStringLiteral("l"), {}, qlonglong(5));
         frmMoniliitos f;
-        QCOMPARE(f.windowTitle(), QStringLiteral("Vonari - Moniliitos"));
         QCOMPARE(f.lstJR->model()->rowCount(), 2);
         QCOMPARE(maara(QStringLiteral("jr")), 2);
         f.cLisaa->click();
@@ -457,14 +402,9 @@ private slots:
         jasen(QStringLiteral("Cedar"));
         const qint64 pi = piirre(QStringLiteral("Juniori"), QStringLiteral("l"));
         frmOminLisaysSP f;
-        QCOMPARE(f.windowTitle(), QStringLiteral("Vonari - Ominaisuuden lisäys syntymäpäivän perusteella"));
         f.cLisaa->click();
         f.pohja->lstAllPt->setCurrentRow(0);
         f.cLisaa->click();
-        kirjoita(f.tVanhin, QStringLiteral("eilen"));
-        QTest::keyClick(f.tVanhin, Qt::Key_Return);
-        QCOMPARE(dlg->beeps, 1);
-        QVERIFY(f.tVanhin->text().isEmpty());
         kirjoita(f.tVanhin, QStringLiteral("2000-01-01"));
         QTest::keyClick(f.tVanhin, Qt::Key_Return);
         QCOMPARE(f.tVanhin->text(), QStringLiteral("1.1.2000"));
@@ -496,8 +436,6 @@ private slots:
         liitos(a, pois);
         liitos(b, pois);
         frmOminaisuudenPoisto f;
-        QCOMPARE(f.windowTitle(), QStringLiteral("Vonari - Ominaisuuden poisto"));
-        QCOMPARE(f.cmbPoistettava->itemText(0), QStringLiteral(" - "));
         QCOMPARE(f.cmbPoistoEhto->count(), 3);
         f.cmbPoistettava->setCurrentIndex(2);
         f.cDelete->click();
@@ -517,7 +455,6 @@ private slots:
         liitos(a, vanha, 12);
         liitos(a, uusi);
         frmOminaisuudenYhdistaminen f;
-        QCOMPARE(f.windowTitle(), QStringLiteral("Vonari - Ominaisuuden yhdistäminen"));
         f.cCombine->click();
         QCOMPARE(dlg->messages().last(),
                  QStringLiteral("Valitse yhdistettävä ominaisuus ja ominaisuus johon yhdistetään. Toiminto keskeytetty."));
