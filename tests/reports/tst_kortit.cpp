@@ -71,8 +71,9 @@ private slots:
         Testipohja::cleanup();
     }
 
-    // Ten cards to an A4 page, two across, each card 85.6 × 54 mm inside the paper.
-    void kortitSivuille()
+    // Ten cards to an A4 page, two across, each card 85.6 × 54 mm inside the paper; the cards of
+    // everyone, of an attribute's holders or the others, of one member.
+    void kortitSivuilleJaValinta()
     {
         const QString kanta = seurat::Kopio(150, env->path(u"demo.mdb"_s));
         auto d = db::Database::open(kanta);
@@ -101,16 +102,10 @@ private slots:
         QVERIFY(st.next());
         QVERIFY(a.tekstit(0).contains(st.value(0).toString() + u' ' + st.value(1).toString()));
         QVERIFY(a.tekstit(0).contains(u"Jäsennumero: "_s + st.value(2).toString()));
-    }
 
-    // The person list and the selection of each kind of row, with the cards each one prints.
-    void kortinValinta()
-    {
-        const QString kanta = seurat::Kopio(150, env->path(u"demo.mdb"_s));
-        auto d = db::Database::open(kanta);
+        // The person list and the selection of each kind of row, with the cards each one prints.
         const QVector<KorttiHenkilo> rivit = KorttiHenkilot(*d);
         const int omin = d->scalar(u"SELECT COUNT(*) FROM pi"_s).toInt();
-        const int jasenia = d->scalar(u"SELECT COUNT(*) FROM jr"_s).toInt();
         QCOMPARE(rivit.size(), 1 + omin + jasenia);
         QCOMPARE(rivit[0].teksti, u"Kaikki"_s);
         QCOMPARE(rivit[0].arvo, 0);
