@@ -61,7 +61,6 @@ private slots:
         QTest::addColumn<QString>("osa");
         QTest::newRow("tyhjä") << u"   "_s << u"kaava on tyhjä"_s;
         QTest::newRow("kesken") << u"{jr.jrID} >"_s << u"kaava loppuu kesken"_s;
-        QTest::newRow("and lopussa") << u"{jr.jrID} = 1 and"_s << u"kaava loppuu kesken"_s;
         QTest::newRow("ylimääräinen sulku") << u"{jr.jrID} = 1 )"_s << u"ylimääräistä tekstiä kohdassa 15"_s;
         QTest::newRow("sulku puuttuu") << u"({jr.jrID} = 1"_s << u"odotettiin sulkevaa sulkua"_s;
         QTest::newRow("tuntematon merkki") << u"{jr.jrID} = 1 # 2"_s << u"tuntematon merkki kohdassa 15"_s;
@@ -69,7 +68,6 @@ private slots:
         QTest::newRow("kenttä ilman pistettä") << u"{jr jrID} = 1"_s << u"kentän pitää olla muotoa {taulu.kenttä}"_s;
         QTest::newRow("aaltosulje auki") << u"{jr.jrID = 1"_s << u"aaltosulje jäi sulkematta"_s;
         QTest::newRow("tyyppi ei sovi") << u"{jr.jrID} = 'a'"_s << u"vertailu luku ja teksti ei onnistu"_s;
-        QTest::newRow("totuusarvo ja luku") << u"{jr.jrMukaan} = 1"_s << u"vertailu totuusarvo ja luku ei onnistu"_s;
         QTest::newRow("like kentällä") << u"{jr.jrSukunimi} like {jr.jrSukunimi}"_s << u"like-vertailun oikealla"_s;
         QTest::newRow("funktio") << u"Foo({jr.jrID}) = 1"_s << u"funktiota Foo ei voi käyttää valintakaavassa"_s;
         QTest::newRow("tuntematon kaava") << u"{@Puuttuva} = 1"_s << u"Kaavaa {@Puuttuva} ei ole"_s;
@@ -179,7 +177,6 @@ private slots:
         QTest::newRow("päivä lisää") << u"{t.pvm} + 1"_s << u"4.7.1985"_s;
         QTest::newRow("päivien erotus") << u"Date(1985,8,2) - {t.pvm}"_s << u"30"_s;
         QTest::newRow("ToText desimaalein") << u"ToText(12.5, 2)"_s << u"12,50"_s;
-        QTest::newRow("ToText luku") << u"ToText({t.n})"_s << u"12"_s;
         QTest::newRow("vuosi") << u"Year({t.pvm}) + 1"_s << u"1986"_s;
         QTest::newRow("rivit") << u"Rivit({t.a}, {t.b}, '  ', 'Helsinki')"_s << u"Mäki\nHelsinki"_s;
         QTest::newRow("summa") << u"Sum({t.raha})"_s << u"1244,50"_s;
@@ -242,7 +239,6 @@ private slots:
         rivi("True kirjoitettuna miten vain", u"{jr.jrJasenmaksu} = TRUE AND {jr.jrJasenmaksu} = true"_s,
              {OBrien, Aberg, Sadas, Tuhat});
         rivi("not ja or, suomalainen järjestys", u"not {jr.jrJasenmaksu} or {jr.jrSukunimi} >= 'Ä'"_s, {Aalto, Ohman});
-        rivi("Z:n jälkeen", u"{jr.jrSukunimi} > 'Zz'"_s, {Aberg, Ohman});
         rivi("like suojaa SQL:n merkit", u"{jr.jrSukunimi} like '1%_?*'"_s, {Sadas});
         rivi("syntymävuosi", u"ToText(Year({jr.jrSyntyma}),0) like \"19*\""_s, {Aalto, Aberg, Ohman});
         rivi("syntynyt ennen", u"{jr.jrSyntyma} < Date(1960,1,1)"_s, {Aalto});
