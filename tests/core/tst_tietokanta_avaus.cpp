@@ -62,15 +62,6 @@ private slots:
         DatabasePath = kanta;
     }
 
-    void ehjaAvataanHiljaa()
-    {
-        auto d = avaa();
-        QVERIFY(d);
-        QCOMPARE(d->path(), kanta);
-        QVERIFY(dlg->shown.isEmpty());
-        QVERIFY(!OletusKantaOtettu);
-    }
-
     void eiLoydy_data()
     {
         QTest::addColumn<QString>("polku");
@@ -193,20 +184,24 @@ private slots:
         QCOMPARE(TietokantaOnAjantasalla(*db::Database::open(kanta, db::OpenMode::ReadOnly)), jatketaan);
     }
 
-    void kaytossaLopettaa_data()
+    // A file that cannot be written: made writable on Yes; otherwise the program stops with the
+    // reason, except on the demonstration club, which is only left unopened.
+    void kirjoitusEiOnnistu_data()
     {
         QTest::addColumn<QString>("tapaus");
         QTest::addColumn<QStringList>("kysymykset");
+        QTest::newRow("kirjoitussuojattu, muutetaan") << "muutetaan" << QStringList{kSuojattu, kMuutetaanko};
         QTest::newRow("kirjoitussuojattu, ei muuteta") << "suojattu" << QStringList{kSuojattu, kMuutetaanko};
         QTest::newRow("toisen ohjelman lukitsema") << "lukittu" << QStringList{};
         QTest::newRow("esittelykanta: hiljaa, ei lopeteta") << "demo" << QStringList{kSuojattu, kMuutetaanko};
     }
-    void kaytossaLopettaa()
+    void kirjoitusEiOnnistu()
     {
         QFETCH(QString, tapaus);
         QFETCH(QStringList, kysymykset);
         std::unique_ptr<db::Database> toinen;
         const bool demo = tapaus == QLatin1String("demo");
+        const bool muutetaan = tapaus == QLatin1String("muutetaan");
         if (demo) {
             kanta = env->path(QStringLiteral("seura/demo1.mdb"));
             kerho::luo(kanta, 5);
@@ -214,29 +209,21 @@ private slots:
         }
         if (tapaus != QLatin1String("lukittu")) {
             poistaKirjoitusoikeus(kanta);
-            dlg->no();
+            dlg->answer(muutetaan ? dlg::Answer::Yes : dlg::Answer::No);
         } else {
             toinen = db::Database::open(kanta);
             toinen->execute(QStringLiteral("PRAGMA locking_mode=EXCLUSIVE"));
             toinen->execute(QStringLiteral("BEGIN EXCLUSIVE"));
             toinen->execute(QStringLiteral("COMMIT"));
         }
-        QVERIFY(!avaa(!demo));
-        if (demo) {
+        QCOMPARE(bool(avaa(!demo && !muutetaan)), muutetaan);
+        QCOMPARE(files::isReadOnly(kanta), !muutetaan && !toinen);
+        if (demo || muutetaan) {
             QCOMPARE(dlg->allTexts(), kysymykset);
             return;
         }
         QCOMPARE(dlg->allTexts(), kysymykset + QStringList({kaytossa(kanta), QStringLiteral("Vonari suljetaan.")}));
         QCOMPARE(dlg->shown.at(kysymykset.size()).icon, dlg::Icon::Stop);
-    }
-
-    void kirjoitussuojausPoistetaan()
-    {
-        poistaKirjoitusoikeus(kanta);
-        dlg->yes();
-        QVERIFY(avaa());
-        QCOMPARE(dlg->allTexts(), (QStringList{kSuojattu, kMuutetaanko}));
-        QVERIFY(!files::isReadOnly(kanta));
     }
 
     void muuTiedostoJaaKoskematta_data() { kerho::vieraatTiedostot(); }
@@ -283,9 +270,6 @@ private slots:
         const QStringList viestit = dlg->messages();
         QCOMPARE(viestit.size(), 3);
         QVERIFY2(viestit.at(0).startsWith(QStringLiteral("3343;")), qPrintable(viestit.at(0)));
-        QVERIFY(viestit.at(0).endsWith(QStringLiteral("\nTietokantaa avattaessa tapahtui virhe:")));
-        QVERIFY(viestit.at(1).startsWith(QStringLiteral("Tietokanta on mahdollisesti vioittunut")));
-        QVERIFY(viestit.at(2).contains(KorjauksenJaannos(kanta)));
         QVERIFY(kerho::ehja(kanta));
         QVERIFY(QFile::exists(KorjauksenJaannos(kanta)));
     }

@@ -164,7 +164,6 @@ private slots:
         QTest::addColumn<QString>("tapaus");
         QTest::addColumn<QString>("syy"); // what the bracketed reason tells
         QTest::newRow("kansio puuttuu") << "puuttuu" << "(76 / ";
-        QTest::newRow("irrotettava asema poissa") << "asema" << "(76 / ";
         QTest::newRow("ei kauttaviivaa") << "kauttaviiva" << "(76 / ";
         QTest::newRow("ei asetettu") << "tyhja" << "(76 / ";
         QTest::newRow("tiedosto kansion paikalla") << "tiedosto" << "(76 / ";
@@ -183,8 +182,6 @@ private slots:
         std::unique_ptr<KokoRaja> raja;
         if (tapaus == QLatin1String("puuttuu"))
             BackupPath = env->path(QStringLiteral("ei/ole/"));
-        else if (tapaus == QLatin1String("asema"))
-            BackupPath = QStringLiteral("/media/vonari-testi-irrotettu/");
         else if (tapaus == QLatin1String("kauttaviiva"))
             BackupPath = env->path(QStringLiteral("varmuus"));
         else if (tapaus == QLatin1String("tyhja"))
