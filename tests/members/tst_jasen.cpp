@@ -163,13 +163,10 @@ private slots:
         d->execute(u"UPDATE jr SET jrOsoite = 'Tie 1', jrEmail = 'a@b.fi', jrTitteli = 'FT', jrViitenumero = '12344', "
                    "jrPostinumero = '00100', jrPostitoimipaikka = 'Helsinki'"_s);
         const JasenLomake l = KopioitavatTiedot(*d, id);
-        QCOMPARE(l.tYhteystiedot[iSukunimi], u"Aalto"_s);
-        QCOMPARE(l.tYhteystiedot[iEtunimi], u"Anna"_s);
-        QCOMPARE(l.tYhteystiedot[iOsoite], u"Tie 1"_s);
         QCOMPARE(l.tYhteystiedot[iEmail], u"a@b.fi"_s);
-        QVERIFY(l.tYhteystiedot[iJasennumero].isEmpty());
-        QVERIFY(l.tYhteystiedot[iTitteli].isEmpty());
-        QVERIFY(l.tYhteystiedot[iViitenumero].isEmpty());
+        for (int i : {iJasennumero, iTitteli, iViitenumero})
+            QVERIFY(l.tYhteystiedot[i].isEmpty());
+        // Names, address and post office, as they go to the clipboard.
         QCOMPARE(YhteystiedotLeikepoydalle(l), u"Anna Aalto\nTie 1\n00100 Helsinki"_s);
     }
 
@@ -212,8 +209,6 @@ private slots:
         QTest::newRow("nothing") << QString() << false << false;
         QTest::newRow("empty texts") << u"jrSukunimi = '', jrEtunimi = '', jrMuistio = '', jrJasenmaksu = 0"_s << false
                                      << false;
-        QTest::newRow("first name, number and address")
-            << u"jrEtunimi = 'Eino', jrJasennumero = '7', jrOsoite = 'Tie 1'"_s << false << true;
         QTest::newRow("member number only") << u"jrJasennumero = '8'"_s << false << true;
         QTest::newRow("memo only") << u"jrMuistio = 'Soitti'"_s << false << true;
         QTest::newRow("birth date only") << u"jrSyntyma = '1980-01-01'"_s << false << true;
@@ -250,7 +245,6 @@ private slots:
     {
         QTest::addColumn<QVariant>("sukunimi");
         QTest::addColumn<QString>("avain");
-        QTest::newRow("pieni") << QVariant(u"zetterberg"_s) << u"Z"_s;
         QTest::newRow("å") << QVariant(u"åberg"_s) << u"Å"_s;
         QTest::newRow("ä") << QVariant(u"Ärölä"_s) << u"Ä"_s;
         QTest::newRow("ö pienellä") << QVariant(u"öhman"_s) << u"Ö"_s;
@@ -339,11 +333,9 @@ private slots:
 
         const PerheenOsoite o{u"O'Reillyn tie 5"_s, u"00200"_s, u"Helsinki"_s, QString()};
         QCOMPARE(MuutaPerheenOsoitteet(*d, jasen, false, o), 2);
-        QCOMPARE(kentta(*d, paa, u"jrOsoite"_s).toString(), u"O'Reillyn tie 5"_s);
-        QCOMPARE(kentta(*d, paa, u"jrPostitoimipaikka"_s).toString(), u"Helsinki"_s);
-        QVERIFY(!kentta(*d, paa, u"jrMaa"_s).isValid());
-        QCOMPARE(kentta(*d, paa, u"jrPostinumeroNumero"_s).toInt(), 100);
-        QCOMPARE(kentta(*d, paa, u"jrKotipaikka"_s).toString(), u"Espoo"_s);
+        QCOMPARE(testi::rivi(*d, u"SELECT jrOsoite, jrPostitoimipaikka, jrMaa, jrPostinumeroNumero, jrKotipaikka FROM jr "
+                                 "WHERE jrID = ?"_s, {paa}),
+                 u"O'Reillyn tie 5|Helsinki|N|100|Espoo"_s);
 
         QCOMPARE(MuutaPerheenOsoitteet(*d, yksin, false, o), 0);
         QCOMPARE(MuutaPerheenOsoitteet(*d, yksin, true, o), 0);
@@ -399,8 +391,6 @@ private slots:
                                << u"Viitetarkistetta ei voi lisätä 'tyhjään' - kirjoita ensin numero."_s;
         QTest::newRow("liian pitkä") << u"12345678901234567890"_s << QString()
                                      << u"Viitenumero voi olla korkeintaan 20 numeroa pitkä."_s;
-        QTest::newRow("tavallinen") << u"1234"_s << u"12344"_s << QString();
-        QTest::newRow("tarkiste nolla") << u"55"_s << u"550"_s << QString();
         QTest::newRow("välilyönnit") << u" 1234 "_s << u"12344"_s << QString();
         QTest::newRow("toinen painallus") << u"12344"_s << u"123440"_s << QString();
         QTest::newRow("19 merkkiä") << u"1234567890123456789"_s << u"12345678901234567894"_s << QString();
@@ -439,8 +429,8 @@ private slots:
     {
         QCOMPARE(MuotoilePaiva(u"01.02.1990"_s).teksti, u"1.2.1990"_s);
         QCOMPARE(MuotoilePaiva(u"1990-02-01"_s).teksti, u"1.2.1990"_s);
-        QVERIFY(MuotoilePaiva(u"32.1.1990"_s).hylatty);
-        QVERIFY(MuotoilePaiva(u"32.1.1990"_s).teksti.isEmpty());
+        const auto huono = MuotoilePaiva(u"32.1.1990"_s);
+        QVERIFY(huono.hylatty && huono.teksti.isEmpty());
         QVERIFY(!MuotoilePaiva(QString()).hylatty);
     }
 
@@ -465,9 +455,8 @@ private slots:
         QCOMPARE(laskut.size(), 2);
         QCOMPARE(laskut[0].teksti, u"10,00 - Kurssi"_s);
         QCOMPARE(laskut[1].teksti, u"25,50 - Perhemaksu"_s);
-        const LaskunTiedot kurssi = LueLasku(*d, laskut[0].jmhID);
-        QCOMPARE(kurssi.perhemaksu, u"-"_s);
-        QCOMPARE(kurssi.maksettu, u"Ei"_s);
+        QCOMPARE(LueLasku(*d, laskut[0].jmhID).perhemaksu, u"-"_s);
+        QCOMPARE(LueLasku(*d, laskut[0].jmhID).maksettu, u"Ei"_s);
 
         const MaksetuksiTulos t = MerkitseLaskuMaksetuksi(*d, 7);
         QVERIFY(t.loytyi && t.jasenmaksu);

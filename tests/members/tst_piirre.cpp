@@ -130,7 +130,6 @@ private slots:
         QTest::newRow("päivä lyhyeen muotoon") << int(ArvoTyyppi::Paiva) << "2020-02-01" << "1.2.2020" << false;
         QTest::newRow("huono päivä tyhjäksi") << int(ArvoTyyppi::Paiva) << "huomenna" << "" << true;
         QTest::newRow("kirjain luvussa") << int(ArvoTyyppi::Luku) << "a" << "" << true;
-        QTest::newRow("luku jää") << int(ArvoTyyppi::Luku) << "12" << "12" << false;
         QTest::newRow("raha jää") << int(ArvoTyyppi::Raha) << "12,5" << "12,5" << false;
         QTest::newRow("tyhjä ei piippaa") << int(ArvoTyyppi::Luku) << "" << "" << false;
     }
@@ -184,8 +183,7 @@ private slots:
         liitos(*d, toinen, a);
         const auto lista = JasenenPiirteet(*d, jr);
         QCOMPARE(lista.size(), 2);
-        QCOMPARE(lista[0].id, pt1);
-        QCOMPARE(lista[1].id, pt3);
+        QVERIFY(lista[0].id == pt1 && lista[1].id == pt3);
         QCOMPARE(lista[1].teksti, QStringLiteral("Aktiivi"));
         // The orphan is skipped, not removed.
         QCOMPARE(maara(*d, QStringLiteral("pt WHERE ptpiID = 999")), 1);
@@ -237,13 +235,11 @@ private slots:
         const qint64 pi = uusiPiirre(*d, QStringLiteral("Lisenssi"), {true, false, false, false}, QStringLiteral("2025-01-01"));
         const qint64 pt = LiitaPiirre(*d, jr, pi);
         PiirreNakyma n = LuePiirre(*d, pt);
-        QVERIFY(n.loytyi && n.maaritys);
+        QVERIFY(n.loytyi && n.maaritys && !n.arvot.kaytossa[1]);
         QCOMPARE(n.arvot.teksti[0], QStringLiteral("1.1.2025"));
-        QVERIFY(!n.arvot.kaytossa[1]);
         d->execute(QStringLiteral("DELETE FROM pi"));
         n = LuePiirre(*d, pt);
-        QVERIFY(n.loytyi && !n.maaritys);
-        QVERIFY(!n.arvot.kaytossa[0]);
+        QVERIFY(n.loytyi && !n.maaritys && !n.arvot.kaytossa[0]);
         PoistaLiitos(*d, pt);
         QVERIFY(!LuePiirre(*d, pt).loytyi);
     }
