@@ -1,6 +1,7 @@
 // The whole start as a user meets it, from the settings file to the shown main window: the
 // demonstration club at the first start, the password, the backup reminder and the move of
 // older settings.
+#include "platform/kello.h"
 #include "core/Asetukset.h"
 #include "core/MainModule.h"
 #include "app/Main.h"
@@ -79,7 +80,7 @@ private slots:
         ensimmainenKaynnistys([](KantaStore &s) {
             s.writeString(QStringLiteral("MuistutaVarm"), QStringLiteral("1"));
             s.writeString(QStringLiteral("VarmuuskopioPv"), QStringLiteral("10"));
-            s.writeString(QStringLiteral("BackupDate"), QDate::currentDate().addDays(-11).toString(Qt::ISODate));
+            s.writeString(QStringLiteral("BackupDate"), kello::tanaan().addDays(-11).toString(Qt::ISODate));
         });
         ScriptedDialogs d;
         d.no();
@@ -88,7 +89,7 @@ private slots:
         QCOMPARE(d.shown.size(), 1);
         auto kanta = db::Database::open(DatabasePath);
         QCOMPARE(KantaStore(*kanta).readString(QStringLiteral("BackupDate")),
-                 QDate::currentDate().addDays(-11).toString(Qt::ISODate));
+                 kello::tanaan().addDays(-11).toString(Qt::ISODate));
     }
 
     void olderSettingsSendTheUserToTheSettingsWindows()

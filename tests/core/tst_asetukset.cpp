@@ -1,3 +1,4 @@
+#include "platform/kello.h"
 #include "core/Asetukset.h"
 #include "core/AsetuksetIni.h"
 #include "core/AsetustenSiirto.h"
@@ -192,7 +193,7 @@ private slots:
         QTest::addColumn<QString>("tallennettu");
         QTest::addColumn<QDate>("odotettu");
         QTest::addColumn<QString>("kantaan");
-        const QDate tanaan = QDate::currentDate();
+        const QDate tanaan = kello::tanaan();
         QTest::newRow("missing") << Ei << tanaan << tanaan.toString(Qt::ISODate);
         QTest::newRow("no date") << u"31.2.2023"_s << tanaan << tanaan.toString(Qt::ISODate);
         QTest::newRow("iso") << u"2023-05-06"_s << QDate(2023, 5, 6) << u"2023-05-06"_s;
@@ -237,7 +238,7 @@ private slots:
         seura(*env, {{u"VarmuuskopioPv"_s, u"45"_s}, {u"MargAla"_s, u"1"_s}});
         auto d = db::Database::open(DatabasePath, db::OpenMode::ReadOnly);
         QVERIFY_THROWS_EXCEPTION(db::DbError, LueAsetukset(*d));
-        QCOMPARE(BackupDate, QDate::currentDate());
+        QCOMPARE(BackupDate, kello::tanaan());
         QCOMPARE(VarmuuskopioPv, 45L);
         QCOMPARE(RaporttiMarginaalit.bottom, 48);
     }
@@ -323,7 +324,7 @@ private slots:
                                           u"ikkunat"_s, u"Käynnistä Vonari nyt uudestaan."_s}));
         QCOMPARE(VarmuuskopioPv, 30L);
         QVERIFY(EmailSystem);
-        QCOMPARE(inista(*env, u"BackupDate"_s), QDate::currentDate().toString(Qt::ISODate));
+        QCOMPARE(inista(*env, u"BackupDate"_s), kello::tanaan().toString(Qt::ISODate));
         QCOMPARE(inista(*env, u"DatabaseBackup"_s), files::defaultBackupFolder());
     }
 

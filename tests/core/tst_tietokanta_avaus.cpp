@@ -1,3 +1,4 @@
+#include "platform/kello.h"
 #include "core/MainModule.h"
 #include "core/Malli.h"
 #include "core/Tietokantanimet.h"
@@ -104,7 +105,7 @@ private slots:
             auto d = db::Database::open(kanta);
             d->execute(QStringLiteral("INSERT INTO jr (jrSukunimi) VALUES ('Virtanen'), ('Mäkinen')"));
         }
-        const QString kopio = PaivitystaEdeltavaKopio(kanta, QDate::currentDate());
+        const QString kopio = PaivitystaEdeltavaKopio(kanta, kello::tanaan());
         auto d = avaa();
         QVERIFY(d);
         QVERIFY(TietokantaOnAjantasalla(*d));
@@ -169,7 +170,7 @@ private slots:
             d->execute(QStringLiteral("INSERT INTO jr (jrSukunimi) VALUES ('Virtanen')"));
         }
         // A folder stands where the copy would go.
-        QDir().mkpath(PaivitystaEdeltavaKopio(kanta, QDate::currentDate()));
+        QDir().mkpath(PaivitystaEdeltavaKopio(kanta, kello::tanaan()));
         dlg->answer(jatketaan ? dlg::Answer::Yes : dlg::Answer::No);
         auto d = avaa(!jatketaan);
         QCOMPARE(bool(d), jatketaan);

@@ -2,6 +2,7 @@
 
 #include "core/MainModule.h"
 #include "platform/files.h"
+#include "platform/kello.h"
 
 #include <QDir>
 
@@ -19,11 +20,13 @@ TestEnv::TestEnv()
     qputenv("HOME", path(QStringLiteral("home")).toLocal8Bit());
     qputenv("XDG_DOCUMENTS_DIR", path(QStringLiteral("home/Documents")).toLocal8Bit());
     MainModule::resetGlobals();
+    kello::asetaTanaan(QDate()); // every test starts and ends on the system's date
 }
 
 TestEnv::~TestEnv()
 {
     MainModule::resetGlobals();
+    kello::asetaTanaan(QDate());
     for (int i = 0; i < 4; ++i) {
         if (m_old[i].isNull())
             qunsetenv(kVars[i]);
