@@ -1,4 +1,6 @@
-// Every long run reports its steps and, stopped half way, leaves the club's file as it was.
+// Every long run reports its steps and, stopped half way, leaves the club's file as it was; on
+// screen the window's run buttons are off while a run is open, the bar follows the steps, and the
+// user's "Keskeytä" stops the run, which says that nothing was saved.
 #include "core/Asetukset.h"
 #include "core/Kantatiedosto.h"
 #include "core/MainModule.h"
@@ -7,10 +9,18 @@
 #include "members/PiirreJoukko.h"
 #include "members/Rekisteritiedot.h"
 #include "pysayttaja.h"
+#include "platform/ui/Edistymispalkki.h"
 #include "reports/Raporttiajo.h"
+#include "scripteddialogs.h"
 #include "seurat.h"
 #include "testenv.h"
 
+#include <QApplication>
+#include <QDialog>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QThread>
+#include <QTimer>
 #include <QtTest>
 
 using namespace Qt::Literals::StringLiterals;
@@ -158,6 +168,53 @@ private slots:
         kanta::Pelastus p;
         QVERIFY_THROWS_EXCEPTION(Keskeytetty, kanta::pelastaTietokanta(iso, kohde, &p, &v, &pysayta2));
         QVERIFY(!pysayta2.vaiheet.isEmpty());
+    }
+
+    void ikkunanOmaPalkki()
+    {
+        QWidget ikkuna;
+        auto *palkki = new QProgressBar(&ikkuna);
+        auto *keskeyta = new QPushButton(u"Keskeytä"_s, &ikkuna);
+        auto *aja = new QPushButton(u"Lisää"_s, &ikkuna);
+        ikkuna.show();
+        {
+            Edistymispalkki e(palkki, keskeyta, {aja});
+            QVERIFY(!aja->isEnabled());
+            QThread::msleep(50); // the bar answers at most every 40 ms
+            e.vaihe(50, 100);
+            QCOMPARE(palkki->value(), 500);
+            QVERIFY(!e.keskeytetaanko());
+            QTest::mouseClick(keskeyta, Qt::LeftButton);
+            QVERIFY(e.keskeytetaanko());
+        }
+        QVERIFY(aja->isEnabled());
+    }
+
+    // A run long enough to show its window is stopped from the window's button.
+    void keskeytysIkkunasta()
+    {
+        ScriptedDialogs dialogit;
+        int askelia = 0;
+        QTimer::singleShot(700, [] {
+            auto *ikkuna = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+            QVERIFY(ikkuna);
+            QCOMPARE(ikkuna->windowTitle(), u"Ominaisuutta lisätään"_s);
+            auto *nappi = ikkuna->findChild<QPushButton *>();
+            QVERIFY(nappi);
+            QTest::mouseClick(nappi, Qt::LeftButton);
+        });
+        const bool valmis = AjaEdistyen(nullptr, u"Ominaisuutta lisätään"_s, [&](Edistyminen *e) {
+            for (askelia = 0; askelia < 1000; ++askelia) {
+                e->vaihe(askelia, 1000);
+                if (e->keskeytetaanko())
+                    throw Keskeytetty();
+                QThread::msleep(5);
+            }
+        });
+        QVERIFY(!valmis);
+        QVERIFY2(askelia < 1000, "the run was not stopped");
+        QCOMPARE(dialogit.messages(), QStringList{u"Keskeytetty. Mitään ei tallennettu."_s});
+        QVERIFY(!QApplication::activeModalWidget());
     }
 };
 

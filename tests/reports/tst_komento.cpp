@@ -116,8 +116,6 @@ private slots:
         QTest::newRow("vieras tiedosto") << QStringList{u"VIERAS"_s, u"raportti"_s, u"jrluetlo"_s, u"ULOS"_s} << 1 << u"ei ole Vonarin tietokanta. Tiedostoa ei ole muutettu."_s;
         QTest::newRow("ei tietokantaa") << QStringList{u"EIOLE"_s, u"raportti"_s, u"jrluetlo"_s, u"ULOS"_s} << 1
                                         << u"Tietokantaa ei löydy"_s;
-        QTest::newRow("kaava ei lue") << QStringList{u"KANTA"_s, u"raportti"_s, u"jrluetlo"_s, u"ULOS"_s, u"--valinta"_s, u"{jr.jrID} >"_s}
-                                      << 1 << u"kaavaa \"{jr.jrID} >\" ei voi lukea"_s;
     }
 
     void komennonVirheet()
