@@ -43,7 +43,7 @@ void annaRaporttiMarginaalit()
     RaporttiMarginaalit.top = raporttiMarginaali(MargYla, "MargYla");
 }
 
-void muutaLaskunumeroa(db::Database &db, int muutos)
+void muutaLaskunumeroa(db::Database &db, qint64 muutos)
 {
     const qint64 uusi = qint64(MainModule::Laskunro) + muutos;
     if (uusi < std::numeric_limits<qint32>::min() || uusi > std::numeric_limits<qint32>::max())
@@ -109,3 +109,5 @@ void LueAsetukset(db::Database &db)
 void KasvataLaskunumero(db::Database &db) { muutaLaskunumeroa(db, +1); }
 
 void VahennaLaskunumero(db::Database &db) { muutaLaskunumeroa(db, -1); }
+
+void MuutaLaskunumeroa(db::Database &db, qint64 muutos) { muutaLaskunumeroa(db, muutos); }

@@ -25,3 +25,6 @@ void LueAsetukset(db::Database &db);
 // Next/previous invoice number, written through at once.
 void KasvataLaskunumero(db::Database &db);
 void VahennaLaskunumero(db::Database &db);
+// Moves the invoice number by `muutos` at once: a run that numbers a whole batch writes it once.
+// In memory first, undone with the run's transaction; an overflow of the long is refused.
+void MuutaLaskunumeroa(db::Database &db, qint64 muutos);

@@ -51,6 +51,7 @@ struct PerusLaskurivi {
 // frmMaksujenLuonti: the plain run, four rows.
 struct MaksujenLuontiLomake : LaskunYlatiedot {
     std::array<PerusLaskurivi, 4> rivit;
+    QString tSumma; // "Loppusumma:", kept up by the window and stored as every invoice's total
     LaskunSaajat saajat;
 };
 

@@ -1,0 +1,107 @@
+#include "invoicing/Jasenmaksuajo.h"
+
+#include "core/Asetukset.h"
+#include "core/Laskuidt.h"
+#include "core/MainModule.h"
+#include "invoicing/Laskut.h"
+#include "invoicing/Laskutettavat.h"
+
+namespace {
+
+struct Rivi {
+    QString teksti;
+    Currency hinta;
+};
+
+std::optional<Laskutusvirhe> tarkistaRivit(const MaksujenLuontiLomake &l, QVector<Rivi> *rivit)
+{
+    for (int i = 0; i < int(l.rivit.size()); ++i) {
+        const PerusLaskurivi &r = l.rivit[i];
+        if (!r.chkRivi)
+            continue;
+        const QString numero = QString::number(i + 1);
+        if (r.tRiviTeksti.isEmpty())
+            return Laskutusvirhe{QStringLiteral("Laskurivillä: #%1 pitää olla aiheteksti.").arg(numero),
+                                 QStringLiteral("tRiviTeksti%1").arg(i)};
+        const auto hinta = Currency::parse(r.tRiviSumma);
+        if (!hinta)
+            return Laskutusvirhe{QStringLiteral("Laskurivillä: #%1 pitää olla hinta.").arg(numero),
+                                 QStringLiteral("tRiviSumma%1").arg(i)};
+        rivit->append({r.tRiviTeksti, *hinta});
+    }
+    if (rivit->isEmpty())
+        return Laskutusvirhe{QStringLiteral("Laskua ei voida tehdä ilman laskurivitietoa."), {}};
+    return std::nullopt;
+}
+
+} // namespace
+
+QString LisattyViesti(long laskuja)
+{
+    return laskuja == 1 ? QStringLiteral("Lisätty 1 lasku.") : QStringLiteral("Lisätty %1 laskua.").arg(laskuja);
+}
+
+Laskutustulos LisaaJasenmaksut(const Ajo &ajo, const MaksujenLuontiLomake &l, bool jasenikkunaAuki)
+{
+    db::Database &db = ajo.kanta;
+    Laskutustulos tulos;
+    LaskunPaivat paivat;
+    QVector<Rivi> rivit;
+    if ((tulos.virhe = TarkistaYlatiedot(db, l, jasenikkunaAuki, &paivat)))
+        return tulos;
+    if ((tulos.virhe = tarkistaRivit(l, &rivit)))
+        return tulos;
+    if ((tulos.virhe = TarkistaSaajat(l.saajat)))
+        return tulos;
+    // The total as the window shows it goes on every invoice; the user may have typed over it.
+    const auto yhteensa = Currency::parse(l.tSumma);
+    if (!yhteensa) {
+        tulos.virhe = Laskutusvirhe{QStringLiteral("Syötetyn summan muoto ei ole kelvollinen."), QStringLiteral("tSumma")};
+        return tulos;
+    }
+    const QString tili = l.chkVainValittuTilinumero ? l.valittuTilinumero() : QString();
+
+    db::Transaction tx(db);
+    const qint64 meID = LisaaViesti(db, l.tLisatietoja);
+    VarmistaLaskuIdt(db);
+    const QVector<Laskutettava> henkilot = Laskutettavat(db, l.saajat);
+    if (henkilot.isEmpty()) {
+        tx.commit();
+        tulos.viesti = QStringLiteral("Ei löydy jäseniä, joille voi tehdä laskun.");
+        return tulos;
+    }
+
+    UusiLasku lasku;
+    lasku.erapaiva = paivat.erapaiva;
+    lasku.laskupaiva = paivat.laskupaiva;
+    lasku.hinta = *yhteensa;
+    lasku.teksti = l.tAiheTeksti;
+    lasku.otsake = l.cmbMaksunOtsake;
+    lasku.meID = meID;
+    lasku.eiViitetta = l.chkEiViitetta;
+    lasku.jasenmaksu = l.chkJasenmaksu;
+    lasku.eiLoppusummaa = l.chkEiLoppusummaa;
+    lasku.kaytaPankkitili1 = l.chkVainValittuTilinumero;
+    lasku.pankkitili1 = tili;
+
+    // The counter moves once at the end, inside the same transaction: the numbers given are
+    // those it would have given one by one, and a rollback takes them all back.
+    const qint64 ensimmainen = MainModule::Laskunro;
+    for (qsizetype i = 0; i < henkilot.size(); ++i) {
+        const Laskutettava &h = henkilot[i];
+        lasku.jrID = h.jrID;
+        lasku.laskunumero = ensimmainen + i;
+        lasku.viitenumero = LaskunViite(l.chkHenkKohtViite, h.jrViitenumero, lasku.laskunumero);
+        const qint64 jmID = LisaaLasku(db, lasku);
+        for (const Rivi &r : rivit)
+            LisaaLaskurivi(db, h.jrID, jmID, meID, paivat.laskupaiva, r.hinta, r.teksti);
+        if (l.chkJasenmaksu)
+            db.execute(QStringLiteral("UPDATE jr SET jrJasenmaksu = 0 WHERE jrID = ?"), {h.jrID});
+        ajo.askel(i + 1, henkilot.size());
+    }
+    MuutaLaskunumeroa(db, henkilot.size());
+    tulos.lisatty = LaskujenMaara(db);
+    tx.commit();
+    tulos.viesti = LisattyViesti(tulos.lisatty);
+    return tulos;
+}

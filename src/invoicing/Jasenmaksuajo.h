@@ -1,0 +1,18 @@
+// The plain invoice run: the same header and up to four rows to every chosen person, one invoice
+// each, numbered from the invoice counter. The whole batch commits as one transaction with the
+// counter; a run stopped or failed half way leaves the database as it was.
+#pragma once
+
+#include "invoicing/Laskutusehdot.h"
+#include "platform/ajo.h"
+
+struct Laskutustulos {
+    std::optional<Laskutusvirhe> virhe; // a refused check: nothing was written
+    long lisatty = 0;                   // open invoices after the run
+    QString viesti;                     // what the window tells at the end
+};
+
+Laskutustulos LisaaJasenmaksut(const Ajo &ajo, const MaksujenLuontiLomake &lomake, bool jasenikkunaAuki);
+
+// "Lisätty 1 lasku." / "Lisätty N laskua."
+QString LisattyViesti(long laskuja);
