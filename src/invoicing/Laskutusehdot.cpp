@@ -35,3 +35,15 @@ std::optional<Laskutusvirhe> TarkistaSaajat(const LaskunSaajat &s)
                              QStringLiteral("cmbNimet")};
     return std::nullopt;
 }
+
+QStringList PaivaVaroitukset(bool erapaivaKentta, const QDate &laskupaiva, const QDate &erapaiva, const QDate &tanaan)
+{
+    QStringList varoitukset;
+    const QDate &jatetty = erapaivaKentta ? erapaiva : laskupaiva;
+    if (jatetty.isValid() && jatetty < tanaan)
+        varoitukset << (erapaivaKentta ? QStringLiteral("Laskun eräpäivä on menneisyydessä, tarkista päivämäärä.")
+                                       : QStringLiteral("Laskun päivämäärä on menneisyydessä, tarkista päivämäärä."));
+    if (laskupaiva.isValid() && erapaiva.isValid() && erapaiva < laskupaiva)
+        varoitukset << QStringLiteral("Laskun eräpäivä on ennen laskupäivää, tarkista päivämäärä.");
+    return varoitukset;
+}

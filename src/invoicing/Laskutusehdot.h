@@ -27,3 +27,7 @@ std::optional<Laskutusvirhe> TarkistaYlatiedot(db::Database &db, const LaskunYla
 
 // The name box: a selection, and "Kaikki" only as the list's own entry, not as typed text.
 std::optional<Laskutusvirhe> TarkistaSaajat(const LaskunSaajat &s);
+
+// The warnings of a date field when the user leaves it; they stop nothing. `erapaivaKentta`:
+// the field left was the due date's.
+QStringList PaivaVaroitukset(bool erapaivaKentta, const QDate &laskupaiva, const QDate &erapaiva, const QDate &tanaan);

@@ -29,6 +29,14 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
+bool JasenrekisteriAuki()
+{
+    for (QWidget *w : QApplication::topLevelWidgets())
+        if (qobject_cast<frmJasen *>(w) && w->isVisible())
+            return true;
+    return false;
+}
+
 void AvaaJasenrekisteri(QWidget *parent)
 {
     static QPointer<QWidget> auki;

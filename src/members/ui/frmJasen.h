@@ -38,6 +38,8 @@ enum class Siirto;
 
 // Opens the member window, or brings the open one to the front.
 void AvaaJasenrekisteri(QWidget *parent);
+// The member window holds a member that the invoice runs would change: they refuse while it is open.
+bool JasenrekisteriAuki();
 
 struct JasenRaportti;
 

@@ -1,0 +1,276 @@
+// The invoice window's events: keeping the total, the fields' checks on leaving, the lists, and
+// the run, the move to history and the delete.
+#include "invoicing/ui/frmMaksujenLuonti.h"
+
+#include "core/Ilmoitukset.h"
+#include "core/ui/Tietueikkuna.h"
+#include "core/ui/uihelpers.h"
+#include "invoicing/Jasenmaksuajo.h"
+#include "invoicing/Laskuera.h"
+#include "invoicing/Laskutuslistat.h"
+#include "invoicing/ui/Nimimalli.h"
+#include "members/ui/frmJasen.h"
+#include "platform/arvot.h"
+#include "platform/kello.h"
+#include "platform/ui/Edistymispalkki.h"
+
+#include <QAbstractItemView>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QToolButton>
+
+namespace {
+
+// Marks the window busy for as long as a run's transaction is open, whatever ends the run.
+struct Ajossa {
+    bool &lippu;
+    explicit Ajossa(bool &l) : lippu(l) { lippu = true; }
+    ~Ajossa() { lippu = false; }
+};
+
+// A run with the window's own bar and "Keskeytä". A stop has rolled everything back.
+template <class F>
+bool ajaPalkilla(bool &ajossa, QProgressBar *palkki, QPushButton *keskeyta, const QVector<QWidget *> &pois, F &&tyo)
+{
+    Ajossa merkki(ajossa);
+    auto d = tietue::AvaaKanta();
+    Edistymispalkki edistys(palkki, keskeyta, pois);
+    try {
+        tyo(Ajo(*d, &edistys));
+    } catch (const Keskeytetty &) {
+        Ilmoita(QStringLiteral("Keskeytetty. Mitään ei tallennettu."));
+        return false;
+    }
+    return true;
+}
+
+} // namespace
+
+void frmMaksujenLuonti::yhdista()
+{
+    for (int i = 0; i < 4; ++i) {
+        connect(chkRivi[i], &QCheckBox::toggled, this, [this, i] {
+            riviValittu(i);
+            paivitaSumma();
+        });
+        connect(tRiviSumma[i], &QLineEdit::textChanged, this, &frmMaksujenLuonti::paivitaSumma);
+    }
+    connect(tSumma, &QLineEdit::editingFinished, this, [this] {
+        if (!tSumma->text().isEmpty() && !Currency::parse(tSumma->text()))
+            Ilmoita(QStringLiteral("Syötetyn summan muoto ei ole kelvollinen."));
+    });
+    for (QLineEdit *t : {tLaskunPaiva, tLaskunErapaiva})
+        connect(t, &QLineEdit::editingFinished, this, [this, t] { paivaLahtiessa(t); });
+    // The focus leaves the box or its line edit, depending on where the user typed.
+    for (QComboBox *c : {cmbNimet, cmbMaksunOtsake}) {
+        c->installEventFilter(this);
+        c->lineEdit()->installEventFilter(this);
+    }
+}
+
+bool frmMaksujenLuonti::eventFilter(QObject *kohde, QEvent *e)
+{
+    if (e->type() == QEvent::FocusOut) {
+        if (kohde == cmbNimet || kohde == cmbNimet->lineEdit())
+            nimiLahtiessa();
+        else if ((kohde == cmbMaksunOtsake || kohde == cmbMaksunOtsake->lineEdit()) && !cmbMaksunOtsake->view()->isVisible())
+            tietue::Suojattu([this] { otsakeLahtiessa(); });
+    } else if (e->type() == QEvent::KeyPress && (kohde == cmbMaksunOtsake || kohde == cmbMaksunOtsake->lineEdit())) {
+        auto *k = static_cast<QKeyEvent *>(e);
+        if (k->key() == Qt::Key_D && k->modifiers() == Qt::AltModifier) {
+            tietue::Suojattu([this] { poistaOtsake(); });
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(kohde, e);
+}
+
+void frmMaksujenLuonti::closeEvent(QCloseEvent *e)
+{
+    if (m_ajossa) {
+        e->ignore();
+        return;
+    }
+    QMainWindow::closeEvent(e);
+}
+
+MaksujenLuontiLomake frmMaksujenLuonti::lomake() const
+{
+    MaksujenLuontiLomake l;
+    l.cmbMaksunOtsake = cmbMaksunOtsake->currentText();
+    l.tLaskunPaiva = tLaskunPaiva->text();
+    l.tLaskunErapaiva = tLaskunErapaiva->text();
+    l.tAiheTeksti = tAiheTeksti->text();
+    l.tLisatietoja = tLisatietoja->toPlainText();
+    l.chkJasenmaksu = chkJasenmaksu->isChecked();
+    l.chkHenkKohtViite = chkHenkKohtViite->isChecked();
+    l.chkEiViitetta = chkEiViitetta->isChecked();
+    l.chkEiLoppusummaa = chkEiLoppusummaa->isChecked();
+    l.chkVainValittuTilinumero = chkVainValittuTilinumero->isChecked();
+    for (int i = 0; i < cmbTilinumerot->count(); ++i)
+        l.cmbTilinumerot << cmbTilinumerot->itemText(i);
+    l.cmbTilinumerotValinta = cmbTilinumerot->currentIndex();
+    for (int i = 0; i < 4; ++i)
+        l.rivit[i] = {chkRivi[i]->isChecked(), tRiviTeksti[i]->text(), tRiviSumma[i]->text()};
+    l.tSumma = tSumma->text();
+    l.saajat.valittu = cmbNimet->currentIndex() >= 0;
+    l.saajat.tunniste = cmbNimet->currentData().toLongLong();
+    l.saajat.teksti = cmbNimet->currentText();
+    l.saajat.chkEiPerheellisille = chkEiPerheellisille->isChecked();
+    l.saajat.chkMuille = chkMuille->isChecked();
+    return l;
+}
+
+void frmMaksujenLuonti::paivitaSumma()
+{
+    Currency summa;
+    for (int i = 0; i < 4; ++i)
+        if (chkRivi[i]->isChecked())
+            if (const auto hinta = Currency::parse(tRiviSumma[i]->text()))
+                summa += *hinta;
+    tSumma->setText(summa.toString(2) + QStringLiteral(" €"));
+}
+
+void frmMaksujenLuonti::riviValittu(int i)
+{
+    const bool paalla = chkRivi[i]->isChecked();
+    for (QLineEdit *t : {tRiviTeksti[i], tRiviSumma[i]}) {
+        if (!paalla)
+            t->clear();
+        t->setEnabled(paalla);
+    }
+}
+
+void frmMaksujenLuonti::paivaLahtiessa(QLineEdit *kentta)
+{
+    if (kentta->text().trimmed().isEmpty())
+        return;
+    const QDate paiva = ParsePaiva(kentta->text());
+    if (!paiva.isValid()) {
+        Ilmoita(QStringLiteral("Syötetyn päivämäärän muoto ei ole kelvollinen."));
+        return;
+    }
+    kentta->setText(PaivaTekstina(paiva));
+    for (const QString &varoitus : PaivaVaroitukset(kentta == tLaskunErapaiva, ParsePaiva(tLaskunPaiva->text()),
+                                                    ParsePaiva(tLaskunErapaiva->text()), kello::tanaan()))
+        Ilmoita(varoitus);
+}
+
+// The entry whose text the user typed becomes the selection; a text found nowhere leaves none.
+void frmMaksujenLuonti::nimiLahtiessa()
+{
+    const QString teksti = cmbNimet->currentText();
+    if (cmbNimet->currentIndex() >= 0 && cmbNimet->itemText(cmbNimet->currentIndex()) == teksti)
+        return;
+    const int loytyi = cmbNimet->findText(teksti, Qt::MatchFixedString);
+    cmbNimet->setCurrentIndex(loytyi);
+    if (loytyi < 0)
+        cmbNimet->setEditText(teksti);
+}
+
+void frmMaksujenLuonti::taytaNimet(db::Database &d)
+{
+    if (!m_nimet) {
+        m_nimet = new Nimimalli(cmbNimet);
+        cmbNimet->setModel(m_nimet);
+    }
+    m_nimet->aseta(LaskutusNimet(d));
+    cmbNimet->setCurrentIndex(0);
+}
+
+void frmMaksujenLuonti::taytaOtsakkeet()
+{
+    const QString teksti = cmbMaksunOtsake->currentText();
+    auto d = tietue::AvaaKanta();
+    cmbMaksunOtsake->clear();
+    for (const ListaRivi &r : LaskuOtsakkeet(*d))
+        cmbMaksunOtsake->addItem(r.teksti, r.id);
+    cmbMaksunOtsake->setCurrentIndex(-1);
+    cmbMaksunOtsake->setEditText(teksti);
+}
+
+void frmMaksujenLuonti::otsakeLahtiessa()
+{
+    auto d = tietue::AvaaKanta();
+    if (const auto uusi = MuistaOtsake(*d, cmbMaksunOtsake->currentText())) {
+        const QString teksti = cmbMaksunOtsake->currentText();
+        cmbMaksunOtsake->addItem(uusi->teksti, uusi->id);
+        cmbMaksunOtsake->setEditText(teksti);
+    }
+}
+
+void frmMaksujenLuonti::poistaOtsake()
+{
+    const int i = cmbMaksunOtsake->currentIndex();
+    if (i < 0 || cmbMaksunOtsake->itemText(i) != cmbMaksunOtsake->currentText()) {
+        Ilmoita(QStringLiteral("Poistettavaa otsaketekstiä ei ole valittuna."));
+        return;
+    }
+    if (!Kysy(QStringLiteral("Haluatko poistaa '%1' tietokannasta?").arg(cmbMaksunOtsake->itemText(i))))
+        return;
+    PoistaOtsake(*tietue::AvaaKanta(), cmbMaksunOtsake->itemData(i).toLongLong());
+    cmbMaksunOtsake->setEditText(QString());
+    taytaOtsakkeet();
+}
+
+void frmMaksujenLuonti::kohdista(const QString &nimi)
+{
+    if (nimi.isEmpty())
+        return;
+    if (auto *w = findChild<QWidget *>(nimi)) {
+        w->setFocus();
+        if (auto *t = qobject_cast<QLineEdit *>(w))
+            t->selectAll();
+    }
+}
+
+void frmMaksujenLuonti::lisaa()
+{
+    if (m_ajossa)
+        return;
+    nimiLahtiessa();
+    const MaksujenLuontiLomake l = lomake();
+    const bool jasenikkuna = JasenrekisteriAuki();
+    Laskutustulos tulos;
+    const bool valmis = ajaPalkilla(m_ajossa, ProgressBar1, cKeskeyta, m_ajonAikanaPois,
+                                    [&](const Ajo &ajo) { tulos = LisaaJasenmaksut(ajo, l, jasenikkuna); });
+    if (!valmis)
+        return;
+    if (tulos.virhe) {
+        Ilmoita(tulos.virhe->viesti);
+        kohdista(tulos.virhe->kentta);
+        return;
+    }
+    Ilmoita(tulos.viesti);
+}
+
+void frmMaksujenLuonti::historiaan()
+{
+    if (m_ajossa)
+        return;
+    QString viesti;
+    const bool valmis = ajaPalkilla(m_ajossa, ProgressBar1, cKeskeyta, m_ajonAikanaPois, [&](const Ajo &ajo) {
+        viesti = SiirraHistoriaan(ajo, Laskuikkuna::Perus);
+    });
+    if (valmis)
+        Ilmoita(viesti);
+}
+
+void frmMaksujenLuonti::poista()
+{
+    if (m_ajossa)
+        return;
+    QString viesti;
+    const bool jasenikkuna = JasenrekisteriAuki();
+    const bool valmis = ajaPalkilla(m_ajossa, ProgressBar1, cKeskeyta, m_ajonAikanaPois, [&](const Ajo &ajo) {
+        viesti = PoistaLisatytLaskut(ajo, Laskuikkuna::Perus, jasenikkuna);
+    });
+    if (valmis && !viesti.isEmpty())
+        Ilmoita(viesti);
+}
