@@ -72,10 +72,19 @@ void frmMaksujenLuonti::yhdista()
         c->installEventFilter(this);
         c->lineEdit()->installEventFilter(this);
     }
+    cmbTilinumerot->installEventFilter(this);
 }
 
 bool frmMaksujenLuonti::eventFilter(QObject *kohde, QEvent *e)
 {
+    // F4 moves the batch to history here, also from a list box that would open on it.
+    if (e->type() == QEvent::ShortcutOverride) {
+        auto *k = static_cast<QKeyEvent *>(e);
+        if (k->key() == Qt::Key_F4 && k->modifiers() == Qt::NoModifier) {
+            e->ignore();
+            return true;
+        }
+    }
     if (e->type() == QEvent::FocusOut) {
         if (kohde == cmbNimet || kohde == cmbNimet->lineEdit())
             nimiLahtiessa();

@@ -40,10 +40,14 @@ Edistymispalkki::Edistymispalkki(QProgressBar *palkki, QPushButton *keskeyta, QV
 
 Edistymispalkki::~Edistymispalkki()
 {
-    if (m_keskeyta)
+    if (m_keskeyta) {
         QObject::disconnect(m_keskeyta, &QPushButton::clicked, m_keskeyta, nullptr);
-    if (m_palkki)
+        m_keskeyta->setEnabled(false); // nothing left to stop
+    }
+    if (m_palkki) {
+        m_palkki->setRange(0, 1); // a bar left busy would look like a run still going
         m_palkki->reset();
+    }
     for (const auto &w : m_pois)
         if (w)
             w->setEnabled(true);
