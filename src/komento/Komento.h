@@ -56,4 +56,6 @@ int Virhe(const QString &teksti, int tila);
 // The verbs.
 namespace komento {
 int Raportti(Yhteys &y);
+int Historiaan(Yhteys &y);
+int PoistaLaskut(Yhteys &y);
 }

@@ -8,6 +8,8 @@ const std::vector<Verbi> &Verbit()
         {QStringLiteral("raportti"),
          QStringLiteral("raportti RAPORTTI ULOS.pdf [--valinta KAAVA] [--lajittelu KENTTÄ]... [--kaava 'Nimi= teksti']..."),
          Raportti},
+        {QStringLiteral("historiaan"), QStringLiteral("historiaan"), Historiaan},
+        {QStringLiteral("poista-laskut"), QStringLiteral("poista-laskut"), PoistaLaskut},
     };
     return verbit;
 }
