@@ -87,16 +87,17 @@ Laskutustulos LisaaJasenmaksut(const Ajo &ajo, const MaksujenLuontiLomake &l, bo
     // The counter moves once at the end, inside the same transaction: the numbers given are
     // those it would have given one by one, and a rollback takes them all back.
     const qint64 ensimmainen = MainModule::Laskunro;
+    Laskukirjoitin kirjoitin(db);
     for (qsizetype i = 0; i < henkilot.size(); ++i) {
         const Laskutettava &h = henkilot[i];
         lasku.jrID = h.jrID;
         lasku.laskunumero = ensimmainen + i;
         lasku.viitenumero = LaskunViite(l.chkHenkKohtViite, h.jrViitenumero, lasku.laskunumero);
-        const qint64 jmID = LisaaLasku(db, lasku);
+        const qint64 jmID = kirjoitin.lisaaLasku(lasku);
         for (const Rivi &r : rivit)
-            LisaaLaskurivi(db, h.jrID, jmID, meID, paivat.laskupaiva, r.hinta, r.teksti);
+            kirjoitin.lisaaRivi(h.jrID, jmID, meID, paivat.laskupaiva, r.hinta, r.teksti);
         if (l.chkJasenmaksu)
-            db.execute(QStringLiteral("UPDATE jr SET jrJasenmaksu = 0 WHERE jrID = ?"), {h.jrID});
+            kirjoitin.merkitseMaksamatta(h.jrID);
         ajo.askel(i + 1, henkilot.size());
     }
     MuutaLaskunumeroa(db, henkilot.size());

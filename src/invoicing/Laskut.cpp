@@ -18,33 +18,62 @@ qint64 LisaaViesti(db::Database &db, const QString &teksti)
     return db.lastInsertId();
 }
 
-qint64 LisaaLasku(db::Database &db, const UusiLasku &l)
+namespace {
+
+const QString kJasenmaksu = QStringLiteral("SELECT jrJasenmaksu FROM jr WHERE jrID = ?");
+const QString kLasku = QStringLiteral(
+    "INSERT INTO jm (jmjrID, jmErapaiva, jmLaskupaiva, jmLaskunumero, jmViitenumero, jmHinta, jmTeksti,"
+    " jmMaksettu, jmOtsake, jmmeID, jmPerhe, jmOmin, jmEmailed, jmJasMak, jmEiLoppusummaa,"
+    " jmKaytaPankkitili1, jmPankkitili1, jmjrJasenmaksu)"
+    " VALUES (?, ?, ?, ?, ?, ?, ?, 0, ?, ?, ?, ?, 0, ?, ?, ?, ?, ?)");
+const QString kRivi = QStringLiteral("INSERT INTO jmRivi (jmRjmID, jmRjrID, jmRmeId, jmRPaiva, jmRHinta, jmRTeksti,"
+                                     " jmRMaksettu, jmRmlID) VALUES (?, ?, ?, ?, ?, ?, 0, ?)");
+const QString kMaksamatta = QStringLiteral("UPDATE jr SET jrJasenmaksu = 0 WHERE jrID = ?");
+
+void aja(db::Statement &st, const db::Params &arvot)
+{
+    st.reset(arvot);
+    st.next();
+}
+
+} // namespace
+
+Laskukirjoitin::Laskukirjoitin(db::Database &db)
+    : m_db(db), m_jasenmaksu(db, kJasenmaksu, db::Params(1)), m_lasku(db, kLasku, db::Params(16)),
+      m_rivi(db, kRivi, db::Params(7)), m_maksamatta(db, kMaksamatta, db::Params(1))
+{
+}
+
+qint64 Laskukirjoitin::lisaaLasku(const UusiLasku &l)
 {
     // The fee state before this invoice, so that deleting the batch can give it back.
     QVariant jasenmaksuEnnen;
     if (l.jasenmaksu) {
-        db::Statement jasen(db, QStringLiteral("SELECT jrJasenmaksu FROM jr WHERE jrID = ?"), {l.jrID});
-        if (jasen.next())
-            jasenmaksuEnnen = NullBoolean(jasen.value(0));
+        m_jasenmaksu.reset({l.jrID});
+        if (m_jasenmaksu.next())
+            jasenmaksuEnnen = NullBoolean(m_jasenmaksu.value(0));
     }
-    db.execute(QStringLiteral(
-                   "INSERT INTO jm (jmjrID, jmErapaiva, jmLaskupaiva, jmLaskunumero, jmViitenumero, jmHinta, jmTeksti,"
-                   " jmMaksettu, jmOtsake, jmmeID, jmPerhe, jmOmin, jmEmailed, jmJasMak, jmEiLoppusummaa,"
-                   " jmKaytaPankkitili1, jmPankkitili1, jmjrJasenmaksu)"
-                   " VALUES (?, ?, ?, ?, ?, ?, ?, 0, ?, ?, ?, ?, 0, ?, ?, ?, ?, ?)"),
-               {l.jrID, DbPaiva(l.erapaiva), DbPaiva(l.laskupaiva), l.laskunumero,
-                l.eiViitetta ? QString(QLatin1String("")) : l.viitenumero, l.hinta.toVariant(), l.teksti, l.otsake,
-                l.meID, l.perhe, l.omin, l.jasenmaksu, l.eiLoppusummaa, l.kaytaPankkitili1,
-                l.kaytaPankkitili1 ? l.pankkitili1 : QString(QLatin1String("")), jasenmaksuEnnen});
-    return db.lastInsertId();
+    aja(m_lasku, {l.jrID, DbPaiva(l.erapaiva), DbPaiva(l.laskupaiva), l.laskunumero,
+                  l.eiViitetta ? QString(QLatin1String("")) : l.viitenumero, l.hinta.toVariant(), l.teksti, l.otsake,
+                  l.meID, l.perhe, l.omin, l.jasenmaksu, l.eiLoppusummaa, l.kaytaPankkitili1,
+                  l.kaytaPankkitili1 ? l.pankkitili1 : QString(QLatin1String("")), jasenmaksuEnnen});
+    return m_db.lastInsertId();
 }
+
+void Laskukirjoitin::lisaaRivi(qint64 jrID, qint64 jmID, qint64 meID, const QDate &paiva, std::optional<Currency> hinta,
+                               const QString &teksti, qint64 mlID)
+{
+    aja(m_rivi, {jmID, jrID, meID, DbPaiva(paiva), hinta ? hinta->toVariant() : QVariant(), teksti, mlID});
+}
+
+void Laskukirjoitin::merkitseMaksamatta(qint64 jrID) { aja(m_maksamatta, {jrID}); }
+
+qint64 LisaaLasku(db::Database &db, const UusiLasku &l) { return Laskukirjoitin(db).lisaaLasku(l); }
 
 void LisaaLaskurivi(db::Database &db, qint64 jrID, qint64 jmID, qint64 meID, const QDate &paiva,
                     std::optional<Currency> hinta, const QString &teksti, qint64 mlID)
 {
-    db.execute(QStringLiteral("INSERT INTO jmRivi (jmRjmID, jmRjrID, jmRmeId, jmRPaiva, jmRHinta, jmRTeksti,"
-                              " jmRMaksettu, jmRmlID) VALUES (?, ?, ?, ?, ?, ?, 0, ?)"),
-               {jmID, jrID, meID, DbPaiva(paiva), hinta ? hinta->toVariant() : QVariant(), teksti, mlID});
+    Laskukirjoitin(db).lisaaRivi(jrID, jmID, meID, paiva, hinta, teksti, mlID);
 }
 
 QString LaskunViite(bool henkilokohtainen, const QString &jrViitenumero, qint64 laskunumero)

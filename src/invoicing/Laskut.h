@@ -42,6 +42,22 @@ qint64 LisaaLasku(db::Database &db, const UusiLasku &lasku);
 void LisaaLaskurivi(db::Database &db, qint64 jrID, qint64 jmID, qint64 meID, const QDate &paiva,
                     std::optional<Currency> hinta, const QString &teksti, qint64 mlID = 0);
 
+// The same two for a run that writes a whole batch: the statements are prepared once and only
+// their values change from one invoice to the next.
+class Laskukirjoitin {
+public:
+    explicit Laskukirjoitin(db::Database &db);
+    qint64 lisaaLasku(const UusiLasku &lasku);
+    void lisaaRivi(qint64 jrID, qint64 jmID, qint64 meID, const QDate &paiva, std::optional<Currency> hinta,
+                   const QString &teksti, qint64 mlID = 0);
+    // The member's fee now unpaid, as a fee invoice leaves it.
+    void merkitseMaksamatta(qint64 jrID);
+
+private:
+    db::Database &m_db;
+    db::Statement m_jasenmaksu, m_lasku, m_rivi, m_maksamatta;
+};
+
 // The reference of an invoice: the payer's personal reference as it stands when asked for and
 // not empty, otherwise the invoice number followed by its check digit.
 QString LaskunViite(bool henkilokohtainen, const QString &jrViitenumero, qint64 laskunumero);
