@@ -4,6 +4,7 @@
 #include "core/MainModule.h"
 #include "invoicing/Jasenmaksuajo.h"
 #include "invoicing/Laskuera.h"
+#include "invoicing/Laskujentulostus.h"
 #include "invoicing/Laskutettavat.h"
 #include "laskuseura.h"
 #include "scripteddialogs.h"
@@ -362,6 +363,86 @@ private slots:
         m_dlg->yes();
         QCOMPARE(PoistaLisatytLaskut(Ajo(*m_db), Laskuikkuna::Myyntilaji, true), QStringLiteral("Kaikki lisätyt laskut poistettu."));
         QCOMPARE(NullLong(m_db->scalar(QStringLiteral("SELECT jrJasenmaksu FROM jr WHERE jrID = ?"), {aalto})), 0);
+    }
+
+    // Printing the batch: which invoices in what order, the questions and the tray pauses.
+    void tulostus_data()
+    {
+        QTest::addColumn<int>("era");           // TulostusEra
+        QTest::addColumn<QString>("jatka");     // the continuing answer; "-" not asked
+        QTest::addColumn<bool>("lahetetty");    // Bergman's invoice went by e-mail; the question answered Yes
+        QTest::addColumn<QStringList>("tulostetut");
+        QTest::addColumn<int>("taukoja");
+        const QStringList kaikki{"Aalto", "Berg", "Bergman", "Cederlöf", "Ähönen"};
+        QTest::newRow("all, no pause") << 0 << "-" << false << kaikki << 0;
+        QTest::newRow("pause before every second") << 2 << "-" << false << kaikki << 2;
+        QTest::newRow("pause before every one after the first") << 1 << "-" << false << kaikki << 4;
+        QTest::newRow("from after 101") << 0 << "101" << false << QStringList{"Bergman", "Cederlöf", "Ähönen"} << 0;
+        QTest::newRow("after the last: nothing") << 0 << "104" << false << QStringList{} << 0;
+        QTest::newRow("not a number: nothing") << 0 << "x" << false << QStringList{} << 0;
+        QTest::newRow("empty: all") << 0 << "" << false << kaikki << 0;
+        QTest::newRow("not the e-mailed") << 0 << "-" << true << QStringList{"Aalto", "Berg", "Cederlöf", "Ähönen"} << 0;
+    }
+
+    void tulostus()
+    {
+        QFETCH(int, era);
+        QFETCH(QString, jatka);
+        QFETCH(bool, lahetetty);
+        QFETCH(QStringList, tulostetut);
+        QFETCH(int, taukoja);
+        Laskujentulostus t;
+        Tulostuskysymykset k;
+        QStringList tulostettu;
+        const auto tulosta = [&](const QString &raportti, qint64 jrID) {
+            QCOMPARE(raportti, QStringLiteral("jrotile2.rpt"));
+            tulostettu << m_db->scalar(QStringLiteral("SELECT jrSukunimi FROM jr WHERE jrID = ?"), {jrID}).toString();
+        };
+        QCOMPARE(TulostaLaskut(Ajo(*m_db), t, k, tulosta), 0);
+        QCOMPARE(m_dlg->messages(), QStringList{"Laskuja ei ole vielä lisätty. Klikkaa Lisää painiketta luodaksesi laskut ennen tulostusta."});
+        m_dlg->shown.clear();
+
+        aja(lomake());
+        MainModule::TulostusEra = era;
+        t.jatkaNumerosta = jatka != u"-";
+        if (t.jatkaNumerosta)
+            m_dlg->type(jatka);
+        if (lahetetty) {
+            m_db->execute(QStringLiteral("UPDATE jm SET jmEmailed = 1 WHERE jmjrID = ?"), {bergman});
+            m_dlg->yes();
+        }
+        k.laskumalli = [] { return Laskumallivalinta{Laskumalli::Tilisiirto, true}; };
+        k.jarjestys = [] { return Tulostusjarjestys::Aakkostettu; };
+        k.tulostusasetukset = [] { return true; };
+        QCOMPARE(TulostaLaskut(Ajo(*m_db), t, k, tulosta), tulostetut.size());
+        QCOMPARE(tulostettu, tulostetut);
+        QCOMPARE(m_dlg->messages().count(QStringLiteral("Tulostusraja täynnä, klikkaa Ok, kun haluat jatkaa tulostusta.")), taukoja);
+        QCOMPARE(m_dlg->pendingReplies(), 0);
+    }
+
+    void tulostusYhdelleJaMallit()
+    {
+        aja(lomake());
+        Laskujentulostus t;
+        t.henkilo = ahonen;
+        Tulostuskysymykset k;
+        bool jarjestysKysytty = false, peruttu = true;
+        k.jarjestys = [&] { jarjestysKysytty = true; return Tulostusjarjestys::Postinumero; };
+        k.tulostusasetukset = [&] { return !peruttu; };
+        QList<qint64> tulostettu;
+        const auto tulosta = [&](const QString &, qint64 jrID) { tulostettu << jrID; };
+        QCOMPARE(TulostaLaskut(Ajo(*m_db), t, k, tulosta), 0);
+        peruttu = false;
+        QCOMPARE(TulostaLaskut(Ajo(*m_db), t, k, tulosta), 1);
+        QCOMPARE(tulostettu, QList<qint64>{ahonen});
+        QVERIFY(!jarjestysKysytty);
+
+        QCOMPARE(LaskunRaportti({Laskumalli::Tilisiirto, false}), QStringLiteral("jrotile.rpt"));
+        QCOMPARE(LaskunRaportti({Laskumalli::Jasenkortti, false}), QStringLiteral("jromak.rpt"));
+        QCOMPARE(LaskunRaportti({Laskumalli::Yleislasku, true}), QStringLiteral("jromak2.rpt"));
+        MainModule::LaskupohjaKaytossa = true;
+        MainModule::LaskupohjaTiedosto = QStringLiteral("/seura/oma.rpt");
+        QCOMPARE(LaskunRaportti({Laskumalli::Tilisiirto, true}), QStringLiteral("/seura/oma.rpt"));
     }
 };
 
