@@ -118,3 +118,18 @@ void AjaRaportti(const QString &tiedosto)
         r.Formulas[0] = KaavaTeksti(QStringLiteral("Seurannimi"), RegName);
     r.setAction(1);
 }
+
+void AjaListaraportti(const QString &tiedosto, const QString &otsikko, const QString &lajittelu)
+{
+    ResetReportFormulas();
+    Raporttiajo &r = Raportti();
+    r.Destination = TulostusLaite;
+    r.CopiesToPrinter = Kopiot;
+    r.ReportFileName = files::joinPath(files::programFolder(), tiedosto);
+    AsetaOsioFontit(false, false);
+    r.Formulas[0] = KaavaTeksti(QStringLiteral("Seurannimi"), RegName);
+    if (!otsikko.isEmpty())
+        r.Formulas[1] = KaavaTeksti(QStringLiteral("Otsikko"), otsikko);
+    r.SortFields[0] = lajittelu;
+    r.setAction(1);
+}

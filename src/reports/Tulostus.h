@@ -42,3 +42,6 @@ bool HyvaksyTulostusasetukset(int laite, const QString &kopioita);
 // The plain run after the print settings window: reset, file, fonts, club name, run. Throws
 // RaporttiVirhe.
 void AjaRaportti(const QString &tiedosto);
+// A list of the program's folder run the same way, with the club's name, a title when one is
+// given ("Otsikko") and one sort field.
+void AjaListaraportti(const QString &tiedosto, const QString &otsikko, const QString &lajittelu);

@@ -9,6 +9,7 @@
 #include "laskuseura.h"
 #include "scripteddialogs.h"
 #include "seurat.h"
+#include "tulostuskirjaus.h"
 #include "testenv.h"
 
 #include <QtTest>
@@ -444,7 +445,32 @@ private slots:
         MainModule::LaskupohjaTiedosto = QStringLiteral("/seura/oma.rpt");
         QCOMPARE(LaskunRaportti({Laskumalli::Tilisiirto, true}), QStringLiteral("/seura/oma.rpt"));
     }
+
+    // The two lists of the open batch, by invoice number, under their titles.
+    void lisattyjenLista()
+    {
+        MaksujenLuontiLomake l = lomake();
+        l.saajat.tunniste = -piKuoro;
+        aja(l);
+        MainModule::RegName = QStringLiteral("Kuoro 'Laulu' ry");
+        Kirjaus kirjaus;
+        AsetaTulostuskohde(&kirjaus);
+        AjaListaraportti(QStringLiteral("jmulista.rpt"), QStringLiteral("LISÄTYT LASKUT"), QStringLiteral("+{jm.jmLaskunumero}"));
+        AjaListaraportti(QStringLiteral("jmuvlist.rpt"), QStringLiteral("LISÄTYT LASKUT VIITELISTA"),
+                         QStringLiteral("+{jm.jmLaskunumero}"));
+        PalautaTulostustila();
+        QCOMPARE(int(kirjaus.esikatsellut.size()), 2);
+        const QStringList lista = kirjaus.esikatsellut[0].tekstit(0);
+        QVERIFY(lista.contains(QStringLiteral("Kuoro 'Laulu' ry")));
+        QVERIFY(lista.contains(QStringLiteral("LISÄTYT LASKUT")));
+        QVERIFY(lista.indexOf(QStringLiteral("Aalto Aino")) < lista.indexOf(QStringLiteral("Cederlöf Carita")));
+        QVERIFY(lista.contains(QStringLiteral("Laskuja 2, yhteensä 50,00")));
+        const QStringList viitteet = kirjaus.esikatsellut[1].tekstit(0);
+        QVERIFY(viitteet.contains(QStringLiteral("LISÄTYT LASKUT VIITELISTA")));
+        const qsizetype aalto = viitteet.indexOf(QStringLiteral("Aalto Aino"));
+        QCOMPARE(viitteet.mid(aalto - 2, 4), (QStringList{"1009", "100", "Aalto Aino", "31.3.2027"}));
+    }
 };
 
-QTEST_GUILESS_MAIN(TestLaskutus)
+QTEST_MAIN(TestLaskutus)
 #include "tst_laskutus.moc"

@@ -212,6 +212,16 @@ void frmMaksujenLuonti::rakennaValikot()
     };
     lisaa(mLaskut, "mTulosta", cTulosta, QStringLiteral("Tulosta laskut"));
     lisaa(mLaskut, "mTulostaLaskunumerosta", cTulosta, QStringLiteral("Tulosta laskut laskunumerosta"));
+    const auto lista = [this, mLaskut](const char *nimi, const QString &teksti, const QString &tiedosto,
+                                       const QString &otsikko) {
+        QAction *a = mLaskut->addAction(teksti);
+        a->setObjectName(QString::fromUtf8(nimi));
+        connect(a, &QAction::triggered, this, [this, tiedosto, otsikko] { tulostaLista(tiedosto, otsikko); });
+    };
+    lista("mLisattyjenLaskujenLista", QStringLiteral("Lisättyjen laskujen lista"), QStringLiteral("jmulista.rpt"),
+          QStringLiteral("LISÄTYT LASKUT"));
+    lista("mLisattyjenLaskujenViiteLista", QStringLiteral("Lisättyjen laskujen viitelista"), QStringLiteral("jmuvlist.rpt"),
+          QStringLiteral("LISÄTYT LASKUT VIITELISTA"));
     mLaskut->addSeparator();
     lisaa(mLaskut, "mHistoriaan", cHistoriaan, QStringLiteral("Siirrä laskut historiaan"));
     lisaa(mLaskut, "mPoista", cPoista, QStringLiteral("Poista tehdyt laskut (ei siirretä historiaan)"));

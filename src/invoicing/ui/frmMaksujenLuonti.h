@@ -70,6 +70,7 @@ private:
     void lisaa();
     void historiaan();
     void poista();
+    void tulostaLista(const QString &tiedosto, const QString &otsikko);
 
     Nimimalli *m_nimet = nullptr;
     bool m_ajossa = false; // a run's transaction is open: no second run, no closing

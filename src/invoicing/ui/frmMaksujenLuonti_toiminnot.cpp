@@ -13,6 +13,9 @@
 #include "platform/arvot.h"
 #include "platform/kello.h"
 #include "platform/ui/Edistymispalkki.h"
+#include "reports/RaporttiVirhe.h"
+#include "reports/Tulostus.h"
+#include "reports/ui/frmTulostus.h"
 
 #include <QAbstractItemView>
 #include <QCheckBox>
@@ -282,4 +285,15 @@ void frmMaksujenLuonti::poista()
     });
     if (valmis && !viesti.isEmpty())
         Ilmoita(viesti);
+}
+
+void frmMaksujenLuonti::tulostaLista(const QString &tiedosto, const QString &otsikko)
+{
+    if (!NaytaTulostusasetukset(false, this))
+        return;
+    try {
+        AjaListaraportti(tiedosto, otsikko, QStringLiteral("+{jm.jmLaskunumero}"));
+    } catch (const RaporttiVirhe &e) {
+        IlmoitaVirhe(QStringLiteral("Virhe tulostettaessa raporttia: ") + e.viesti());
+    }
 }
