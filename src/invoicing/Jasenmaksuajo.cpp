@@ -11,9 +11,11 @@ namespace {
 struct Rivi {
     QString teksti;
     Currency hinta;
+    qint64 mlID = 0;
 };
 
-std::optional<Laskutusvirhe> tarkistaRivit(const MaksujenLuontiLomake &l, QVector<Rivi> *rivit)
+std::optional<Laskutusvirhe> tarkistaRivit(const MaksujenLuontiLomake &l, QVector<Rivi> *rivit,
+                                           const std::array<qint64, 4> *myyntilajit)
 {
     for (int i = 0; i < int(l.rivit.size()); ++i) {
         const PerusLaskurivi &r = l.rivit[i];
@@ -27,7 +29,7 @@ std::optional<Laskutusvirhe> tarkistaRivit(const MaksujenLuontiLomake &l, QVecto
         if (!hinta)
             return Laskutusvirhe{QStringLiteral("Laskurivillä: #%1 pitää olla hinta.").arg(numero),
                                  QStringLiteral("tRiviSumma%1").arg(i)};
-        rivit->append({r.tRiviTeksti, *hinta});
+        rivit->append({r.tRiviTeksti, *hinta, myyntilajit ? (*myyntilajit)[i] : 0});
     }
     if (rivit->isEmpty())
         return Laskutusvirhe{QStringLiteral("Laskua ei voida tehdä ilman laskurivitietoa."), {}};
@@ -41,17 +43,23 @@ QString LisattyViesti(long laskuja)
     return laskuja == 1 ? QStringLiteral("Lisätty 1 lasku.") : QStringLiteral("Lisätty %1 laskua.").arg(laskuja);
 }
 
-Laskutustulos LisaaJasenmaksut(const Ajo &ajo, const MaksujenLuontiLomake &l, bool jasenikkunaAuki)
+namespace {
+
+Laskutustulos lisaa(const Ajo &ajo, const MaksujenLuontiLomake &l, bool jasenikkunaAuki, const std::array<qint64, 4> *myyntilajit)
 {
     db::Database &db = ajo.kanta;
     Laskutustulos tulos;
     LaskunPaivat paivat;
     QVector<Rivi> rivit;
-    if ((tulos.virhe = TarkistaYlatiedot(db, l, jasenikkunaAuki, &paivat)))
+    if ((tulos.virhe = TarkistaYlatiedot(db, l, jasenikkunaAuki, &paivat, myyntilajit ? Tarkistukset::Myyntilaji : Tarkistukset::Kaikki)))
         return tulos;
-    if ((tulos.virhe = tarkistaRivit(l, &rivit)))
+    if ((tulos.virhe = tarkistaRivit(l, &rivit, myyntilajit)))
         return tulos;
-    if ((tulos.virhe = TarkistaSaajat(l.saajat)))
+    if (myyntilajit && !l.saajat.valittu)
+        tulos.virhe = Laskutusvirhe{QStringLiteral("Tarkista henkilö valinta."), QStringLiteral("cmbNimet")};
+    else if (!myyntilajit)
+        tulos.virhe = TarkistaSaajat(l.saajat);
+    if (tulos.virhe)
         return tulos;
     // The total as the window shows it goes on every invoice; the user may have typed over it.
     const auto yhteensa = Currency::parse(l.tSumma);
@@ -63,7 +71,8 @@ Laskutustulos LisaaJasenmaksut(const Ajo &ajo, const MaksujenLuontiLomake &l, bo
 
     db::Transaction tx(db);
     const qint64 meID = LisaaViesti(db, l.tLisatietoja);
-    VarmistaLaskuIdt(db);
+    if (!myyntilajit)
+        VarmistaLaskuIdt(db);
     const QVector<Laskutettava> henkilot = Laskutettavat(db, l.saajat);
     if (henkilot.isEmpty()) {
         tx.commit();
@@ -95,7 +104,7 @@ Laskutustulos LisaaJasenmaksut(const Ajo &ajo, const MaksujenLuontiLomake &l, bo
         lasku.viitenumero = LaskunViite(l.chkHenkKohtViite, h.jrViitenumero, lasku.laskunumero);
         const qint64 jmID = kirjoitin.lisaaLasku(lasku);
         for (const Rivi &r : rivit)
-            kirjoitin.lisaaRivi(h.jrID, jmID, meID, paivat.laskupaiva, r.hinta, r.teksti);
+            kirjoitin.lisaaRivi(h.jrID, jmID, meID, paivat.laskupaiva, r.hinta, r.teksti, r.mlID);
         if (l.chkJasenmaksu)
             kirjoitin.merkitseMaksamatta(h.jrID);
         ajo.askel(i + 1, henkilot.size());
@@ -105,4 +114,16 @@ Laskutustulos LisaaJasenmaksut(const Ajo &ajo, const MaksujenLuontiLomake &l, bo
     tx.commit();
     tulos.viesti = LisattyViesti(tulos.lisatty);
     return tulos;
+}
+
+} // namespace
+
+Laskutustulos LisaaJasenmaksut(const Ajo &ajo, const MaksujenLuontiLomake &l, bool jasenikkunaAuki)
+{
+    return lisaa(ajo, l, jasenikkunaAuki, nullptr);
+}
+
+Laskutustulos LisaaMyyntilajeittain(const Ajo &ajo, const ProMaksujenLuontiLomake &l)
+{
+    return lisaa(ajo, l, false, &l.cmbMyyntiLaji);
 }

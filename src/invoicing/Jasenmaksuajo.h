@@ -14,5 +14,9 @@ struct Laskutustulos {
 
 Laskutustulos LisaaJasenmaksut(const Ajo &ajo, const MaksujenLuontiLomake &lomake, bool jasenikkunaAuki);
 
+// The same run with a sales type on each row. It leaves out the member-window check, the
+// invoice-number rule and the id guard, and takes the name box's entry as it stands.
+Laskutustulos LisaaMyyntilajeittain(const Ajo &ajo, const ProMaksujenLuontiLomake &lomake);
+
 // "Lisätty 1 lasku." / "Lisätty N laskua."
 QString LisattyViesti(long laskuja);

@@ -55,6 +55,11 @@ struct MaksujenLuontiLomake : LaskunYlatiedot {
     LaskunSaajat saajat;
 };
 
+// frmPROMaksujenLuonti: the plain run with a sales type (an ml row, 0 for none) on each row.
+struct ProMaksujenLuontiLomake : MaksujenLuontiLomake {
+    std::array<qint64, 4> cmbMyyntiLaji{};
+};
+
 // frmPerhelasku: the classes at 0 to 7 and the one price per family at 8, then two free rows.
 struct PerheLuokkarivi {
     bool chkPerheLuokka = false;

@@ -4,13 +4,14 @@
 #include "platform/arvot.h"
 
 std::optional<Laskutusvirhe> TarkistaYlatiedot(db::Database &db, const LaskunYlatiedot &y, bool jasenikkunaAuki,
-                                                LaskunPaivat *paivat)
+                                                LaskunPaivat *paivat, Tarkistukset mitka)
 {
-    if (jasenikkunaAuki)
+    const bool kaikki = mitka == Tarkistukset::Kaikki;
+    if (kaikki && jasenikkunaAuki)
         return Laskutusvirhe{QStringLiteral("Jäsenrekisteri-ikkuna tulee sulkea ennen laskujen lisäystä, lisäys keskeytetty."), {}};
     if (LaskujenMaara(db) != 0)
         return Laskutusvirhe{QStringLiteral("Siirrä jo tehdyt laskut ensin historiaan tai poista maksut ennen lisäystä!"), {}};
-    if (auto virhe = LaskunumeroVirhe(db))
+    if (auto virhe = kaikki ? LaskunumeroVirhe(db) : std::nullopt)
         return Laskutusvirhe{*virhe, {}};
     if (y.cmbMaksunOtsake.size() > 30)
         return Laskutusvirhe{QStringLiteral("Otsaketekstin tulee olla korkeintaan 30 merkkiä pitkä."),

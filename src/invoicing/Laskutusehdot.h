@@ -22,8 +22,12 @@ struct LaskunPaivat {
 // The member window closed, no open batch, the invoice number above every number in use, the
 // heading at most 30 characters, both dates valid. `jasenikkunaAuki`: the member window holds a
 // member that the run may change.
+enum class Tarkistukset {
+    Kaikki,
+    Myyntilaji, // the sales-type run: no member-window check, no invoice-number rule
+};
 std::optional<Laskutusvirhe> TarkistaYlatiedot(db::Database &db, const LaskunYlatiedot &y, bool jasenikkunaAuki,
-                                                LaskunPaivat *paivat);
+                                                LaskunPaivat *paivat, Tarkistukset mitka = Tarkistukset::Kaikki);
 
 // The name box: a selection, and "Kaikki" only as the list's own entry, not as typed text.
 std::optional<Laskutusvirhe> TarkistaSaajat(const LaskunSaajat &s);
