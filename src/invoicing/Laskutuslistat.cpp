@@ -3,6 +3,8 @@
 #include "members/TyhjatRivit.h"
 #include "platform/arvot.h"
 
+#include <algorithm>
+
 QVector<ListaRivi> LaskutusNimet(db::Database &db)
 {
     PoistaTyhjatRivit(db);
@@ -14,6 +16,26 @@ QVector<ListaRivi> LaskutusNimet(db::Database &db)
                                              " ORDER BY jrSukunimi COLLATE FI, jrEtunimi COLLATE FI, jrID"));
     while (jasenet.next())
         rivit.append({NullLong(jasenet.value(0)), NullText(jasenet.value(1)) + QLatin1Char(' ') + NullText(jasenet.value(2))});
+    return rivit;
+}
+
+QVector<ListaRivi> PerhelaskuNimet(db::Database &db)
+{
+    QVector<ListaRivi> rivit = LaskutusNimet(db);
+    rivit.erase(std::remove_if(rivit.begin(), rivit.end(), [](const ListaRivi &r) { return r.id > 0; }), rivit.end());
+    db::Statement maksajat(db, QStringLiteral("SELECT jrID, jrSukunimi, jrEtunimi FROM jr WHERE jrPerheenLaskutettava = 1"
+                                              " ORDER BY jrSukunimi COLLATE FI, jrEtunimi COLLATE FI, jrID"));
+    while (maksajat.next())
+        rivit.append({NullLong(maksajat.value(0)), NullText(maksajat.value(1)) + QLatin1Char(' ') + NullText(maksajat.value(2))});
+    return rivit;
+}
+
+QVector<ListaRivi> OminaisuusValinnat(db::Database &db)
+{
+    QVector<ListaRivi> rivit{{0, QStringLiteral("---")}};
+    db::Statement st(db, QStringLiteral("SELECT piID, piNimi FROM pi ORDER BY piNimi COLLATE FI, piID"));
+    while (st.next())
+        rivit.append({NullLong(st.value(0)), NullText(st.value(1))});
     return rivit;
 }
 

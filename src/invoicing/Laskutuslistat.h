@@ -11,6 +11,11 @@
 // members does on opening.
 QVector<ListaRivi> LaskutusNimet(db::Database &db);
 
+// The family run's box: "Kaikki", the attributes, then the families' payers.
+QVector<ListaRivi> PerhelaskuNimet(db::Database &db);
+// The attribute rows' boxes: "---" (0), then every attribute by name (piID).
+QVector<ListaRivi> OminaisuusValinnat(db::Database &db);
+
 // The headings by name; those that are only blanks are left out.
 QVector<ListaRivi> LaskuOtsakkeet(db::Database &db);
 // Remembers a heading not yet stored (the same letters in another case count as stored) and

@@ -78,7 +78,7 @@ private slots:
         s.rivi(2, QStringLiteral("Seuralehti"), QStringLiteral("1 000"));
         QCOMPARE(s.w->tSumma->text(), QStringLiteral("1025,50 €"));
         testi::kirjoita(s.w->tLaskunErapaiva, QStringLiteral("31.3.27"));
-        s.w->tAiheTeksti->setFocus();
+        s.w->tTilisiirronTeksti->setFocus();
         QCOMPARE(s.w->tLaskunErapaiva->text(), QStringLiteral("31.3.2027"));
         testi::kirjoita(s.w->cmbMaksunOtsake->lineEdit(), QStringLiteral("Jäsenmaksu"));
         s.w->chkJasenmaksu->setChecked(true);
@@ -128,11 +128,11 @@ private slots:
         Ikkuna s;
         s.rivi(0, QStringLiteral("Maksu"), QStringLiteral("10"));
         testi::kirjoita(s.w->tLaskunErapaiva, QStringLiteral("1.1.2027"));
-        s.w->tAiheTeksti->setFocus();
+        s.w->tTilisiirronTeksti->setFocus();
         QCOMPARE(s.dlg.messages(), (QStringList{"Laskun eräpäivä on menneisyydessä, tarkista päivämäärä.",
                                                 "Laskun eräpäivä on ennen laskupäivää, tarkista päivämäärä."}));
         testi::korvaa(s.w->tLaskunPaiva, QStringLiteral("31.2.2027"));
-        s.w->tAiheTeksti->setFocus();
+        s.w->tTilisiirronTeksti->setFocus();
         QCOMPARE(s.viimeinen(), QStringLiteral("Syötetyn päivämäärän muoto ei ole kelvollinen."));
         QTest::keyClick(s.w, Qt::Key_F2);
         QCOMPARE(s.viimeinen(), QStringLiteral("Laskun päivämäärä on väärin kirjoitettu."));
@@ -157,7 +157,7 @@ private slots:
     {
         Ikkuna s;
         testi::kirjoita(s.w->cmbMaksunOtsake->lineEdit(), QStringLiteral("Kevät 'n' syys"));
-        s.w->tAiheTeksti->setFocus();
+        s.w->tTilisiirronTeksti->setFocus();
         QCOMPARE(s.maara(QStringLiteral("lt WHERE ltNimi = ?"), {QStringLiteral("Kevät 'n' syys")}), 1);
         QCOMPARE(s.w->cmbMaksunOtsake->findText(QStringLiteral("Kevät 'n' syys")) >= 0, true);
 

@@ -1,253 +1,109 @@
 #include "invoicing/ui/frmMaksujenLuonti.h"
 
-#include "core/MainModule.h"
+#include "core/Ilmoitukset.h"
 #include "core/ui/Tietueikkuna.h"
-#include "core/ui/uihelpers.h"
-#include "platform/arvot.h"
-#include "platform/kello.h"
+#include "platform/currency.h"
 
 #include <QCheckBox>
-#include <QComboBox>
-#include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListView>
-#include <QMenuBar>
-#include <QPlainTextEdit>
 #include <QPointer>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QToolButton>
-#include <QVBoxLayout>
 
-namespace {
-
-QCheckBox *valinta(QWidget *parent, const char *nimi, const QString &teksti)
+frmMaksujenLuonti::frmMaksujenLuonti(QWidget *parent)
+    : frmMaksujenLuonti(parent, {"frmMaksujenLuonti", QStringLiteral("Laskutus"), Laskuikkuna::Perus,
+                                 QStringLiteral("Laskutettavat:")})
 {
-    auto *c = new QCheckBox(teksti, parent);
-    c->setObjectName(QString::fromUtf8(nimi));
-    return c;
-}
-
-QLineEdit *kentta(QWidget *parent, const QString &nimi, int pituus = 0)
-{
-    auto *t = new QLineEdit(parent);
-    t->setObjectName(nimi);
-    if (pituus > 0)
-        t->setMaxLength(pituus);
-    return t;
-}
-
-} // namespace
-
-frmMaksujenLuonti::frmMaksujenLuonti(QWidget *parent) : QMainWindow(parent)
-{
-    setObjectName(QStringLiteral("frmMaksujenLuonti"));
-    setAttribute(Qt::WA_DeleteOnClose);
-    setWindowFlag(Qt::Window);
-    setWindowTitle(MainModule::AppName + QStringLiteral(" - Laskutus"));
-
-    auto *keskus = new QWidget(this);
-    auto *g = new QGridLayout(keskus);
-    g->addWidget(rakennaYlatiedot(), 0, 0, 2, 1);
-    g->addWidget(rakennaRivit(), 0, 1);
-
-    auto *lisatiedot = new QGroupBox(QStringLiteral("Lisätietoja:"), keskus);
-    tLisatietoja = new QPlainTextEdit(lisatiedot);
-    tLisatietoja->setObjectName(QStringLiteral("tLisatietoja"));
-    tLisatietoja->setTabChangesFocus(true);
-    (new QVBoxLayout(lisatiedot))->addWidget(tLisatietoja);
-    g->addWidget(lisatiedot, 1, 1);
-
-    ProgressBar1 = new QProgressBar(keskus);
-    ProgressBar1->setObjectName(QStringLiteral("ProgressBar1"));
-    ProgressBar1->setTextVisible(false);
-    cKeskeyta = new QPushButton(QStringLiteral("Keskeytä"), keskus);
-    cKeskeyta->setObjectName(QStringLiteral("cKeskeyta"));
-    cKeskeyta->setEnabled(false);
-    auto *edistys = new QHBoxLayout;
-    edistys->addWidget(ProgressBar1, 1);
-    edistys->addWidget(cKeskeyta);
-    g->addLayout(edistys, 2, 0, 1, 2);
-    g->addWidget(rakennaPainikkeet(), 3, 0, 1, 2);
-    g->setColumnStretch(0, 1);
-    g->setColumnStretch(1, 1);
-    g->setRowStretch(1, 1);
-    setCentralWidget(keskus);
-    rakennaValikot();
-    yhdista();
+    rakenna();
     resize(940, 560);
 }
 
-QWidget *frmMaksujenLuonti::rakennaYlatiedot()
-{
-    auto *ryhma = new QGroupBox(QStringLiteral("Laskun tiedot"), this);
-    auto *f = new QFormLayout(ryhma);
-
-    cmbNimet = new QComboBox(ryhma);
-    cmbNimet->setObjectName(QStringLiteral("cmbNimet"));
-    cmbNimet->setEditable(true);
-    cmbNimet->setInsertPolicy(QComboBox::NoInsert);
-    cmbNimet->setMaxVisibleItems(20);
-    // A hundred thousand names: no width measured over the whole list, rows of one height.
-    cmbNimet->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    cmbNimet->setMinimumContentsLength(28);
-    if (auto *nakyma = qobject_cast<QListView *>(cmbNimet->view()))
-        nakyma->setUniformItemSizes(true);
-    cmbNimet->setToolTip(QStringLiteral("Kaikki, ominaisuuden haltijat (Om - ) tai yksi henkilö"));
-    f->addRow(QStringLiteral("Laskutettavat:"), cmbNimet);
-    chkEiPerheellisille = valinta(ryhma, "chkEiPerheellisille", QStringLiteral("Ei perheeseen kuuluville"));
-    chkMuille = valinta(ryhma, "chkMuille", QStringLiteral("Muille kuin valitulla ominaisuudella rajatuille"));
-    f->addRow(QString(), chkEiPerheellisille);
-    f->addRow(QString(), chkMuille);
-
-    tLaskunPaiva = kentta(ryhma, QStringLiteral("tLaskunPaiva"), 10);
-    tLaskunErapaiva = kentta(ryhma, QStringLiteral("tLaskunErapaiva"), 10);
-    f->addRow(QStringLiteral("Laskun päivämäärä:"), tLaskunPaiva);
-    f->addRow(QStringLiteral("Eräpäivä:"), tLaskunErapaiva);
-
-    cmbMaksunOtsake = new QComboBox(ryhma);
-    cmbMaksunOtsake->setObjectName(QStringLiteral("cmbMaksunOtsake"));
-    cmbMaksunOtsake->setEditable(true);
-    cmbMaksunOtsake->setInsertPolicy(QComboBox::NoInsert);
-    cmbMaksunOtsake->lineEdit()->setMaxLength(50);
-    cmbMaksunOtsake->setToolTip(QStringLiteral("Laskun otsake, korkeintaan 30 merkkiä. Alt+D poistaa valitun otsakkeen."));
-    f->addRow(QStringLiteral("Laskun otsake:"), cmbMaksunOtsake);
-    tAiheTeksti = kentta(ryhma, QStringLiteral("tAiheTeksti"), 255);
-    f->addRow(QStringLiteral("Tilisiirron teksti:"), tAiheTeksti);
-
-    chkJasenmaksu = valinta(ryhma, "chkJasenmaksu", QStringLiteral("Tee jäsenmaksuna"));
-    chkJasenmaksu->setToolTip(QStringLiteral("Merkitsee jäsenkorttiin jäsenmaksun maksamattomaksi ja merkittäessä "
-                                             "maksetuksi automaattisesti maksetuksi"));
-    chkHenkKohtViite = valinta(ryhma, "chkHenkKohtViite", QStringLiteral("Käytä henkilökohtaista viitettä"));
-    chkEiViitetta = valinta(ryhma, "chkEiViitetta", QStringLiteral("Tulosta ilman viitettä"));
-    chkEiLoppusummaa = valinta(ryhma, "chkEiLoppusummaa", QStringLiteral("Tulosta ilman loppusummaa"));
-    for (QCheckBox *c : {chkJasenmaksu, chkHenkKohtViite, chkEiViitetta, chkEiLoppusummaa})
-        f->addRow(QString(), c);
-
-    chkVainValittuTilinumero = valinta(ryhma, "chkVainValittuTilinumero", QStringLiteral("Vain valittu tilinumero"));
-    cmbTilinumerot = new QComboBox(ryhma);
-    cmbTilinumerot->setObjectName(QStringLiteral("cmbTilinumerot"));
-    cmbTilinumerot->addItems({QString(), MainModule::RegPankkiyhteys1, MainModule::RegPankkiyhteys2});
-    f->addRow(chkVainValittuTilinumero, cmbTilinumerot);
-    return ryhma;
-}
+frmMaksujenLuonti::frmMaksujenLuonti(QWidget *parent, Asetelma asetelma) : Laskutusikkuna(parent, std::move(asetelma)) {}
 
 QWidget *frmMaksujenLuonti::rakennaRivit()
 {
     auto *ryhma = new QGroupBox(QStringLiteral("Laskurivit"), this);
-    auto *g = new QGridLayout(ryhma);
+    auto *g = m_rivit = new QGridLayout(ryhma);
     g->addWidget(new QLabel(QStringLiteral("Aiheteksti"), ryhma), 0, 1);
     g->addWidget(new QLabel(QStringLiteral("Hinta"), ryhma), 0, 2);
     for (int i = 0; i < 4; ++i) {
         chkRivi[i] = new QCheckBox(QStringLiteral("Laskurivi %1:").arg(i + 1), ryhma);
         chkRivi[i]->setObjectName(QStringLiteral("chkRivi%1").arg(i));
-        tRiviTeksti[i] = kentta(ryhma, QStringLiteral("tRiviTeksti%1").arg(i), 255);
-        tRiviSumma[i] = kentta(ryhma, QStringLiteral("tRiviSumma%1").arg(i), 20);
+        tRiviTeksti[i] = new QLineEdit(ryhma);
+        tRiviTeksti[i]->setObjectName(QStringLiteral("tRiviTeksti%1").arg(i));
+        tRiviTeksti[i]->setMaxLength(255);
+        tRiviSumma[i] = new QLineEdit(ryhma);
+        tRiviSumma[i]->setObjectName(QStringLiteral("tRiviSumma%1").arg(i));
+        tRiviSumma[i]->setMaxLength(20);
         tRiviSumma[i]->setAlignment(Qt::AlignRight);
         tRiviSumma[i]->setMaximumWidth(110);
         g->addWidget(chkRivi[i], i + 1, 0);
         g->addWidget(tRiviTeksti[i], i + 1, 1);
         g->addWidget(tRiviSumma[i], i + 1, 2);
+        connect(chkRivi[i], &QCheckBox::toggled, this, [this, i] {
+            riviValittu(i);
+            paivitaSumma();
+        });
+        connect(tRiviSumma[i], &QLineEdit::textChanged, this, &frmMaksujenLuonti::paivitaSumma);
     }
-    tSumma = kentta(ryhma, QStringLiteral("tSumma"), 20);
+    tSumma = new QLineEdit(ryhma);
+    tSumma->setObjectName(QStringLiteral("tSumma"));
+    tSumma->setMaxLength(20);
     tSumma->setAlignment(Qt::AlignRight);
     tSumma->setMaximumWidth(110);
     g->addWidget(new QLabel(QStringLiteral("Loppusumma:"), ryhma), 5, 1, Qt::AlignRight);
     g->addWidget(tSumma, 5, 2);
     g->setColumnStretch(1, 1);
     g->setRowStretch(6, 1);
+    connect(tSumma, &QLineEdit::editingFinished, this, [this] {
+        if (!tSumma->text().isEmpty() && !Currency::parse(tSumma->text()))
+            Ilmoita(QStringLiteral("Syötetyn summan muoto ei ole kelvollinen."));
+    });
     return ryhma;
 }
 
-QWidget *frmMaksujenLuonti::rakennaPainikkeet()
+void frmMaksujenLuonti::lataaRivit(db::Database &)
 {
-    auto *rivi = new QWidget(this);
-    auto *h = new QHBoxLayout(rivi);
-    h->setContentsMargins(0, 0, 0, 0);
-    using tietue::KomentoPainike;
-    cYksittain = KomentoPainike(this, m_komennot, "cYksittain", QStringLiteral("Lisää"),
-                                QStringLiteral("Lisää laskut valituille [F2]"), Qt::Key_F2, [this] { lisaa(); });
-    cHistoriaan = KomentoPainike(this, m_komennot, "cHistoriaan", QStringLiteral("Siirrä historiaan"),
-                                 QStringLiteral("Siirrä lisätyt laskut historiaan [F4]"), Qt::Key_F4, [this] { historiaan(); });
-    cPoista = KomentoPainike(this, m_komennot, "cPoista", QStringLiteral("Poista laskut"),
-                             QStringLiteral("Poista tehdyt laskut (ei siirretä historiaan)"), {}, [this] { poista(); });
-    // The runs of the other kinds, printing and e-mail open their own windows and flows.
-    cPerheille = KomentoPainike(this, m_komennot, "cPerheille", QStringLiteral("Perhelaskut"),
-                                QStringLiteral("Perhelaskut [F5]"), Qt::Key_F5, [] {});
-    cOminaisuudella = KomentoPainike(this, m_komennot, "cOminaisuudella", QStringLiteral("Ominaisuuslaskut"),
-                                     QStringLiteral("Ominaisuuslaskut [F6]"), Qt::Key_F6, [] {});
-    cTulosta = KomentoPainike(this, m_komennot, "cTulosta", QStringLiteral("Tulosta"),
-                              QStringLiteral("Tulosta lisätyt laskut [F7]"), Qt::Key_F7, [] {});
-    cEmail = KomentoPainike(this, m_komennot, "cEmail", QStringLiteral("Sähköposti"),
-                            QStringLiteral("Lähetä laskut sähköpostilla [F8]"), Qt::Key_F8, [] {});
-    cEmailPreview = KomentoPainike(this, m_komennot, "cEmailPreview", QStringLiteral("Esikatselu"),
-                                   QStringLiteral("Sähköpostilaskujen esikatselu"), {}, [] {});
-    for (QToolButton *b : {cPerheille, cOminaisuudella, cTulosta, cEmail, cEmailPreview})
-        b->defaultAction()->setEnabled(false);
-    cSulje = KomentoPainike(this, m_komennot, "cSulje", QStringLiteral("Sulje"), QStringLiteral("Sulje ikkuna"), {},
-                            [this] { close(); });
-    for (QToolButton *b : {cYksittain, cPerheille, cOminaisuudella, cTulosta, cEmail, cEmailPreview, cHistoriaan, cPoista})
-        h->addWidget(b);
-    h->addStretch(1);
-    h->addWidget(cSulje);
-    for (QToolButton *b : {cYksittain, cHistoriaan, cPoista, cSulje})
-        m_ajonAikanaPois << b;
-    return rivi;
+    for (int i = 0; i < 4; ++i)
+        riviValittu(i);
+    paivitaSumma();
 }
 
-void frmMaksujenLuonti::rakennaValikot()
+MaksujenLuontiLomake frmMaksujenLuonti::lomake() const
 {
-    QMenu *mLaskut = menuBar()->addMenu(QStringLiteral("&Laskut"));
-    mLaskut->setObjectName(QStringLiteral("mLaskut"));
-    const auto lisaa = [this](QMenu *menu, const char *nimi, QToolButton *painike, const QString &teksti) {
-        QAction *a = menu->addAction(teksti);
-        a->setObjectName(QString::fromUtf8(nimi));
-        a->setEnabled(painike->defaultAction()->isEnabled());
-        connect(a, &QAction::triggered, painike->defaultAction(), &QAction::trigger);
-        return a;
-    };
-    lisaa(mLaskut, "mTulosta", cTulosta, QStringLiteral("Tulosta laskut"));
-    lisaa(mLaskut, "mTulostaLaskunumerosta", cTulosta, QStringLiteral("Tulosta laskut laskunumerosta"));
-    const auto lista = [this, mLaskut](const char *nimi, const QString &teksti, const QString &tiedosto,
-                                       const QString &otsikko) {
-        QAction *a = mLaskut->addAction(teksti);
-        a->setObjectName(QString::fromUtf8(nimi));
-        connect(a, &QAction::triggered, this, [this, tiedosto, otsikko] { tulostaLista(tiedosto, otsikko); });
-    };
-    lista("mLisattyjenLaskujenLista", QStringLiteral("Lisättyjen laskujen lista"), QStringLiteral("jmulista.rpt"),
-          QStringLiteral("LISÄTYT LASKUT"));
-    lista("mLisattyjenLaskujenViiteLista", QStringLiteral("Lisättyjen laskujen viitelista"), QStringLiteral("jmuvlist.rpt"),
-          QStringLiteral("LISÄTYT LASKUT VIITELISTA"));
-    mLaskut->addSeparator();
-    lisaa(mLaskut, "mHistoriaan", cHistoriaan, QStringLiteral("Siirrä laskut historiaan"));
-    lisaa(mLaskut, "mPoista", cPoista, QStringLiteral("Poista tehdyt laskut (ei siirretä historiaan)"));
-    mLaskut->addSeparator();
-    lisaa(mLaskut, "mPerhemaksut", cPerheille, QStringLiteral("Perhelaskut"));
-    lisaa(mLaskut, "mOminaisuusmaksut", cOminaisuudella, QStringLiteral("Ominaisuuslaskut"));
-    mLaskut->addSeparator();
-    lisaa(mLaskut, "mSulje", cSulje, QStringLiteral("Sulje"));
-
-    mLaskupohjat = menuBar()->addMenu(QStringLiteral("Lasku&pohjat"));
-    mLaskupohjat->setObjectName(QStringLiteral("mLaskupohjat"));
+    MaksujenLuontiLomake l;
+    static_cast<LaskunYlatiedot &>(l) = ylatiedot();
+    for (int i = 0; i < 4; ++i)
+        l.rivit[i] = {chkRivi[i]->isChecked(), tRiviTeksti[i]->text(), tRiviSumma[i]->text()};
+    l.tSumma = tSumma->text();
+    l.saajat = saajat();
+    return l;
 }
 
-bool frmMaksujenLuonti::Lataa()
+Laskutustulos frmMaksujenLuonti::aja(const Ajo &ajo, bool jasenikkunaAuki)
 {
-    if (!tietue::TietokantaAsetettu())
-        return false;
-    return tietue::Suojattu([this] {
-        auto d = tietue::AvaaKanta();
-        taytaNimet(*d);
-        taytaOtsakkeet();
-        tLaskunPaiva->setText(PaivaTekstina(kello::tanaan()));
-        for (int i = 0; i < 4; ++i)
-            riviValittu(i);
-        paivitaSumma();
-    });
+    return LisaaJasenmaksut(ajo, lomake(), jasenikkunaAuki);
+}
+
+void frmMaksujenLuonti::paivitaSumma()
+{
+    Currency summa;
+    for (int i = 0; i < 4; ++i)
+        if (chkRivi[i]->isChecked())
+            if (const auto hinta = Currency::parse(tRiviSumma[i]->text()))
+                summa += *hinta;
+    tSumma->setText(summa.toString(2) + QStringLiteral(" €"));
+}
+
+void frmMaksujenLuonti::riviValittu(int i)
+{
+    const bool paalla = chkRivi[i]->isChecked();
+    for (QLineEdit *t : {tRiviTeksti[i], tRiviSumma[i]}) {
+        if (!paalla)
+            t->clear();
+        t->setEnabled(paalla);
+    }
 }
 
 void AvaaLaskutus(QWidget *parent)

@@ -1,6 +1,9 @@
 // The invoice window's events: keeping the total, the fields' checks on leaving, the lists, and
 // the run, the move to history and the delete.
+#include "invoicing/ui/Laskutusikkuna.h"
 #include "invoicing/ui/frmMaksujenLuonti.h"
+#include "invoicing/ui/frmOminLasku.h"
+#include "invoicing/ui/frmPerhelasku.h"
 
 #include "core/Ilmoitukset.h"
 #include "core/ui/Tietueikkuna.h"
@@ -55,19 +58,8 @@ bool ajaPalkilla(bool &ajossa, QProgressBar *palkki, QPushButton *keskeyta, cons
 
 } // namespace
 
-void frmMaksujenLuonti::yhdista()
+void Laskutusikkuna::yhdista()
 {
-    for (int i = 0; i < 4; ++i) {
-        connect(chkRivi[i], &QCheckBox::toggled, this, [this, i] {
-            riviValittu(i);
-            paivitaSumma();
-        });
-        connect(tRiviSumma[i], &QLineEdit::textChanged, this, &frmMaksujenLuonti::paivitaSumma);
-    }
-    connect(tSumma, &QLineEdit::editingFinished, this, [this] {
-        if (!tSumma->text().isEmpty() && !Currency::parse(tSumma->text()))
-            Ilmoita(QStringLiteral("Syötetyn summan muoto ei ole kelvollinen."));
-    });
     for (QLineEdit *t : {tLaskunPaiva, tLaskunErapaiva})
         connect(t, &QLineEdit::editingFinished, this, [this, t] { paivaLahtiessa(t); });
     // The focus leaves the box or its line edit, depending on where the user typed.
@@ -78,7 +70,7 @@ void frmMaksujenLuonti::yhdista()
     cmbTilinumerot->installEventFilter(this);
 }
 
-bool frmMaksujenLuonti::eventFilter(QObject *kohde, QEvent *e)
+bool Laskutusikkuna::eventFilter(QObject *kohde, QEvent *e)
 {
     // F4 moves the batch to history here, also from a list box that would open on it.
     if (e->type() == QEvent::ShortcutOverride) {
@@ -103,7 +95,7 @@ bool frmMaksujenLuonti::eventFilter(QObject *kohde, QEvent *e)
     return QMainWindow::eventFilter(kohde, e);
 }
 
-void frmMaksujenLuonti::closeEvent(QCloseEvent *e)
+void Laskutusikkuna::closeEvent(QCloseEvent *e)
 {
     if (m_ajossa) {
         e->ignore();
@@ -112,13 +104,13 @@ void frmMaksujenLuonti::closeEvent(QCloseEvent *e)
     QMainWindow::closeEvent(e);
 }
 
-MaksujenLuontiLomake frmMaksujenLuonti::lomake() const
+LaskunYlatiedot Laskutusikkuna::ylatiedot() const
 {
-    MaksujenLuontiLomake l;
+    LaskunYlatiedot l;
     l.cmbMaksunOtsake = cmbMaksunOtsake->currentText();
     l.tLaskunPaiva = tLaskunPaiva->text();
     l.tLaskunErapaiva = tLaskunErapaiva->text();
-    l.tAiheTeksti = tAiheTeksti->text();
+    l.tAiheTeksti = tTilisiirronTeksti->text();
     l.tLisatietoja = tLisatietoja->toPlainText();
     l.chkJasenmaksu = chkJasenmaksu->isChecked();
     l.chkHenkKohtViite = chkHenkKohtViite->isChecked();
@@ -128,38 +120,23 @@ MaksujenLuontiLomake frmMaksujenLuonti::lomake() const
     for (int i = 0; i < cmbTilinumerot->count(); ++i)
         l.cmbTilinumerot << cmbTilinumerot->itemText(i);
     l.cmbTilinumerotValinta = cmbTilinumerot->currentIndex();
-    for (int i = 0; i < 4; ++i)
-        l.rivit[i] = {chkRivi[i]->isChecked(), tRiviTeksti[i]->text(), tRiviSumma[i]->text()};
-    l.tSumma = tSumma->text();
-    l.saajat.valittu = cmbNimet->currentIndex() >= 0;
-    l.saajat.tunniste = cmbNimet->currentData().toLongLong();
-    l.saajat.teksti = cmbNimet->currentText();
-    l.saajat.chkEiPerheellisille = chkEiPerheellisille->isChecked();
-    l.saajat.chkMuille = chkMuille->isChecked();
     return l;
 }
 
-void frmMaksujenLuonti::paivitaSumma()
+LaskunSaajat Laskutusikkuna::saajat() const
 {
-    Currency summa;
-    for (int i = 0; i < 4; ++i)
-        if (chkRivi[i]->isChecked())
-            if (const auto hinta = Currency::parse(tRiviSumma[i]->text()))
-                summa += *hinta;
-    tSumma->setText(summa.toString(2) + QStringLiteral(" €"));
+    LaskunSaajat s;
+    s.valittu = cmbNimet->currentIndex() >= 0;
+    s.tunniste = cmbNimet->currentData(Qt::UserRole).toLongLong();
+    s.teksti = cmbNimet->currentText();
+    s.chkEiPerheellisille = chkEiPerheellisille && chkEiPerheellisille->isChecked();
+    s.chkMuille = chkMuille->isChecked();
+    return s;
 }
 
-void frmMaksujenLuonti::riviValittu(int i)
-{
-    const bool paalla = chkRivi[i]->isChecked();
-    for (QLineEdit *t : {tRiviTeksti[i], tRiviSumma[i]}) {
-        if (!paalla)
-            t->clear();
-        t->setEnabled(paalla);
-    }
-}
+QVector<ListaRivi> Laskutusikkuna::nimet(db::Database &d) { return LaskutusNimet(d); }
 
-void frmMaksujenLuonti::paivaLahtiessa(QLineEdit *kentta)
+void Laskutusikkuna::paivaLahtiessa(QLineEdit *kentta)
 {
     if (kentta->text().trimmed().isEmpty())
         return;
@@ -175,7 +152,7 @@ void frmMaksujenLuonti::paivaLahtiessa(QLineEdit *kentta)
 }
 
 // The entry whose text the user typed becomes the selection; a text found nowhere leaves none.
-void frmMaksujenLuonti::nimiLahtiessa()
+void Laskutusikkuna::nimiLahtiessa()
 {
     const QString teksti = cmbNimet->currentText();
     if (cmbNimet->currentIndex() >= 0 && cmbNimet->itemText(cmbNimet->currentIndex()) == teksti)
@@ -186,17 +163,17 @@ void frmMaksujenLuonti::nimiLahtiessa()
         cmbNimet->setEditText(teksti);
 }
 
-void frmMaksujenLuonti::taytaNimet(db::Database &d)
+void Laskutusikkuna::taytaNimet(db::Database &d)
 {
     if (!m_nimet) {
         m_nimet = new Nimimalli(cmbNimet);
         cmbNimet->setModel(m_nimet);
     }
-    m_nimet->aseta(LaskutusNimet(d));
+    m_nimet->aseta(nimet(d));
     cmbNimet->setCurrentIndex(0);
 }
 
-void frmMaksujenLuonti::taytaOtsakkeet()
+void Laskutusikkuna::taytaOtsakkeet()
 {
     const QString teksti = cmbMaksunOtsake->currentText();
     auto d = tietue::AvaaKanta();
@@ -207,7 +184,7 @@ void frmMaksujenLuonti::taytaOtsakkeet()
     cmbMaksunOtsake->setEditText(teksti);
 }
 
-void frmMaksujenLuonti::otsakeLahtiessa()
+void Laskutusikkuna::otsakeLahtiessa()
 {
     auto d = tietue::AvaaKanta();
     if (const auto uusi = MuistaOtsake(*d, cmbMaksunOtsake->currentText())) {
@@ -217,7 +194,7 @@ void frmMaksujenLuonti::otsakeLahtiessa()
     }
 }
 
-void frmMaksujenLuonti::poistaOtsake()
+void Laskutusikkuna::poistaOtsake()
 {
     const int i = cmbMaksunOtsake->currentIndex();
     if (i < 0 || cmbMaksunOtsake->itemText(i) != cmbMaksunOtsake->currentText()) {
@@ -231,7 +208,7 @@ void frmMaksujenLuonti::poistaOtsake()
     taytaOtsakkeet();
 }
 
-void frmMaksujenLuonti::kohdista(const QString &nimi)
+void Laskutusikkuna::kohdista(const QString &nimi)
 {
     if (nimi.isEmpty())
         return;
@@ -242,16 +219,15 @@ void frmMaksujenLuonti::kohdista(const QString &nimi)
     }
 }
 
-void frmMaksujenLuonti::lisaa()
+void Laskutusikkuna::lisaa()
 {
     if (m_ajossa)
         return;
     nimiLahtiessa();
-    const MaksujenLuontiLomake l = lomake();
     const bool jasenikkuna = JasenrekisteriAuki();
     Laskutustulos tulos;
     const bool valmis = ajaPalkilla(m_ajossa, ProgressBar1, cKeskeyta, m_ajonAikanaPois,
-                                    [&](const Ajo &ajo) { tulos = LisaaJasenmaksut(ajo, l, jasenikkuna); });
+                                    [&](const Ajo &ajo) { tulos = aja(ajo, jasenikkuna); });
     if (!valmis)
         return;
     if (tulos.virhe) {
@@ -262,32 +238,40 @@ void frmMaksujenLuonti::lisaa()
     Ilmoita(tulos.viesti);
 }
 
-void frmMaksujenLuonti::historiaan()
+void Laskutusikkuna::avaaToinen(Laskuikkuna laji)
+{
+    if (laji == Laskuikkuna::Perhe)
+        AvaaPerhelaskut(parentWidget());
+    else if (laji == Laskuikkuna::Ominaisuus)
+        AvaaOminaisuuslaskut(parentWidget());
+}
+
+void Laskutusikkuna::historiaan()
 {
     if (m_ajossa)
         return;
     QString viesti;
     const bool valmis = ajaPalkilla(m_ajossa, ProgressBar1, cKeskeyta, m_ajonAikanaPois, [&](const Ajo &ajo) {
-        viesti = SiirraHistoriaan(ajo, Laskuikkuna::Perus);
+        viesti = SiirraHistoriaan(ajo, m_asetelma.laji);
     });
     if (valmis)
         Ilmoita(viesti);
 }
 
-void frmMaksujenLuonti::poista()
+void Laskutusikkuna::poista()
 {
     if (m_ajossa)
         return;
     QString viesti;
     const bool jasenikkuna = JasenrekisteriAuki();
     const bool valmis = ajaPalkilla(m_ajossa, ProgressBar1, cKeskeyta, m_ajonAikanaPois, [&](const Ajo &ajo) {
-        viesti = PoistaLisatytLaskut(ajo, Laskuikkuna::Perus, jasenikkuna);
+        viesti = PoistaLisatytLaskut(ajo, m_asetelma.laji, jasenikkuna);
     });
     if (valmis && !viesti.isEmpty())
         Ilmoita(viesti);
 }
 
-void frmMaksujenLuonti::tulostaLista(const QString &tiedosto, const QString &otsikko)
+void Laskutusikkuna::tulostaLista(const QString &tiedosto, const QString &otsikko)
 {
     if (!NaytaTulostusasetukset(false, this))
         return;
