@@ -39,6 +39,18 @@ QVector<ListaRivi> OminaisuusValinnat(db::Database &db)
     return rivit;
 }
 
+QVector<ListaRivi> MyyntilajiValinnat(db::Database &db)
+{
+    QVector<ListaRivi> rivit{{0, QStringLiteral("-Ei myyntilajia-")}};
+    db::Statement st(db, QStringLiteral("SELECT mlID, mlNumero, mlNimi FROM ml ORDER BY mlNimi COLLATE FI, mlID"));
+    while (st.next()) {
+        const QString numero = NullText(st.value(1));
+        const QString nimi = NullText(st.value(2));
+        rivit.append({NullLong(st.value(0)), numero.isEmpty() ? nimi : numero + QLatin1Char('/') + nimi});
+    }
+    return rivit;
+}
+
 QVector<ListaRivi> LaskuOtsakkeet(db::Database &db)
 {
     QVector<ListaRivi> rivit;

@@ -16,6 +16,10 @@ QVector<ListaRivi> PerhelaskuNimet(db::Database &db);
 // The attribute rows' boxes: "---" (0), then every attribute by name (piID).
 QVector<ListaRivi> OminaisuusValinnat(db::Database &db);
 
+// The sales types of a row: "-Ei myyntilajia-" (0), then "number/name" (only the name when the
+// number is empty) by name (mlID).
+QVector<ListaRivi> MyyntilajiValinnat(db::Database &db);
+
 // The headings by name; those that are only blanks are left out.
 QVector<ListaRivi> LaskuOtsakkeet(db::Database &db);
 // Remembers a heading not yet stored (the same letters in another case count as stored) and

@@ -182,6 +182,13 @@ cJasenryhma::cJasenryhma(QObject *parent) : cKoodi(QStringLiteral("Jasenryhma"),
 
 cMaa::cMaa(QObject *parent) : cKoodi(QStringLiteral("Maa"), {QStringLiteral("TulosteTeksti")}, parent) {}
 
+cMyyntilaji::cMyyntilaji(QObject *parent)
+    : cKoodirivi(Taulu{QStringLiteral("ml"), QStringLiteral("mlID"), QStringLiteral("mlID"),
+                       {QStringLiteral("mlNumero"), QStringLiteral("mlNimi")}, 1, QStringLiteral("mlNimi COLLATE FI, mlID")},
+                 parent)
+{
+}
+
 cPostinumero::cPostinumero(QObject *parent)
     : cKoodirivi(Taulu{QStringLiteral("Postinumero"), QStringLiteral("Postinumero_ID"), QStringLiteral("Postinumero"),
                        {QStringLiteral("Postinumero"), QStringLiteral("Postitoimipaikka")}, 1,

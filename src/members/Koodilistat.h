@@ -144,6 +144,17 @@ public:
     void setTulosteTeksti(const QString &v) { asetaKentta(2, v); }
 };
 
+// The sales types of the invoice rows: an accounting number and a name, listed by name.
+class cMyyntilaji : public cKoodirivi {
+    Q_OBJECT
+public:
+    explicit cMyyntilaji(QObject *parent = nullptr);
+    QString Numero() const { return kentta(0); }
+    void setNumero(const QString &v) { asetaKentta(0, v); }
+    QString Nimi() const { return kentta(1); }
+    void setNimi(const QString &v) { asetaKentta(1, v); }
+};
+
 class cPostinumero : public cKoodirivi {
     Q_OBJECT
 public:

@@ -3,6 +3,7 @@
 #include "core/Asetukset.h"
 #include "core/MainModule.h"
 #include "invoicing/ui/frmOminLasku.h"
+#include "invoicing/ui/frmPROMaksujenLuonti.h"
 #include "invoicing/ui/frmPerhelasku.h"
 #include "platform/kello.h"
 #include "scripteddialogs.h"
@@ -100,6 +101,25 @@ private slots:
         QCOMPARE(s.maara(QStringLiteral("jmRivi WHERE jmRTeksti LIKE 'Talkoovuorot % kpl' AND jmRTeksti NOT LIKE '%<%'")), haltijoita);
         QTest::keyClick(s.w, Qt::Key_F4);
         QCOMPARE(s.maara(QStringLiteral("jmhist WHERE jmhjmOmin = 1 AND jmhjmPerhe = 0 AND jmhjmLaskupaiva = '2027-03-01'")), haltijoita);
+        QVERIFY(s.dlg.unexpected.isEmpty());
+    }
+
+    void myyntilajeittainEsittelyseuralle()
+    {
+        Ikkuna<frmPROMaksujenLuonti> s;
+        QVERIFY(!s.w->mLaskupohjat);
+        const int lajeja = s.maara(QStringLiteral("ml"));
+        QCOMPARE(s.w->cmbMyyntiLaji[1]->count(), lajeja + 1);
+        QCOMPARE(s.w->cmbMyyntiLaji[1]->itemText(0), QStringLiteral("-Ei myyntilajia-"));
+        s.rasti(s.w->chkRivi[1]);
+        testi::kirjoita(s.w->tRiviTeksti[1], QStringLiteral("Seuratuote"));
+        testi::kirjoita(s.w->tRiviSumma[1], QStringLiteral("12,50"));
+        s.w->cmbMyyntiLaji[1]->setCurrentIndex(2);
+        const qint64 mlID = s.w->cmbMyyntiLaji[1]->currentData().toLongLong();
+        testi::korvaa(s.w->cmbNimet->lineEdit(), s.w->cmbNimet->itemText(s.w->cmbNimet->count() - 1));
+        QTest::keyClick(s.w, Qt::Key_F2);
+        QCOMPARE(s.viimeinen(), QStringLiteral("Lisätty 1 lasku."));
+        QCOMPARE(s.maara(QStringLiteral("jmRivi JOIN jm ON jmID = jmRjmID WHERE jmRTeksti = 'Seuratuote' AND jmRmlID = %1").arg(mlID)), 1);
         QVERIFY(s.dlg.unexpected.isEmpty());
     }
 };

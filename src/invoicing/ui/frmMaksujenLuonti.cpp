@@ -2,6 +2,7 @@
 
 #include "core/Ilmoitukset.h"
 #include "core/ui/Tietueikkuna.h"
+#include "invoicing/ui/frmPROMaksujenLuonti.h"
 #include "platform/currency.h"
 
 #include <QCheckBox>
@@ -9,6 +10,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPointer>
 
 frmMaksujenLuonti::frmMaksujenLuonti(QWidget *parent)
@@ -16,6 +18,11 @@ frmMaksujenLuonti::frmMaksujenLuonti(QWidget *parent)
                                  QStringLiteral("Laskutettavat:")})
 {
     rakenna();
+    // The sales-type run stands beside this one.
+    QAction *pro = new QAction(QStringLiteral("Laskutus myyntilajeittain"), this);
+    pro->setObjectName(QStringLiteral("mMyyntilajeittain"));
+    mLaskut->insertAction(mLaskut->actions().value(mLaskut->actions().size() - 2), pro);
+    connect(pro, &QAction::triggered, this, [this] { tietue::Suojattu([this] { AvaaLaskutusPro(parentWidget()); }); });
     resize(940, 560);
 }
 

@@ -7,6 +7,7 @@
 
 #include "members/ui/frmJasenlajit.h"
 #include "members/ui/frmJasenryhmat.h"
+#include "members/ui/frmPROMyyntilajit.h"
 #include "members/ui/frmPostinumerot.h"
 #include "core/Ilmoitukset.h"
 
@@ -166,6 +167,7 @@ void frmJasen::RakennaValikot()
     Komento(koodistot, "mJasenlajit", QStringLiteral("Jäsenlajit"), [this] { AvaaJasenlajit(this); });
     Komento(koodistot, "mJasenryhmat", QStringLiteral("Jäsenryhmät"), [this] { AvaaJasenryhmat(this); });
     Komento(koodistot, "mPostinumerot", QStringLiteral("Postinumerot"), [this] { AvaaPostinumerot(this); });
+    Komento(koodistot, "mMyyntilajit", QStringLiteral("Myyntilajit"), [this] { AvaaMyyntilajit(this); });
 }
 
 QWidget *frmJasen::RakennaPainikkeet()
