@@ -1,7 +1,6 @@
-// Saving in the member window as a user meets it: automatic numbers in the demonstration club and
-// in a register whose numbers run ahead of the counter, and a save that keeps what another path
-// wrote to the same member while the window showed him.
-#include "core/Asetukset.h"
+// Saving in the member window as a user meets it: automatic numbers in a register whose numbers
+// run ahead of the counter, and a save that keeps what another path wrote to the same member
+// while the window showed him.
 #include "jasenikkuna.h"
 #include "members/Hakuehdot.h"
 #include "members/JasenMaksut.h"
@@ -17,25 +16,6 @@ class TestFrmJasenTallennus : public QObject {
     Q_OBJECT
 
 private slots:
-    // The demonstration club takes its first new member with the number it suggests.
-    void esittelyseuraanUusiJasen()
-    {
-        JasenSeura s(150);
-        LueAsetukset(*s.d);
-        QVERIFY(MainModule::AutoJasennumero);
-        QVERIFY(s.avaa());
-        QTest::keyClick(s.w, Qt::Key_F2);
-        QCOMPARE(s.w->Data1()->editMode(), EditMode::AddNew);
-        const QString numero = s.teksti(iJasennumero);
-        testi::kirjoita(s.w->tYhteystiedot[iSukunimi], u"Uusikari"_s);
-        testi::kirjoita(s.w->tYhteystiedot[iEtunimi], u"Ulla"_s);
-        QTest::keyClick(s.w, Qt::Key_F3);
-        QCOMPARE(s.dlg.messages(), QStringList());
-        QCOMPARE(s.w->Data1()->editMode(), EditMode::None);
-        QCOMPARE(s.maara(u"jr WHERE jrSukunimi = 'Uusikari' AND jrJasennumero = ?"_s, {numero}), 1);
-        QCOMPARE(s.maara(u"jr"_s), 151);
-    }
-
     // A counter behind the register's numbers (an import, numbers typed by hand) steps to the
     // first free number above it, for a new member and a copy alike, and moves on past it.
     void varattuNumeroOhitetaan_data()
