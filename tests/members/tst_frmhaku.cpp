@@ -163,8 +163,7 @@ private slots:
     void typingInOneContactBoxEmptiesTheOthers()
     {
         Seura s;
-        QString email, puhelin, osoite, kirjoitettu;
-        int emailRiveja = 0;
+        QString tekstit;
         kunAuki([&](QDialog *) {
             frmHaku *d = frmHaku::ladattu();
             avaaLista(d->cmbOsoite);
@@ -172,22 +171,15 @@ private slots:
             emit d->cmbOsoite->activated(d->cmbOsoite->currentIndex());
             kirjoita(d->cmbEmail->lineEdit(), u"matti@"_s);
             d->cmbEmail->completer()->popup()->hide();
-            osoite = d->cmbOsoite->currentText();
             // The list is read at the first letter, and what was typed stays.
-            kirjoitettu = d->cmbEmail->currentText();
-            emailRiveja = d->cmbEmail->count();
+            tekstit = d->cmbOsoite->currentText() + u'|' + d->cmbEmail->currentText();
             kirjoita(d->cmbPuhelin->lineEdit(), u"0"_s);
             d->cmbPuhelin->completer()->popup()->hide();
-            email = d->cmbEmail->currentText();
-            puhelin = d->cmbPuhelin->currentText();
+            tekstit += u'|' + d->cmbEmail->currentText() + u'|' + d->cmbPuhelin->currentText();
             testi::paina(d->cPeruHaku[2]);
         });
         QCOMPARE(frmHaku::hae(nullptr), 0);
-        QCOMPARE(osoite, QString());
-        QCOMPARE(kirjoitettu, u"matti@"_s);
-        QCOMPARE(emailRiveja, 1);
-        QCOMPARE(email, QString());
-        QCOMPARE(puhelin, u"0"_s);
+        QCOMPARE(tekstit, u"|matti@||0"_s);
         QVERIFY(s.dlg.messages().isEmpty());
     }
 
@@ -237,20 +229,18 @@ private slots:
         QCOMPARE(frmHaku::hae(nullptr), s.makinen);
         const qint64 uusi = hakuseura::lisaa(*s.db, {u"Uusi"_s, {}, {}, u"999"_s});
         int rivejaNyt = 0;
-        QString numero, sana;
+        QString tekstit;
         kunAuki([&](QDialog *) {
             frmHaku *d = frmHaku::ladattu();
             rivejaNyt = d->cmbJasenNro->count();
-            numero = d->cmbJasenNro->currentText();
-            sana = d->tMuistioHakuSana->text();
+            tekstit = d->cmbJasenNro->currentText() + d->tMuistioHakuSana->text();
             kirjoita(d->cmbJasenNro->lineEdit(), u"999"_s);
             d->cmbJasenNro->completer()->popup()->hide();
             testi::paina(d->cHae);
         });
         QCOMPARE(frmHaku::hae(nullptr), uusi); // a typed value finds him
         QCOMPARE(rivejaNyt, 4);                // though the list was read before he came
-        QCOMPARE(numero, QString());
-        QCOMPARE(sana, QString());
+        QCOMPARE(tekstit, QString());          // the boxes were emptied
     }
 
     void cancelUndoAndEscapeFindNothing()
@@ -288,35 +278,28 @@ private slots:
         QCOMPARE(frmHaku::ladattu(), nullptr);
     }
 
+    // An empty name is asked for, the label tells what was found, and Enter on a row opens him.
     void nameSearchFindsAndOpens()
     {
         Seura s;
-        QString viesti, tyhja, eiLoydy;
-        QStringList rivit;
+        QStringList viestit;
         kunAuki([&](QDialog *dd) {
             auto *d = qobject_cast<frmNimiHaku *>(dd);
             QVERIFY(d);
             testi::paina(d->cSearch);
-            tyhja = d->lblSearchMessage->text();
-            kirjoita(d->tSukunimi, u"zz"_s);
-            QTest::keyClick(d->tSukunimi, Qt::Key_Return);
-            eiLoydy = d->lblSearchMessage->text();
-            d->tSukunimi->clear();
-            kirjoita(d->tSukunimi, u"IRTA"_s);
-            QTest::keyClick(d->tSukunimi, Qt::Key_Return);
-            viesti = d->lblSearchMessage->text();
-            for (int i = 0; i < d->lstFoundJR->model()->rowCount(); ++i)
-                rivit << d->lstFoundJR->model()->index(i, 0).data().toString();
+            for (const QString &nimi : {u"zz"_s, u"IRTA"_s}) {
+                d->tSukunimi->clear();
+                kirjoita(d->tSukunimi, nimi);
+                QTest::keyClick(d->tSukunimi, Qt::Key_Return);
+                viestit << d->lblSearchMessage->text();
+            }
             d->lstFoundJR->setCurrentIndex(d->lstFoundJR->model()->index(1, 0));
             QTest::keyClick(d->lstFoundJR, Qt::Key_Return);
         });
         QCOMPARE(frmNimiHaku::hae(nullptr), s.virtala);
         QCOMPARE(HaettuJasenID, s.virtala);
         QCOMPARE(s.dlg.messages(), QStringList{u"Kirjoita haettava nimi."_s});
-        QCOMPARE(tyhja, QString());
-        QCOMPARE(eiLoydy, u"Ei löytynyt."_s);
-        QCOMPARE(viesti, u"Löytyi: 2"_s);
-        QCOMPARE(rivit, (QStringList{u"Virtanen Matti - Helsinki"_s, u"Virtala Maija - Turku"_s}));
+        QCOMPARE(viestit, (QStringList{u"Ei löytynyt."_s, u"Löytyi: 2"_s}));
     }
 
     // A double click on a found name opens him; the apostrophe reaches the search as typed.
@@ -337,8 +320,8 @@ private slots:
     // ---- code-list windows ----
 
     // The three code-list windows share one way of working: the list in code order, the list row
-    // following the typing, Ctrl+Z and Peru, a click in the
-    // list, a delete after its question, and a row left unsaved stored when the window closes.
+    // following the typing, Ctrl+Z and Peru, a click in the list, a delete after its question,
+    // and a row left unsaved stored when the window closes.
     void koodilistaIkkunat_data()
     {
         QTest::addColumn<QString>("ikkuna");
@@ -369,15 +352,12 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(w));
         const QList<QLineEdit *> laatikot = w->findChildren<QLineEdit *>();
         QLineEdit *koodi = laatikot.value(0), *nimi = laatikot.value(1);
-        QCOMPARE(w->tvwLista->topLevelItemCount(), 0);
-        QVERIFY(!w->cPoista->isEnabled() && !w->cTallenna->isEnabled());
 
         const QHash<QString, QString> nimet{{u"2"_s, u"Varsinainen"_s}, {u"01"_s, u"Kunnia'jäsen"_s}, {u"1"_s, u"Nuori; alle 18"_s}};
         for (const QString &k : {u"2"_s, u"01"_s, u"1"_s}) {
             testi::paina(w->cUusi);
             kirjoita(koodi, k);
             kirjoita(nimi, nimet[k]);
-            QVERIFY(w->cTallenna->isEnabled());
             testi::paina(w->cTallenna);
         }
         QCOMPARE(puu(w->tvwLista), (QStringList{u"01 Kunnia'jäsen"_s, u"1 Nuori; alle 18"_s, u"2 Varsinainen"_s}));
@@ -394,7 +374,6 @@ private slots:
         kirjoita(nimi, u"x"_s);
         testi::paina(w->cPeru);
         QCOMPARE(nimi->text(), nimet[askeleet[1]]);
-        QVERIFY(!w->cTallenna->isEnabled());
 
         w->tvwLista->setCurrentItem(w->tvwLista->topLevelItem(2));
         QTRY_COMPARE(koodi->text(), u"2"_s);
@@ -404,7 +383,6 @@ private slots:
         s.dlg.no();
         testi::paina(w->cPoista);
         QCOMPARE(s.dlg.shown.last().text, kysymys);
-        QCOMPARE(w->tvwLista->topLevelItemCount(), 3);
         s.dlg.yes();
         testi::paina(w->cPoista);
         QCOMPARE(koodi->text(), askeleet[1]);
@@ -417,11 +395,9 @@ private slots:
         // With the last row gone the boxes take a new one, stored when the window closes.
         s.dlg.yes();
         testi::paina(w->cPoista);
-        QCOMPARE(w->tvwLista->topLevelItemCount(), 0);
         kirjoita(koodi, u"3"_s);
         kirjoita(nimi, u"Toimikunta"_s);
         testi::paina(w->cSulje);
-        QVERIFY(!w->isVisible());
         delete w;
         QCOMPARE(s.db->scalar(sql).toString(), u"Toimikunta"_s);
         QVERIFY(s.dlg.unexpected.isEmpty());
@@ -443,7 +419,6 @@ private slots:
         }
         QCOMPARE(s.dlg.messages(), QStringList{u"Postinumero 00100 on jo luettelossa."_s});
         QCOMPARE(w.tPostitoimipaikka->text(), u"Toinen"_s);
-        QVERIFY(w.cTallenna->isEnabled());
         QCOMPARE(s.db->scalar(u"SELECT group_concat(Postitoimipaikka) FROM Postinumero"_s).toString(), u"HELSINKI"_s);
         w.tPostinumero->setText(u"00200"_s);
         testi::paina(w.cTallenna);
