@@ -143,6 +143,18 @@ private slots:
         QCOMPARE(LiitaPiirre(*d, jr, pi + 100), 0);
         QCOMPARE(maara(*d, u"pt"_s), 1);
 
+        // The member's list in the order attached skips an attachment without a definition,
+        // and leaves it in the table.
+        const qint64 a = uusiPiirre(*d, u"Aktiivi"_s);
+        liitos(*d, jr, 999);
+        const qint64 pt3 = liitos(*d, jr, a);
+        liitos(*d, uusiJasen(*d, u"Laine"_s), a);
+        const auto lista = JasenenPiirteet(*d, jr);
+        QCOMPARE(lista.size(), 2);
+        QVERIFY(lista[0].id == pt && lista[1].id == pt3);
+        QCOMPARE(lista[1].teksti, u"Aktiivi"_s);
+        QCOMPARE(maara(*d, u"pt WHERE ptpiID = 999"_s), 1);
+
         // With its definition deleted the attachment shows no value boxes; then it goes too.
         PiirreNakyma n = LuePiirre(*d, pt);
         QVERIFY(n.loytyi && n.maaritys && !n.arvot.kaytossa[2]);
@@ -154,62 +166,34 @@ private slots:
         QVERIFY(!LuePiirre(*d, pt).loytyi);
     }
 
-    void jasenenListaOhittaaOrvot()
-    {
-        const qint64 jr = uusiJasen(*d, u"Virtanen"_s);
-        const qint64 toinen = uusiJasen(*d, u"Laine"_s);
-        const qint64 b = uusiPiirre(*d, u"Bändi"_s);
-        const qint64 a = uusiPiirre(*d, u"Aktiivi"_s);
-        const qint64 pt1 = liitos(*d, jr, b);
-        liitos(*d, jr, 999);
-        const qint64 pt3 = liitos(*d, jr, a);
-        liitos(*d, toinen, a);
-        const auto lista = JasenenPiirteet(*d, jr);
-        QCOMPARE(lista.size(), 2);
-        QVERIFY(lista[0].id == pt1 && lista[1].id == pt3);
-        QCOMPARE(lista[1].teksti, u"Aktiivi"_s);
-        // The orphan is skipped, not removed.
-        QCOMPARE(maara(*d, u"pt WHERE ptpiID = 999"_s), 1);
-    }
-
-    void arvonTallennus_data()
-    {
-        QTest::addColumn<QString>("kaytossa"); // types in use of the panel: d, l, r, m
-        QTest::addColumn<QStringList>("tekstit");
-        QTest::addColumn<QString>("odotus");
-        QTest::addColumn<QString>("tyhjennettavat");
-        const QStringList hyvat{u"24.12.2024"_s, u"7"_s, u"10,5"_s, u"uusi"_s};
-        QTest::newRow("kaikki") << "dlrm" << hyvat << "2024-12-24|7|105000|uusi" << "";
-        QTest::newRow("päivä pois käytöstä pitää arvonsa") << "lrm" << hyvat << "2000-01-01|7|105000|uusi" << "";
-        QTest::newRow("huonot tyhjiksi") << "dlrm"
-                                         << QStringList{u"ei"_s, u"a"_s, u"x"_s, QString()}
-                                         << "N|N|N|N" << "dlr";
-        QTest::newRow("heittomerkki muistiossa") << "m"
-                                                 << QStringList{QString(), QString(), QString(), u"O'Connor's \"x\"; --"_s}
-                                                 << "2000-01-01|1|10000|O'Connor's \"x\"; --" << "";
-    }
+    // A value stored from the panel: the types not in use keep their values, values that are no
+    // values are stored empty and their boxes emptied, a memo is text.
     void arvonTallennus()
     {
-        QFETCH(QString, kaytossa);
-        QFETCH(QStringList, tekstit);
-        QFETCH(QString, odotus);
-        QFETCH(QString, tyhjennettavat);
         const qint64 jr = uusiJasen(*d, u"Virtanen"_s);
         const qint64 pi = uusiPiirre(*d, u"Kaikki"_s, kaikki);
-        d->execute(QStringLiteral("INSERT INTO pt (ptjrID, ptpiID, ptValDate, ptValLong, ptValCurrency, ptValMemo) "
-                                  "VALUES (?, ?, '2000-01-01', 1, 10000, 'vanha')"),
-                   {jr, pi});
-        const qint64 pt = d->lastInsertId();
-        const Tyypit k{kaytossa.contains(QChar('d')), kaytossa.contains(QChar('l')),
-                       kaytossa.contains(QChar('r')), kaytossa.contains(QChar('m'))};
-        const auto t = TallennaPiirreArvo(*d, pt, syote(k, tekstit[0], tekstit[1], tekstit[2], tekstit[3]));
-        QCOMPARE(arvot(*d, pt), odotus);
-        QString tyhjat;
-        const char kirjaimet[] = "dlrm";
-        for (int i = 0; i < 4; ++i)
-            if (t.tyhjenna[size_t(i)])
-                tyhjat += QChar(kirjaimet[i]);
-        QCOMPARE(tyhjat, tyhjennettavat);
+        const QStringList hyvat{u"24.12.2024"_s, u"7"_s, u"10,5"_s, u"uusi"_s};
+        const struct {
+            Tyypit kaytossa;
+            QStringList tekstit;
+            QString odotus, tyhjennettavat;
+        } tapaukset[] = {{kaikki, hyvat, u"2024-12-24|7|105000|uusi"_s, u""_s},
+                         {{false, true, true, true}, hyvat, u"2000-01-01|7|105000|uusi"_s, u""_s},
+                         {kaikki, {u"ei"_s, u"a"_s, u"x"_s, QString()}, u"N|N|N|N"_s, u"dlr"_s},
+                         {{false, false, false, true}, {{}, {}, {}, u"O'Connor's \"x\"; --"_s}, u"2000-01-01|1|10000|O'Connor's \"x\"; --"_s, u""_s}};
+        for (const auto &t : tapaukset) {
+            d->execute(u"INSERT INTO pt (ptjrID, ptpiID, ptValDate, ptValLong, ptValCurrency, ptValMemo) "
+                       "VALUES (?, ?, '2000-01-01', 1, 10000, 'vanha')"_s,
+                       {jr, pi});
+            const qint64 pt = d->lastInsertId();
+            const auto tulos = TallennaPiirreArvo(*d, pt, syote(t.kaytossa, t.tekstit[0], t.tekstit[1], t.tekstit[2], t.tekstit[3]));
+            QCOMPARE(arvot(*d, pt), t.odotus);
+            QString tyhjat;
+            for (int i = 0; i < 4; ++i)
+                if (tulos.tyhjenna[size_t(i)])
+                    tyhjat += QChar("dlrm"[i]);
+            QCOMPARE(tyhjat, t.tyhjennettavat);
+        }
     }
 
     // Deleting a definition takes its attachments and its rows of mt.
@@ -269,20 +253,17 @@ private slots:
         const MaaritysNakyma n = LueMaaritysRivi(*rs);
         QCOMPARE(n.lomake.tLong, u"12"_s);
         QVERIFY(!n.kaytossa[0].has_value()); // a Null flag is no answer
-    }
 
-    // Opening the list of definitions drops the blank rows; a row without a name but with anything
-    // else stays and sorts first.
-    void tyhjatPoistetaanListanAlusta()
-    {
+        // Opening the list of definitions drops the blank rows; a row without a name but with
+        // anything else stays and sorts first.
         uusiPiirre(*d, QVariant()); // described
         d->execute(u"INSERT INTO pi (piNimi) VALUES ('')"_s);
         uusiPiirre(*d, u"Bee"_s);
         d->execute(u"INSERT INTO pi (piNimi) VALUES (NULL)"_s);
         liitos(*d, uusiJasen(*d, u"Berg"_s), d->lastInsertId()); // held by somebody
-        QCOMPARE(Maaritykset(*d, false).size(), 4);
+        QCOMPARE(Maaritykset(*d, false).size(), 5);
         const auto pit = Maaritykset(*d, true);
-        QCOMPARE(pit.size(), 3);
+        QCOMPARE(pit.size(), 4);
         QCOMPARE(pit[0].teksti, QString());
     }
 
@@ -319,45 +300,38 @@ private slots:
         QVERIFY(!Moniliitos(*d, kaikille, {a}, huono, true).tyhjenna[0]);
     }
 
-    void syntymapaiva_data()
-    {
-        QTest::addColumn<QString>("vanhin");
-        QTest::addColumn<QString>("nuorin");
-        QTest::addColumn<bool>("vainUusille");
-        QTest::addColumn<QString>("saajat");
-        // Members: a 1980-01-01, b 1985-06-15 (holds the attribute), c 1990-12-31, n no birth date.
-        QTest::newRow("väli") << "1.1.1980" << "15.6.1985" << false << "ab";
-        QTest::newRow("sama päivä molemmissa") << "15.6.1985" << "15.6.1985" << false << "b";
-        QTest::newRow("vain vanhin") << "1.6.1985" << "" << false << "bc";
-        QTest::newRow("vain uusille") << "1.1.1900" << "31.12.2100" << true << "ac";
-        QTest::newRow("väli väärin päin") << "1.1.1990" << "1.1.1980" << false << "";
-    }
+    // Attaching by birth date: the limits are inclusive, either may be left open, a range the
+    // wrong way round gives nobody, and "only new" skips the holders; no birth date, no attachment.
     void syntymapaiva()
     {
-        QFETCH(QString, vanhin);
-        QFETCH(QString, nuorin);
-        QFETCH(bool, vainUusille);
-        QFETCH(QString, saajat);
         QMap<qint64, QChar> nimi;
-        nimi.insert(uusiJasen(*d, u"a"_s, u"1980-01-01"_s), QChar('a'));
+        nimi.insert(uusiJasen(*d, u"a"_s, u"1980-01-01"_s), u'a');
         const qint64 b = uusiJasen(*d, u"b"_s, u"1985-06-15"_s);
-        nimi.insert(b, QChar('b'));
-        nimi.insert(uusiJasen(*d, u"c"_s, u"1990-12-31 00:00:00"_s), QChar('c'));
-        nimi.insert(uusiJasen(*d, u"n"_s), QChar('n'));
+        nimi.insert(b, u'b');
+        nimi.insert(uusiJasen(*d, u"c"_s, u"1990-12-31 00:00:00"_s), u'c');
+        nimi.insert(uusiJasen(*d, u"n"_s), u'n');
         const qint64 pi = uusiPiirre(*d, u"Juniori"_s, {false, false, true, false});
         const qint64 vanha = liitos(*d, b, pi);
-
-        const LiitosTulos t = LisaaSyntymapaivanPerusteella(*d, pi, ParsePaiva(vanhin), ParsePaiva(nuorin),
-                                                             syote({false, false, true, false}, {}, {}, u"15"_s),
-                                                             vainUusille);
-        QString saivat;
-        db::Statement st(*d, u"SELECT ptjrID, ptValCurrency FROM pt WHERE ptID <> ? ORDER BY ptID"_s, {vanha});
-        while (st.next()) {
-            saivat += nimi.value(st.value(0).toLongLong());
-            QCOMPARE(st.value(1).toLongLong(), 150000);
+        const struct {
+            QString vanhin, nuorin;
+            bool vainUusille;
+            QString saajat;
+        } tapaukset[] = {{u"1.1.1980"_s, u"15.6.1985"_s, false, u"ab"_s}, {u"15.6.1985"_s, u"15.6.1985"_s, false, u"b"_s},
+                         {u"1.6.1985"_s, u""_s, false, u"bc"_s},          {u"1.1.1900"_s, u"31.12.2100"_s, true, u"ac"_s},
+                         {u"1.1.1990"_s, u"1.1.1980"_s, false, u""_s}};
+        for (const auto &t : tapaukset) {
+            d->execute(u"DELETE FROM pt WHERE ptID <> ?"_s, {vanha});
+            const LiitosTulos tulos = LisaaSyntymapaivanPerusteella(*d, pi, ParsePaiva(t.vanhin), ParsePaiva(t.nuorin),
+                                                                    syote({false, false, true, false}, {}, {}, u"15"_s), t.vainUusille);
+            QString saivat;
+            db::Statement st(*d, u"SELECT ptjrID, ptValCurrency FROM pt WHERE ptID <> ? ORDER BY ptID"_s, {vanha});
+            while (st.next()) {
+                saivat += nimi.value(st.value(0).toLongLong());
+                QCOMPARE(st.value(1).toLongLong(), 150000);
+            }
+            QCOMPARE(saivat, t.saajat);
+            QCOMPARE(tulos.lisatty, t.saajat.size());
         }
-        QCOMPARE(saivat, saajat);
-        QCOMPARE(t.lisatty, saajat.size());
     }
 
     void poisto()
