@@ -1,7 +1,6 @@
 #include "core/MainModule.h"
 #include "hakuseura.h"
 #include "members/Jasenhaku.h"
-#include "members/Koodilistat.h"
 #include "members/ui/frmHaku.h"
 #include "members/ui/frmJasenlajit.h"
 #include "members/ui/frmJasenryhmat.h"
@@ -100,43 +99,32 @@ private slots:
         QCOMPARE(testi::avaamatta(), 0);
     }
 
-    void basicSearchByMemberNumber_data()
-    {
-        QTest::addColumn<QString>("kirjoitettu");
-        QTest::addColumn<bool>("listasta");
-        QTest::addColumn<QString>("odotettu");
-        QTest::addColumn<QStringList>("viestit");
-        QTest::newRow("typed") << u"12"_s << false << u"virtanen"_s << QStringList();
-        QTest::newRow("chosen from the list") << u"120"_s << true << u"virtala"_s << QStringList();
-        QTest::newRow("apostrophe") << u"1'2"_s << false << QString() << QStringList{u"Jäsennumerolla ei löydy jäsentä."_s};
-    }
-
+    // A member number typed or chosen from the list finds its member; one nobody has is told of,
+    // and the dialog stays open for another try.
     void basicSearchByMemberNumber()
     {
-        QFETCH(QString, kirjoitettu);
-        QFETCH(bool, listasta);
-        QFETCH(QString, odotettu);
-        QFETCH(QStringList, viestit);
         Seura s;
         bool aukiViestinJalkeen = false;
         kunAuki([&](QDialog *) {
             frmHaku *d = frmHaku::ladattu();
-            if (listasta) {
-                avaaLista(d->cmbJasenNro);
-                d->cmbJasenNro->setCurrentIndex(d->cmbJasenNro->findText(kirjoitettu));
-            } else {
-                kirjoita(d->cmbJasenNro->lineEdit(), kirjoitettu);
-                d->cmbJasenNro->completer()->popup()->hide();
-            }
+            kirjoita(d->cmbJasenNro->lineEdit(), u"1'2"_s);
+            d->cmbJasenNro->completer()->popup()->hide();
             testi::paina(d->cHae);
             aukiViestinJalkeen = d->isVisible();
+            avaaLista(d->cmbJasenNro);
+            d->cmbJasenNro->setCurrentIndex(d->cmbJasenNro->findText(u"120"_s));
+            testi::paina(d->cHae);
         });
-        const qint64 id = frmHaku::hae(nullptr);
-        const qint64 oikea = odotettu == u"virtanen"_s ? s.virtanen : odotettu == u"virtala"_s ? s.virtala : 0;
-        QCOMPARE(id, oikea);
-        QCOMPARE(s.dlg.messages(), viestit);
-        // Nothing found: the dialog stays open for another try.
-        QCOMPARE(aukiViestinJalkeen, oikea == 0);
+        QCOMPARE(frmHaku::hae(nullptr), s.virtala);
+        QVERIFY(aukiViestinJalkeen);
+        QCOMPARE(s.dlg.messages(), QStringList{u"Jäsennumerolla ei löydy jäsentä."_s});
+        kunAuki([&](QDialog *) {
+            frmHaku *d = frmHaku::ladattu();
+            kirjoita(d->cmbJasenNro->lineEdit(), u"12"_s);
+            d->cmbJasenNro->completer()->popup()->hide();
+            testi::paina(d->cHae);
+        });
+        QCOMPARE(frmHaku::hae(nullptr), s.virtanen);
         QVERIFY(s.dlg.unexpected.isEmpty());
     }
 
