@@ -1,8 +1,7 @@
-// Saving in the member window as a user meets it: automatic numbers in a register whose numbers
-// run ahead of the counter, a save that keeps what another path wrote to the same member while
-// the window showed him, a write that fails under the window (the reason is shown, the command
-// stops, and everything typed stays for another try), and closing the program with a member
-// half typed.
+// Saving in the member window as a user meets it: a save that keeps what another path wrote to
+// the same member while the window showed him, a write that fails under the window (the reason
+// is shown, the command stops, and everything typed stays for another try), and closing the
+// program with a member half typed.
 #include "app/frmMain.h"
 #include "jasenikkuna.h"
 #include "members/Hakuehdot.h"
@@ -78,42 +77,6 @@ class TestFrmJasenTallennus : public QObject {
     Q_OBJECT
 
 private slots:
-    // A counter behind the register's numbers (an import, numbers typed by hand) steps to the
-    // first free number above it, for a new member and a copy alike, and moves on past it.
-    void varattuNumeroOhitetaan_data()
-    {
-        QTest::addColumn<int>("nappain");
-        QTest::newRow("new member F2") << int(Qt::Key_F2);
-        QTest::newRow("copy F8") << int(Qt::Key_F8);
-    }
-    void varattuNumeroOhitetaan()
-    {
-        QFETCH(int, nappain);
-        JasenSeura s;
-        for (const char *n : {"100", "101", "103", "0104"})
-            s.jasen(u"Aalto"_s, QString::fromLatin1(n), QString::fromLatin1(n));
-        MainModule::AutoJasennumero = true;
-        MainModule::Jasennro = 100;
-        QVERIFY(s.avaa());
-        const auto kierros = [&](const QString &odotettu, long seuraava) {
-            QTest::keyClick(s.w, Qt::Key(nappain));
-            QCOMPARE(s.w->Data1()->editMode(), EditMode::AddNew);
-            QCOMPARE(s.teksti(iJasennumero), odotettu);
-            QCOMPARE(MainModule::Jasennro, seuraava);
-            QCOMPARE(s.d->scalar(u"SELECT setString FROM Settings WHERE setKey = 'Jasennro'"_s).toString(),
-                     QString::number(seuraava));
-            korvaa(s.w->tYhteystiedot[iSukunimi], u"Berg"_s);
-            QTest::keyClick(s.w, Qt::Key_F3);
-            QCOMPARE(s.w->Data1()->editMode(), EditMode::None);
-            QCOMPARE(s.maara(u"jr WHERE jrJasennumero = ? AND jrSukunimi = 'Berg'"_s, {odotettu}), 1);
-        };
-        kierros(u"102"_s, 103);
-        if (QTest::currentTestFailed())
-            return;
-        kierros(u"104"_s, 105); // "0104" is another number
-        QCOMPARE(s.dlg.messages(), QStringList());
-    }
-
     // Another path writes to the member in view, before or after the user begins to type; the
     // user then changes his first name and saves. The other path's change stays.
     void toisenPolunMuutosSailyy_data()

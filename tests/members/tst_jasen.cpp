@@ -135,6 +135,14 @@ private slots:
         rs->cancelUpdate();
         QCOMPARE(AnnaJasennumero(*d), u"42"_s);
         QCOMPARE(maara(*d, u"Settings WHERE setKey = 'Jasennro' AND setString = '43'"_s), 1);
+
+        // A counter behind the register's numbers (an import, numbers typed by hand) steps to the
+        // first free number above it and moves on past it; "0047" is another number than 47.
+        for (const char *n : {"43", "44", "46", "0047"})
+            lisaa(*d, u"Aalto"_s, {}, QString::fromLatin1(n));
+        QCOMPARE(AnnaJasennumero(*d), u"45"_s);
+        QCOMPARE(AnnaJasennumero(*d), u"47"_s);
+        QCOMPARE(maara(*d, u"Settings WHERE setKey = 'Jasennro' AND setString = '48'"_s), 1);
     }
 
     void kopioOttaaVainYhteystiedot()
