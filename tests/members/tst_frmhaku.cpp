@@ -216,17 +216,6 @@ private slots:
         QVERIFY(s.dlg.shown.isEmpty());
     }
 
-    void noDatabaseNoDialog()
-    {
-        TestEnv env;
-        ScriptedDialogs dlg;
-        MainModule::DatabasePath = u"unknown"_s;
-        QCOMPARE(frmHaku::hae(nullptr), 0);
-        QCOMPARE(frmNimiHaku::hae(nullptr), 0);
-        QCOMPARE(dlg.messages(), QStringList(2, u"Tarkista tietokanta asetukset asetusikkunasta!"_s));
-        QCOMPARE(frmHaku::ladattu(), nullptr);
-    }
-
     // An empty name is asked for, the label tells what was found, and Enter on a row opens him.
     void nameSearchFindsAndOpens()
     {

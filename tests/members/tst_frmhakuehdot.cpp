@@ -63,20 +63,6 @@ private slots:
         Haku = HakuParametrit();
     }
 
-    void eiTietokantaa()
-    {
-        const std::pair<QString, QString> tapaukset[] = {
-            {QString(), u"Tarkista tietokanta asetukset asetusikkunasta!"_s},
-            {env->path(u"poissa.mdb"_s), u"Tietokantaa ei löydy: "_s + env->path(u"poissa.mdb"_s)}};
-        for (const auto &[polku, viesti] : tapaukset) {
-            dlg->shown.clear();
-            MainModule::DatabasePath = polku;
-            QVERIFY(!NaytaHakuehdot());
-            QCOMPARE(dlg->messages(), QStringList{viesti});
-            QVERIFY(!QApplication::activeModalWidget());
-        }
-    }
-
     // Nameless definitions are cleaned from the database; the rest in Finnish order, none chosen.
     void latausTyhjallaLohkolla()
     {

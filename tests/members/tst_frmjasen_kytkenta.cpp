@@ -6,6 +6,7 @@
 #include "members/ui/ArvoPaneeli.h"
 #include "members/ui/LiitosPohja.h"
 #include "members/ui/frmHaku.h"
+#include "members/ui/frmHakuehdot.h"
 #include "members/ui/frmJasenOminaisuudet.h"
 #include "members/ui/frmMoniliitos.h"
 #include "members/ui/frmNimiHaku.h"
@@ -182,6 +183,30 @@ private slots:
         QVERIFY(s.w->windowTitle().endsWith(u" - 2"_s));
         QCOMPARE(s.w->cmbListaEhto->currentText(), u"Kuoro"_s);
         QVERIFY(s.dlg.unexpected.isEmpty());
+    }
+
+    // Without a usable database no window of the register opens; each says where to look, and a
+    // file that is gone is named.
+    void ilmanTietokantaaEiIkkunaa()
+    {
+        TestEnv env;
+        ScriptedDialogs dlg;
+        for (const QString &polku : {QString(), u"unknown"_s}) {
+            MainModule::DatabasePath = polku;
+            QPointer<frmJasen> w = new frmJasen;
+            QVERIFY(!w->Lataa());
+            delete w.data();
+            QCOMPARE(frmHaku::hae(nullptr) + frmNimiHaku::hae(nullptr), 0);
+            QVERIFY(!frmHaku::ladattu());
+            AvaaOminaisuudet(nullptr);
+            QVERIFY(!ikkuna<frmPiirre>());
+            QVERIFY(!NaytaHakuehdot());
+        }
+        QCOMPARE(dlg.messages(), QStringList(10, u"Tarkista tietokanta asetukset asetusikkunasta!"_s));
+        MainModule::DatabasePath = env.path(u"poissa.mdb"_s);
+        QVERIFY(!NaytaHakuehdot());
+        QCOMPARE(dlg.messages().last(), u"Tietokantaa ei löydy: "_s + MainModule::DatabasePath);
+        QVERIFY(!QApplication::activeModalWidget());
     }
 
     // The main window's buttons open the register and the definitions, each once.

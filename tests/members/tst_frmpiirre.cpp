@@ -96,15 +96,6 @@ private slots:
 
     // ---- frmPiirre ------------------------------------------------------------------------
 
-    void ilmanTietokantaaIkkunaEiAukea()
-    {
-        MainModule::DatabasePath = u"unknown"_s;
-        AvaaOminaisuudet(nullptr);
-        QCOMPARE(dlg->messages(), QStringList{u"Tarkista tietokanta asetukset asetusikkunasta!"_s});
-        const auto ikkunat = QApplication::topLevelWidgets();
-        QVERIFY(std::none_of(ikkunat.begin(), ikkunat.end(), [](QWidget *w) { return w->objectName() == u"frmPiirre"_s; }));
-    }
-
     void tyhjaanLuodaanEnsimmainen()
     {
         frmPiirre f;
