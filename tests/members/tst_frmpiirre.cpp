@@ -5,7 +5,6 @@
 #include "members/ui/ArvoPaneeli.h"
 #include "members/ui/LiitosPohja.h"
 #include "members/ui/frmJasenOminaisuudet.h"
-#include "members/ui/frmMoniliitos.h"
 #include "members/ui/frmOminLisaysSP.h"
 #include "members/ui/frmOminaisuudenPoisto.h"
 #include "members/ui/frmOminaisuudenYhdistaminen.h"
@@ -267,28 +266,6 @@ private slots:
     }
 
     // ---- Bulk dialogs ----------------------------------------------------------------------
-
-    // The hand-picked attach: nothing chosen is told, nobody chosen adds nothing; the value of the
-    // panel goes with the attachment.
-    void moniliitos()
-    {
-        d->execute(u"INSERT INTO jr (jrSukunimi) VALUES (NULL)"_s); // blank: cleaned on opening
-        jasen(u"Aalto"_s);
-        const qint64 b = jasen(u"Öhman"_s);
-        piirre(u"Kausi"_s, u"l"_s, {}, qlonglong(5));
-        frmMoniliitos f;
-        QCOMPARE(f.lstJR->model()->rowCount(), 2);
-        f.cLisaa->click();
-        QCOMPARE(dlg->messages().last(), u"Valitse ominaisuus ennen lisäystä!"_s);
-        f.pohja->lstAllPt->setCurrentRow(0);
-        f.cLisaa->click();
-        QCOMPARE(dlg->messages().last(), u"Ominaisuus lisätty!"_s);
-        QCOMPARE(maara(u"pt"_s), 0);
-        f.lstJR->selectionModel()->select(f.lstJR->model()->index(1, 0), QItemSelectionModel::Select);
-        f.cLisaa->click();
-        QCOMPARE(maara(u"pt WHERE ptjrID = ? AND ptValLong = 5"_s, {b}), 1);
-        QCOMPARE(maara(u"pt"_s), 1);
-    }
 
     void lisaysSyntymapaivanPerusteella()
     {
