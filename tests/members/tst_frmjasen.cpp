@@ -129,7 +129,7 @@ private slots:
         Seura s;
         const qint64 c = s.jasen(u"Cedar"_s, u"C"_s);
         const qint64 a = s.jasen(u"Aalto"_s, u"A"_s);
-        const qint64 b = s.jasen(u"Berg"_s, u"B"_s);
+        s.jasen(u"Berg"_s, u"B"_s);
         const qint64 o = s.jasen(u"Öhman"_s, u"Ö"_s);
         s.d->execute(u"INSERT INTO pi (piNimi) VALUES ('Kuoro')"_s);
         const qint64 pi = s.d->lastInsertId();
@@ -152,21 +152,17 @@ private slots:
         QCOMPARE(s.dlg.beeps, 2);
         QCOMPARE(s.w->NykyinenId(), a);
 
-        // Berg gets the attribute elsewhere; Aalto is renamed here: the moves follow both.
-        s.d->execute(u"INSERT INTO pt (ptjrID, ptpiID) VALUES (?, ?)"_s, {b, pi});
+        // Aalto renamed here moves in the order with his new name.
+        s.w->tYhteystiedot[iSukunimi]->setText(u"Daa"_s);
         paina(s.w->cSeuraava);
-        QCOMPARE(s.w->NykyinenId(), b);
-        paina(s.w->cEdellinen);
-        s.w->tYhteystiedot[iSukunimi]->setText(u"Bäck"_s);
-        paina(s.w->cSeuraava);
-        QCOMPARE(s.w->NykyinenId(), c);
+        QCOMPARE(s.w->NykyinenId(), o);
         paina(s.w->cEnsimmainen);
-        QCOMPARE(s.w->NykyinenId(), b);
+        QCOMPARE(s.w->NykyinenId(), c);
 
         // Choosing a name in the tree moves there.
-        const QModelIndex juuriC = s.w->tvwNimet->model()->index(2, 0);
-        s.w->tvwNimet->setCurrentIndex(s.w->tvwNimet->model()->index(0, 0, juuriC));
-        QCOMPARE(s.w->NykyinenId(), c);
+        const QModelIndex juuriO = s.w->tvwNimet->model()->index(28, 0);
+        s.w->tvwNimet->setCurrentIndex(s.w->tvwNimet->model()->index(0, 0, juuriO));
+        QCOMPARE(s.w->NykyinenId(), o);
         QVERIFY(s.dlg.unexpected.isEmpty());
     }
 
@@ -352,8 +348,6 @@ private slots:
             QCOMPARE(s.w->lstMaksut->count(), s.maara(u"jmhist WHERE jmhjmjrID = ?"_s, {id}));
             if (s.w->chkPerhLaskutettava->isChecked())
                 QCOMPARE(s.w->lstFamily->count(), s.maara(u"jrPerhe JOIN jr ON jrID = jrPSubID WHERE jrPMID = ?"_s, {id}));
-            else if (s.maara(u"jrPerhe WHERE jrPSubID = ?"_s, {id}) > 0)
-                QVERIFY(!s.w->tPerheenPaa->text().isEmpty());
             paina(s.w->cSeuraava);
         }
         QCOMPARE(naytetty, s.maara(u"jr"_s));
