@@ -150,14 +150,6 @@ private slots:
         paina(s.w->cEnsimmainen);
         paina(s.w->cEdellinen);
         QCOMPARE(s.dlg.beeps, 2);
-        QCOMPARE(s.w->NykyinenId(), a);
-
-        // Aalto renamed here moves in the order with his new name.
-        s.w->tYhteystiedot[iSukunimi]->setText(u"Daa"_s);
-        paina(s.w->cSeuraava);
-        QCOMPARE(s.w->NykyinenId(), o);
-        paina(s.w->cEnsimmainen);
-        QCOMPARE(s.w->NykyinenId(), c);
 
         // Choosing a name in the tree moves there.
         const QModelIndex juuriO = s.w->tvwNimet->model()->index(28, 0);

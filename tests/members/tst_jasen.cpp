@@ -225,9 +225,7 @@ private slots:
         for (const NimiRivi &r : puu.nimet)
             avaimet << NimipuunAvain(NimipuunJuuri(r));
         QCOMPARE(avaimet, QStringList({u"Muut"_s, u"A"_s, u"A"_s, u"V"_s, u"Z"_s, u"Å"_s, u"Ä"_s, u"Ö"_s}));
-        QCOMPARE(puu.juuret[0].size(), 2);
         QCOMPARE(NimipuunJuurenTeksti(0, 2), u" A   (2)"_s);
-        QCOMPARE(NimipuunJuurenTeksti(29, 1), u"Muut (1)"_s);
 
         // A member holding the attribute twice is listed once.
         const qint64 pi = piirre(*d, u"Kuoro"_s, {ohman, vaaka, ohman});

@@ -221,9 +221,11 @@ private slots:
         QCOMPARE(SiivoaVanhatOminaisuudet(*d), 0);
     }
 
+    // The definitions' tree: a branch per Finnish letter in Finnish order; names that start with
+    // anything else are not shown, and a nameless row (which sorts first) ends the walk.
     void puu()
     {
-        for (const char *n : {"Öljy", "1. joukkue", "bändi", "Zeta", "Åland", "Aktiivi", "Ässät", "Äiti", "#tägi", "Über", " väli"})
+        for (const char *n : {"Öljy", "1. joukkue", "bändi", "Zeta", "Åland", "Aktiivi", "Ässät", "Äiti", "Über", " väli"})
             uusiPiirre(*d, QString::fromUtf8(n));
         QStringList kuva;
         for (const PuunKirjain &k : PiirrePuu(*d)) {
@@ -232,10 +234,7 @@ private slots:
                 nimet << r.teksti;
             kuva << k.kirjain + QChar('=') + nimet.join(QChar(','));
         }
-        QCOMPARE(kuva, (QStringList{u"A=Aktiivi"_s, u"B=bändi"_s, u"Z=Zeta"_s,
-                                    u"Å=Åland"_s, u"Ä=Äiti,Ässät"_s, u"Ö=Öljy"_s}));
-        // Only names starting with a letter of the tree are shown; a nameless row sorts first and
-        // ends the walk.
+        QCOMPARE(kuva, (QStringList{u"A=Aktiivi"_s, u"B=bändi"_s, u"Z=Zeta"_s, u"Å=Åland"_s, u"Ä=Äiti,Ässät"_s, u"Ö=Öljy"_s}));
         uusiPiirre(*d, QVariant());
         QVERIFY(PiirrePuu(*d).isEmpty());
     }
