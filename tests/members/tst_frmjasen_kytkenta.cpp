@@ -229,10 +229,8 @@ private slots:
             frmJasen *w = ikkuna<frmJasen>();
             QVERIFY(w && w->windowTitle().endsWith(u" - 150"_s));
             testi::paina(paa.findChild<QToolButton *>(u"cJasenrekisteri"_s));
-            int auki = 0;
-            for (QWidget *t : QApplication::topLevelWidgets())
-                auki += qobject_cast<frmJasen *>(t) && t->isVisible();
-            QCOMPARE(auki, 1);
+            const auto ikkunat = QApplication::topLevelWidgets();
+            QCOMPARE(std::count_if(ikkunat.begin(), ikkunat.end(), [](QWidget *t) { return qobject_cast<frmJasen *>(t) && t->isVisible(); }), 1);
             testi::paina(paa.findChild<QToolButton *>(u"cOminaisuudet"_s));
             QVERIFY(ikkuna<frmPiirre>());
             QVERIFY(dlg.unexpected.isEmpty());
