@@ -280,17 +280,8 @@ private slots:
     void postalCodeKeyIsText()
     {
         const QString polku = db->path();
-        auto tallenna = [&](const QString &koodi, const QString &paikka) {
-            cPostinumero p;
-            p.setTietokanta(polku);
-            p.setPostinumero(koodi);
-            p.setPostitoimipaikka(paikka);
-            p.Save();
-            return p.Id();
-        };
-        for (const auto &[koodi, paikka] : {std::pair{u"00100"_s, u"HELSINKI"_s}, {u"100"_s, u"Sata"_s}, {u"00200"_s, u"Helsinki"_s}})
-            tallenna(koodi, paikka);
-
+        db->execute(u"INSERT INTO Postinumero (Postinumero, Postitoimipaikka) VALUES ('00100', 'HELSINKI'), ('100', 'Sata'), "
+                    "('00200', 'Helsinki')"_s);
         cPostinumero p;
         p.setTietokanta(polku);
         QVERIFY(p.ReadById(u"100"_s));
