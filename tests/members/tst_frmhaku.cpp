@@ -33,7 +33,7 @@ struct Seura {
 
     Seura()
     {
-        db = hakuseura::luo(env.path(u"seura.mdb"_s));
+        db = malliseura::kopio(env.path(u"seura.mdb"_s));
         MainModule::DatabasePath = db->path();
         virtanen = hakuseura::lisaa(*db, {u"Virtanen"_s, u"Matti"_s, u"Helsinki"_s, u"12"_s, u"Koulukatu 1"_s, u"09 111"_s, {},
                                           u"matti@virtanen.fi"_s});

@@ -199,9 +199,7 @@ private slots:
 
         // The family's new address from a member's card: the head gets it, and the card shows it
         // for its own save.
-        QTimer::singleShot(0, [] {
-            auto *d = qobject_cast<frmPerheenUusiOsoite *>(QApplication::activeModalWidget());
-            QVERIFY(d);
+        testi::kunAuki<frmPerheenUusiOsoite>([](frmPerheenUusiOsoite *d) {
             d->tOsoite->setText(u"Uusikatu 2"_s);
             d->tPostinumero->setText(u"00200"_s);
             QTest::mouseClick(d->findChild<QPushButton *>(u"cTallenna"_s), Qt::LeftButton);
