@@ -1,7 +1,5 @@
-// The member window with the windows it opens: the attribute tab, the name search, the bulk
-// attach of the attribute menu, and the main window's way in.
-#include "esittely/Esittelyseura.h"
-#include "app/frmMain.h"
+// The member window with the windows it opens: the attribute tab, the name search and the bulk
+// attach of the attribute menu; and the register's windows without a database.
 #include "jasenikkuna.h"
 #include "members/ui/ArvoPaneeli.h"
 #include "members/ui/LiitosPohja.h"
@@ -213,29 +211,6 @@ private slots:
         QVERIFY(!NaytaHakuehdot());
         QCOMPARE(dlg.messages().last(), u"Tietokantaa ei löydy: "_s + MainModule::DatabasePath);
         QVERIFY(!QApplication::activeModalWidget());
-    }
-
-    // The main window's buttons open the register and the definitions, each once.
-    void paaikkunastaRekisteriin()
-    {
-        TestEnv env;
-        ScriptedDialogs dlg;
-        MainModule::DatabasePath = env.path(u"demo1.mdb"_s);
-        LuoDemoTietokanta(MainModule::DatabasePath);
-        {
-            frmMain paa;
-            paa.show();
-            testi::paina(paa.findChild<QToolButton *>(u"cJasenrekisteri"_s));
-            frmJasen *w = ikkuna<frmJasen>();
-            QVERIFY(w && w->windowTitle().endsWith(u" - 150"_s));
-            testi::paina(paa.findChild<QToolButton *>(u"cJasenrekisteri"_s));
-            const auto ikkunat = QApplication::topLevelWidgets();
-            QCOMPARE(std::count_if(ikkunat.begin(), ikkunat.end(), [](QWidget *t) { return qobject_cast<frmJasen *>(t) && t->isVisible(); }), 1);
-            testi::paina(paa.findChild<QToolButton *>(u"cOminaisuudet"_s));
-            QVERIFY(ikkuna<frmPiirre>());
-            QVERIFY(dlg.unexpected.isEmpty());
-        }
-        QVERIFY(!ikkuna<frmJasen>());
     }
 };
 

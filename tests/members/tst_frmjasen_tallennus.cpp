@@ -262,6 +262,8 @@ private slots:
         QTest::mouseClick(paa.cJasenrekisteri, Qt::LeftButton);
         s.w = paa.findChild<frmJasen *>();
         QVERIFY(s.w && QTest::qWaitForWindowActive(s.w));
+        QTest::mouseClick(paa.cJasenrekisteri, Qt::LeftButton); // the register opens once
+        QCOMPARE(paa.findChildren<frmJasen *>().size(), 1);
         if (lisays)
             paina(s.w->cUusi);
         testi::korvaa(s.w->tYhteystiedot[iJasennumero], numero);
