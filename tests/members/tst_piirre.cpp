@@ -16,16 +16,14 @@ using db::Database;
 
 namespace {
 
-struct Tyypit {
-    bool paiva = false, luku = false, raha = false, muistio = false;
-};
-
-qint64 uusiPiirre(Database &d, const QVariant &nimi, Tyypit k = {}, const QVariant &paiva = {}, const QVariant &luku = {},
-                  const QVariant &raha = {}, const QVariant &muistio = {})
+// A definition; `kaytossa` names the value types in use (d date, l number, r amount, m memo) and
+// `oletukset` holds their defaults in that order.
+qint64 uusiPiirre(Database &d, const QVariant &nimi, const QString &kaytossa = {}, const QVariantList &oletukset = {})
 {
-    d.execute(QStringLiteral("INSERT INTO pi (piNimi, piKuvaus, piEnbldDate, piEnbldLong, piEnbldCurrency, piEnbldMemo, "
-                             "piDate, piLong, piCurrency, piMemo) VALUES (?, 'kuvaus', ?, ?, ?, ?, ?, ?, ?, ?)"),
-              {nimi, k.paiva, k.luku, k.raha, k.muistio, paiva, luku, raha, muistio});
+    d.execute(u"INSERT INTO pi (piNimi, piKuvaus, piEnbldDate, piEnbldLong, piEnbldCurrency, piEnbldMemo, piDate, piLong, "
+              "piCurrency, piMemo) VALUES (?, 'kuvaus', ?, ?, ?, ?, ?, ?, ?, ?)"_s,
+              {nimi, kaytossa.contains(u'd'), kaytossa.contains(u'l'), kaytossa.contains(u'r'), kaytossa.contains(u'm'),
+               oletukset.value(0), oletukset.value(1), oletukset.value(2), oletukset.value(3)});
     return d.lastInsertId();
 }
 
@@ -59,16 +57,18 @@ QStringList liitokset(Database &d)
     return s;
 }
 
-ArvoSyote syote(Tyypit k, const QString &paiva = {}, const QString &luku = {}, const QString &raha = {},
-                const QString &muistio = {})
+// The panel's input: the types in use as above, the texts typed in the same order.
+ArvoSyote syote(const QString &kaytossa, const QStringList &tekstit = {})
 {
     ArvoSyote s;
-    s.kaytossa = {k.paiva, k.luku, k.raha, k.muistio};
-    s.teksti = {paiva, luku, raha, muistio};
+    for (int i = 0; i < 4; ++i) {
+        s.kaytossa[size_t(i)] = kaytossa.contains(u"dlrm"[i]);
+        s.teksti[size_t(i)] = tekstit.value(i);
+    }
     return s;
 }
 
-const Tyypit kaikki{true, true, true, true};
+const QString kaikki = u"dlrm"_s;
 
 } // namespace
 
@@ -134,8 +134,7 @@ private slots:
         const qint64 jr = uusiJasen(*d, u"Virtanen"_s);
         // Date in use with a default, number in use without one, money not in use though it has
         // a default, memo in use with one.
-        const qint64 pi = uusiPiirre(*d, u"Lisenssi"_s, {true, true, false, true}, u"2025-12-31"_s, {},
-                                     qlonglong(450000), u"LIS"_s);
+        const qint64 pi = uusiPiirre(*d, u"Lisenssi"_s, u"dlm"_s, {u"2025-12-31"_s, {}, qlonglong(450000), u"LIS"_s});
         const qint64 pt = LiitaPiirre(*d, jr, pi);
         QVERIFY(pt > 0);
         QCOMPARE(arvot(*d, pt), u"2025-12-31|N|N|LIS"_s);
@@ -174,19 +173,19 @@ private slots:
         const qint64 pi = uusiPiirre(*d, u"Kaikki"_s, kaikki);
         const QStringList hyvat{u"24.12.2024"_s, u"7"_s, u"10,5"_s, u"uusi"_s};
         const struct {
-            Tyypit kaytossa;
+            QString kaytossa;
             QStringList tekstit;
             QString odotus, tyhjennettavat;
         } tapaukset[] = {{kaikki, hyvat, u"2024-12-24|7|105000|uusi"_s, u""_s},
-                         {{false, true, true, true}, hyvat, u"2000-01-01|7|105000|uusi"_s, u""_s},
+                         {u"lrm"_s, hyvat, u"2000-01-01|7|105000|uusi"_s, u""_s},
                          {kaikki, {u"ei"_s, u"a"_s, u"x"_s, QString()}, u"N|N|N|N"_s, u"dlr"_s},
-                         {{false, false, false, true}, {{}, {}, {}, u"O'Connor's \"x\"; --"_s}, u"2000-01-01|1|10000|O'Connor's \"x\"; --"_s, u""_s}};
+                         {u"m"_s, {{}, {}, {}, u"O'Connor's \"x\"; --"_s}, u"2000-01-01|1|10000|O'Connor's \"x\"; --"_s, u""_s}};
         for (const auto &t : tapaukset) {
             d->execute(u"INSERT INTO pt (ptjrID, ptpiID, ptValDate, ptValLong, ptValCurrency, ptValMemo) "
                        "VALUES (?, ?, '2000-01-01', 1, 10000, 'vanha')"_s,
                        {jr, pi});
             const qint64 pt = d->lastInsertId();
-            const auto tulos = TallennaPiirreArvo(*d, pt, syote(t.kaytossa, t.tekstit[0], t.tekstit[1], t.tekstit[2], t.tekstit[3]));
+            const auto tulos = TallennaPiirreArvo(*d, pt, syote(t.kaytossa, t.tekstit));
             QCOMPARE(arvot(*d, pt), t.odotus);
             QString tyhjat;
             for (int i = 0; i < 4; ++i)
@@ -272,9 +271,9 @@ private slots:
     {
         const qint64 a = uusiJasen(*d, u"A"_s), b = uusiJasen(*d, u"B"_s),
                      c = uusiJasen(*d, u"C"_s);
-        const qint64 pi = uusiPiirre(*d, u"Kausi"_s, {false, true, false, false});
+        const qint64 pi = uusiPiirre(*d, u"Kausi"_s, u"l"_s);
         liitos(*d, b, pi);
-        const ArvoSyote s = syote({false, true, false, false}, {}, u"3"_s);
+        const ArvoSyote s = syote(u"l"_s, {{}, u"3"_s});
 
         QCOMPARE(Moniliitos(*d, pi, {}, s, false).lisatty, 0);
         QCOMPARE(maara(*d, u"pt"_s), 1);
@@ -291,7 +290,7 @@ private slots:
         // A value that is no value is left out for everybody, and its box is emptied; with
         // nobody written no box has been emptied.
         const qint64 kaikille = uusiPiirre(*d, u"Kaikki"_s, kaikki);
-        const ArvoSyote huono = syote(kaikki, u"ei"_s, u"4"_s, u"x"_s, u"m"_s);
+        const ArvoSyote huono = syote(kaikki, {u"ei"_s, u"4"_s, u"x"_s, u"m"_s});
         const LiitosTulos t = Moniliitos(*d, kaikille, {a, b}, huono, false);
         QCOMPARE(t.lisatty, 2);
         QVERIFY(t.tyhjenna[0] && !t.tyhjenna[1] && t.tyhjenna[2] && !t.tyhjenna[3]);
@@ -309,7 +308,7 @@ private slots:
         nimi.insert(b, u'b');
         nimi.insert(uusiJasen(*d, u"c"_s, u"1990-12-31 00:00:00"_s), u'c');
         nimi.insert(uusiJasen(*d, u"n"_s), u'n');
-        const qint64 pi = uusiPiirre(*d, u"Juniori"_s, {false, false, true, false});
+        const qint64 pi = uusiPiirre(*d, u"Juniori"_s, u"r"_s);
         const qint64 vanha = liitos(*d, b, pi);
         const struct {
             QString vanhin, nuorin;
@@ -321,7 +320,7 @@ private slots:
         for (const auto &t : tapaukset) {
             d->execute(u"DELETE FROM pt WHERE ptID <> ?"_s, {vanha});
             const LiitosTulos tulos = LisaaSyntymapaivanPerusteella(*d, pi, ParsePaiva(t.vanhin), ParsePaiva(t.nuorin),
-                                                                    syote({false, false, true, false}, {}, {}, u"15"_s), t.vainUusille);
+                                                                    syote(u"r"_s, {{}, {}, u"15"_s}), t.vainUusille);
             QString saivat;
             db::Statement st(*d, u"SELECT ptjrID, ptValCurrency FROM pt WHERE ptID <> ? ORDER BY ptID"_s, {vanha});
             while (st.next()) {
