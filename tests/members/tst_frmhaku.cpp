@@ -48,9 +48,9 @@ struct Seura {
 
 // Works the search dialog once it is up; closes it if the work left it open.
 template <class F>
-void kunAuki(F f)
+void haussa(F f)
 {
-    testi::kunAuki<QDialog>(f);
+    testi::kunAuki<QDialog>([f](QDialog *) { f(frmHaku::ladattu()); });
 }
 
 using testi::kirjoita;
@@ -105,8 +105,7 @@ private slots:
     {
         Seura s;
         bool aukiViestinJalkeen = false;
-        kunAuki([&](QDialog *) {
-            frmHaku *d = frmHaku::ladattu();
+        haussa([&](frmHaku *d) {
             kirjoita(d->cmbJasenNro->lineEdit(), u"1'2"_s);
             d->cmbJasenNro->completer()->popup()->hide();
             testi::paina(d->cHae);
@@ -118,8 +117,7 @@ private slots:
         QCOMPARE(frmHaku::hae(nullptr), s.virtala);
         QVERIFY(aukiViestinJalkeen);
         QCOMPARE(s.dlg.messages(), QStringList{u"Jäsennumerolla ei löydy jäsentä."_s});
-        kunAuki([&](QDialog *) {
-            frmHaku *d = frmHaku::ladattu();
+        haussa([&](frmHaku *d) {
             kirjoita(d->cmbJasenNro->lineEdit(), u"12"_s);
             d->cmbJasenNro->completer()->popup()->hide();
             testi::paina(d->cHae);
@@ -133,16 +131,14 @@ private slots:
     void contactSearch()
     {
         Seura s;
-        kunAuki([&](QDialog *) {
-            frmHaku *d = frmHaku::ladattu();
+        haussa([&](frmHaku *d) {
             avaaLista(d->cmbOsoite);
             d->cmbOsoite->setCurrentIndex(rivi(d->cmbOsoite, s.virtala));
             testi::paina(d->cYhteysHaku);
         });
         QCOMPARE(frmHaku::hae(nullptr), s.virtala);
         QString tekstit;
-        kunAuki([&](QDialog *) {
-            frmHaku *d = frmHaku::ladattu();
+        haussa([&](frmHaku *d) {
             avaaLista(d->cmbOsoite);
             d->cmbOsoite->setCurrentIndex(rivi(d->cmbOsoite, s.naapuri));
             emit d->cmbOsoite->activated(d->cmbOsoite->currentIndex());
@@ -163,8 +159,7 @@ private slots:
     void memoSearch()
     {
         Seura s;
-        kunAuki([&](QDialog *) {
-            frmHaku *d = frmHaku::ladattu();
+        haussa([&](frmHaku *d) {
             testi::paina(d->cMuistioHaku); // neither box
             d->tMuistioHakuSana->setText(u"hallituksen"_s);
             testi::paina(d->cMuistioHaku);
@@ -176,15 +171,13 @@ private slots:
 
         // A start chosen from the list finds its member; a word nobody's memo holds is told of.
         s.dlg.shown.clear();
-        kunAuki([&](QDialog *) {
-            frmHaku *d = frmHaku::ladattu();
+        haussa([&](frmHaku *d) {
             avaaLista(d->cmbMuistioAlut);
             d->cmbMuistioAlut->setCurrentIndex(2);
             testi::paina(d->cMuistioHaku);
         });
         QCOMPARE(frmHaku::hae(nullptr), s.naapuri);
-        kunAuki([&](QDialog *) {
-            frmHaku *d = frmHaku::ladattu();
+        haussa([&](frmHaku *d) {
             d->tMuistioHakuSana->setText(u"puheenjohtaja"_s);
             testi::paina(d->cMuistioHaku);
         });
@@ -195,18 +188,16 @@ private slots:
     void cancelUndoAndEscapeFindNothing()
     {
         Seura s;
-        kunAuki([&](QDialog *) {
-            frmHaku *d = frmHaku::ladattu();
+        haussa([&](frmHaku *d) {
             avaaLista(d->cmbJasenNro);
             d->cmbJasenNro->setCurrentIndex(0);
             testi::paina(d->cPeruHaku[0]);
         });
         QCOMPARE(frmHaku::hae(nullptr), 0);
-        kunAuki([&](QDialog *d) { QTest::keyClick(d, Qt::Key_Escape); });
+        haussa([&](frmHaku *d) { QTest::keyClick(d, Qt::Key_Escape); });
         QCOMPARE(frmHaku::hae(nullptr), 0);
         HaettuJasenID = s.virtanen; // left by an earlier search
-        kunAuki([&](QDialog *dd) {
-            auto *d = qobject_cast<frmNimiHaku *>(dd);
+        testi::kunAuki<frmNimiHaku>([&](frmNimiHaku *d) {
             kirjoita(d->tSukunimi, u"virta"_s);
             testi::paina(d->cSearch);
             testi::paina(d->cUndo);
@@ -221,9 +212,7 @@ private slots:
     {
         Seura s;
         QStringList viestit;
-        kunAuki([&](QDialog *dd) {
-            auto *d = qobject_cast<frmNimiHaku *>(dd);
-            QVERIFY(d);
+        testi::kunAuki<frmNimiHaku>([&](frmNimiHaku *d) {
             testi::paina(d->cSearch);
             for (const QString &nimi : {u"zz"_s, u"IRTA"_s}) {
                 d->tSukunimi->clear();

@@ -54,15 +54,6 @@ struct Seura : JasenSeura {
     void liitaKuoro(qint64 jr) { d->execute(u"INSERT INTO pt (ptjrID, ptpiID) VALUES (?, ?)"_s, {jr, kuoro}); }
 };
 
-template <class T>
-T *ikkuna()
-{
-    for (QWidget *w : QApplication::topLevelWidgets())
-        if (auto *t = qobject_cast<T *>(w); t && t->isVisible())
-            return t;
-    return nullptr;
-}
-
 using testi::kirjoita;
 using testi::kunAuki;
 using testi::rivit;
@@ -203,7 +194,8 @@ private slots:
             QCOMPARE(frmHaku::hae(nullptr) + frmNimiHaku::hae(nullptr), 0);
             QVERIFY(!frmHaku::ladattu());
             AvaaOminaisuudet(nullptr);
-            QVERIFY(!ikkuna<frmPiirre>());
+            const auto ikkunat = QApplication::topLevelWidgets();
+            QVERIFY(std::none_of(ikkunat.begin(), ikkunat.end(), [](QWidget *t) { return qobject_cast<frmPiirre *>(t) && t->isVisible(); }));
             QVERIFY(!NaytaHakuehdot());
         }
         QCOMPARE(dlg.messages(), QStringList(10, u"Tarkista tietokanta asetukset asetusikkunasta!"_s));
