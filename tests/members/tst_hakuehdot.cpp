@@ -162,12 +162,6 @@ QVariantList numeroidut(int n)
     return v;
 }
 
-void klikkaaRivia(QListWidget *l, int rivi)
-{
-    const QRect r = l->visualItemRect(l->item(rivi));
-    QTest::mouseClick(l->viewport(), Qt::LeftButton, {}, r.center());
-}
-
 void naytaAktiivisena(QWidget &w)
 {
     w.show();
@@ -370,31 +364,6 @@ private slots:
         QCOMPARE(w.lstOminaisuudet->item(3)->data(Qt::UserRole).toInt(), 1);
         QVERIFY(w.lstOminaisuudet->selectedItems().isEmpty());
         QCOMPARE(testi::maara(*db::Database::open(MainModule::DatabasePath), u"pi WHERE piNimi IS NULL"_s), 0);
-    }
-
-    // Refinements only for a single attribute that is held: two rows or EI close them and empty
-    // the boxes.
-    void tarkennustenKaytto()
-    {
-        seura(*env, numeroidut(4));
-        const struct {
-            int riveja;
-            bool ei, kaytossa;
-        } tapaukset[] = {{1, false, true}, {2, false, false}, {1, true, false}};
-        for (const auto &t : tapaukset) {
-            frmHakuehdot w;
-            QVERIFY(w.Lataa());
-            naytaAktiivisena(w);
-            w.tDate->setText(u"1.1.2000"_s);
-            w.tLong->setText(u"5"_s);
-            w.tCurrency->setText(u"2,50"_s);
-            for (int i = 0; i < t.riveja; ++i)
-                klikkaaRivia(w.lstOminaisuudet, i);
-            if (t.ei)
-                testi::paina(w.chkPiirre);
-            QCOMPARE(w.frameTarkennukset->isEnabled(), t.kaytossa);
-            QCOMPARE(w.tDate->text().isEmpty() && w.tLong->text().isEmpty() && w.tCurrency->text().isEmpty(), !t.kaytossa);
-        }
     }
 
     // Each checked box on leaving it: rewritten, or emptied with a beep. Enter goes to
