@@ -1,5 +1,5 @@
-// A small club for the finding and code-list tests: the template, upgraded, with the members the
-// test names. Header-only, shared by the tests of this folder.
+// Members for the finding and code-list tests, in a copy of the upgraded template (malliseura).
+// Header-only, shared by the tests of this folder.
 #pragma once
 
 #include "malliseura.h"
@@ -14,11 +14,6 @@ struct Jasen {
     QVariant sukunimi = {}, etunimi = {}, postitoimipaikka = {}, jasennumero = {}, osoite = {}, puhelin = {}, matkapuhelin = {},
              email = {};
 };
-
-inline std::unique_ptr<db::Database> luo(const QString &polku)
-{
-    return malliseura::kopio(polku);
-}
 
 inline qint64 lisaa(db::Database &db, const Jasen &j)
 {

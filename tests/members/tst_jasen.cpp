@@ -81,14 +81,12 @@ private slots:
         QCOMPARE(rs->editMode(), db::Recordset::EditMode::AddNew);
         QVERIFY(!rs->value(u"jrJasennumero"_s).isValid());
         QCOMPARE(rs->value(u"jrSukunimi"_s).toString(), u"O'Connor"_s);
-        QCOMPARE(maara(*d, u"jr"_s), 2);
         QCOMPARE(JasennumeroVarattuViesti(u"a7"_s), u"Jäsennumero #a7 on varattu jo toiselle jäsenelle."_s);
 
         l.tYhteystiedot[iJasennumero] = u"9"_s;
         QCOMPARE(TallennaRivi(*d, *rs, l, JasenLomake()), Tallennus::Tallennettu);
         const qint64 uusi = rs->lastModified();
-        QCOMPARE(kentta(*d, uusi, u"jrEtunimi"_s).toString(), u"Pat \"P\"; 100%"_s);
-        QCOMPARE(kentta(*d, uusi, u"jrSukunimi"_s).toString(), u"O'Connor"_s);
+        QCOMPARE(testi::rivi(*d, u"SELECT jrSukunimi, jrEtunimi FROM jr WHERE jrID = ?"_s, {uusi}), u"O'Connor|Pat \"P\"; 100%"_s);
 
         // A member keeps his own number, and members without a number do not clash.
         QVERIFY(!JasennumeroVarattu(*d, u"8"_s, oma));
@@ -96,49 +94,35 @@ private slots:
         QVERIFY(!JasennumeroVarattu(*d, QString(), oma));
     }
 
-    void kentatTallentuvatKuinKaavio_data()
-    {
-        QTest::addColumn<int>("indeksi");
-        QTest::addColumn<QString>("teksti");
-        QTest::addColumn<QString>("postinumeroEnnen"); // what the row held
-        QTest::addColumn<QString>("sarake");
-        QTest::addColumn<QVariant>("odotettu");
-        QTest::newRow("kirjaimet postinumerona") << int(iPostinumero) << u"ab"_s << QString() << u"jrPostinumeroNumero"_s << QVariant(0);
-        QTest::newRow("numeerinen postinumero") << int(iPostinumero) << u"00100"_s << QString() << u"jrPostinumeroNumero"_s << QVariant(100);
-        QTest::newRow("koskematon postinumero") << int(iPostinumero) << u"00100"_s << u"00100"_s << u"jrPostinumeroNumero"_s << QVariant();
-        QTest::newRow("tyhjennetty päivä") << int(iSyntyma) << QString() << QString() << u"jrSyntyma"_s << QVariant();
-        QTest::newRow("kelvoton päivä") << int(iLiittyma) << u"31.2.2020"_s << QString() << u"jrLiittyma"_s << QVariant();
-        QTest::newRow("päivä") << int(iSyntyma) << u"1.2.1990"_s << QString() << u"jrSyntyma"_s << QVariant(u"1990-02-01"_s);
-        QTest::newRow("tyhjä teksti on Null") << int(iOsoite) << QString() << QString() << u"jrOsoite"_s << QVariant();
-        QTest::newRow("SQL muistiossa") << -1 << u"'; DROP TABLE jr; --"_s << QString() << u"jrMuistio"_s
-                                        << QVariant(u"'; DROP TABLE jr; --"_s);
-    }
-
+    // The card's texts as stored: letters as a postal code are 0, an untouched code stays as it was,
+    // a bad date and an emptied text are Null, SQL in the memo is text.
     void kentatTallentuvatKuinKaavio()
     {
-        QFETCH(int, indeksi);
-        QFETCH(QString, teksti);
-        QFETCH(QString, postinumeroEnnen);
-        QFETCH(QString, sarake);
-        QFETCH(QVariant, odotettu);
         const qint64 id = lisaa(*d, u"Aalto"_s);
-        d->execute(u"UPDATE jr SET jrSyntyma = '1980-05-05', jrLiittyma = '2000-01-01', jrOsoite = 'Tie 1'"_s);
-        auto rs = db::Recordset::openTable(*d, u"jr"_s);
-        if (!postinumeroEnnen.isEmpty())
-            d->execute(u"UPDATE jr SET jrPostinumero = ?"_s, {postinumeroEnnen});
-        const JasenLomake naytetty = LueLomake(*rs);
-        JasenLomake l = naytetty;
-        QCOMPARE(l.tYhteystiedot[iSyntyma], u"5.5.1980"_s);
-        if (indeksi < 0)
-            l.tMuistio = teksti;
-        else
-            l.tYhteystiedot[indeksi] = teksti;
-        rs->edit();
-        QCOMPARE(TallennaRivi(*d, *rs, l, naytetty), Tallennus::Tallennettu);
-        const QVariant arvo = kentta(*d, id, sarake);
-        QCOMPARE(arvo.isValid(), odotettu.isValid());
-        if (odotettu.isValid())
-            QCOMPARE(arvo.toString(), odotettu.toString());
+        const struct {
+            int indeksi;
+            QString teksti, ennen, sarake;
+            QVariant odotettu;
+        } tapaukset[] = {{iPostinumero, u"ab"_s, {}, u"jrPostinumeroNumero"_s, 0},
+                         {iPostinumero, u"00100"_s, u"00100"_s, u"jrPostinumeroNumero"_s, {}},
+                         {iLiittyma, u"31.2.2020"_s, {}, u"jrLiittyma"_s, {}},
+                         {iOsoite, {}, {}, u"jrOsoite"_s, {}},
+                         {-1, u"'; DROP TABLE jr; --"_s, {}, u"jrMuistio"_s, u"'; DROP TABLE jr; --"_s}};
+        for (const auto &t : tapaukset) {
+            d->execute(u"UPDATE jr SET jrSyntyma = '1980-05-05', jrLiittyma = '2000-01-01', jrOsoite = 'Tie 1', "
+                       "jrPostinumero = ?, jrPostinumeroNumero = NULL"_s,
+                       {t.ennen.isEmpty() ? QVariant() : QVariant(t.ennen)});
+            auto rs = db::Recordset::openTable(*d, u"jr"_s);
+            const JasenLomake naytetty = LueLomake(*rs);
+            QCOMPARE(naytetty.tYhteystiedot[iSyntyma], u"5.5.1980"_s);
+            JasenLomake l = naytetty;
+            (t.indeksi < 0 ? l.tMuistio : l.tYhteystiedot[t.indeksi]) = t.teksti;
+            rs->edit();
+            QCOMPARE(TallennaRivi(*d, *rs, l, naytetty), Tallennus::Tallennettu);
+            const QVariant arvo = kentta(*d, id, t.sarake);
+            QVERIFY2(arvo.isValid() == t.odotettu.isValid() && arvo.toString() == t.odotettu.toString(),
+                     qPrintable(t.sarake + u' ' + t.teksti));
+        }
     }
 
     // A number given is used up at once: cancelling the new row does not give it back.
@@ -149,12 +133,16 @@ private slots:
         rs->addNew();
         QCOMPARE(AnnaJasennumero(*d), u"41"_s);
         rs->cancelUpdate();
-        QCOMPARE(MainModule::Jasennro, 42L);
-        QCOMPARE(d->scalar(u"SELECT setString FROM Settings WHERE setSection = 'VONARI' AND setKey = 'Jasennro'"_s).toString(),
-                 u"42"_s);
         QCOMPARE(AnnaJasennumero(*d), u"42"_s);
-        QCOMPARE(maara(*d, u"Settings WHERE setKey = 'Jasennro'"_s), 1);
-        QCOMPARE(maara(*d, u"jr"_s), 0);
+        QCOMPARE(maara(*d, u"Settings WHERE setKey = 'Jasennro' AND setString = '43'"_s), 1);
+
+        // A counter behind the register's numbers (an import, numbers typed by hand) steps to the
+        // first free number above it and moves on past it; "0047" is another number than 47.
+        for (const char *n : {"43", "44", "46", "0047"})
+            lisaa(*d, u"Aalto"_s, {}, QString::fromLatin1(n));
+        QCOMPARE(AnnaJasennumero(*d), u"45"_s);
+        QCOMPARE(AnnaJasennumero(*d), u"47"_s);
+        QCOMPARE(maara(*d, u"Settings WHERE setKey = 'Jasennro' AND setString = '48'"_s), 1);
     }
 
     void kopioOttaaVainYhteystiedot()
@@ -184,10 +172,8 @@ private slots:
         d->execute(u"INSERT INTO jmhist (jmhjmID, jmhjmjrID) VALUES (1, ?)"_s, {paa});
 
         PoistaJasen(*d, paa);
-        QCOMPARE(maara(*d, u"jr WHERE jrID = ?"_s, {paa}), 0);
-        QCOMPARE(maara(*d, u"pt WHERE ptjrID = ?"_s, {paa}), 0);
-        QCOMPARE(maara(*d, u"jrPerhe"_s), 2);
-        QCOMPARE(maara(*d, u"jmhist"_s), 1);
+        QCOMPARE(maara(*d, u"jr WHERE jrID = ?"_s, {paa}) + maara(*d, u"pt WHERE ptjrID = ?"_s, {paa}), 0);
+        QCOMPARE(maara(*d, u"jrPerhe"_s) + maara(*d, u"jmhist"_s), 3);
         // The member left without a head loses his link when he is viewed; the head's own waits.
         QVERIFY(LataaPerhe(*d, lapsi, false).perheenPaa.isEmpty());
         QCOMPARE(maara(*d, u"jrPerhe WHERE jrPSubID = ?"_s, {lapsi}), 0);
@@ -201,67 +187,24 @@ private slots:
 
     // Opening a list removes only the rows nobody typed anything into. A member without a
     // surname but with anything else stays, and the name tree lists him under "Muut".
-    void tyhjatRivitPoistetaanAvattaessa_data()
-    {
-        QTest::addColumn<QString>("tiedot"); // what the row holds besides Nulls
-        QTest::addColumn<bool>("piirre");    // whether he holds an attribute
-        QTest::addColumn<bool>("sailyy");
-        QTest::newRow("nothing") << QString() << false << false;
-        QTest::newRow("empty texts") << u"jrSukunimi = '', jrEtunimi = '', jrMuistio = '', jrJasenmaksu = 0"_s << false
-                                     << false;
-        QTest::newRow("member number only") << u"jrJasennumero = '8'"_s << false << true;
-        QTest::newRow("memo only") << u"jrMuistio = 'Soitti'"_s << false << true;
-        QTest::newRow("birth date only") << u"jrSyntyma = '1980-01-01'"_s << false << true;
-        QTest::newRow("company only") << u"jrYritys = 'Oy Ab'"_s << false << true;
-        QTest::newRow("fee ticked only") << u"jrJasenmaksu = 1"_s << false << true;
-        QTest::newRow("attribute only") << QString() << true << true;
-    }
     void tyhjatRivitPoistetaanAvattaessa()
     {
-        QFETCH(QString, tiedot);
-        QFETCH(bool, piirre);
-        QFETCH(bool, sailyy);
-        d->execute(u"INSERT INTO jr (jrSukunimi) VALUES (NULL)"_s);
-        const qint64 id = d->lastInsertId();
-        if (!tiedot.isEmpty())
-            d->execute(u"UPDATE jr SET "_s + tiedot + u" WHERE jrID = ?"_s, {id});
-        if (piirre)
-            ::piirre(*d, u"Kuoro"_s, {id});
+        const QString tiedot[] = {u"jrEtunimi = NULL"_s, u"jrSukunimi = '', jrEtunimi = '', jrMuistio = '', jrJasenmaksu = 0"_s,
+                                  u"jrMuistio = 'Soitti'"_s, u"jrJasenmaksu = 1"_s, u"jrEtunimi = NULL"_s};
+        QVector<qint64> idt;
+        for (const QString &t : tiedot) {
+            d->execute(u"INSERT INTO jr (jrSukunimi) VALUES (NULL)"_s);
+            idt << d->lastInsertId();
+            d->execute(u"UPDATE jr SET "_s + t + u" WHERE jrID = ?"_s, {idt.last()});
+        }
+        piirre(*d, u"Kuoro"_s, {idt[4]}); // nothing but an attribute
         lisaa(*d, u"Aalto"_s);
-
         // The member window's opening and the hand-picking list's alike.
         PoistaTyhjatRivit(*d);
-        const QVector<ListaRivi> lista = JasenLista(*d);
-        QCOMPARE(maara(*d, u"jr WHERE jrID = ?"_s, {id}), int(sailyy));
-        QCOMPARE(lista.size(), sailyy ? 2 : 1);
-        if (sailyy) {
-            const Nimipuu puu = RakennaNimipuu(*d);
-            QCOMPARE(puu.juuret[29].size(), 1);
-            QCOMPARE(puu.nimet[puu.juuret[29][0]].jrId, id);
-        }
-    }
-
-    void nimipuunJuuri_data()
-    {
-        QTest::addColumn<QVariant>("sukunimi");
-        QTest::addColumn<QString>("avain");
-        QTest::newRow("å") << QVariant(u"åberg"_s) << u"Å"_s;
-        QTest::newRow("ä") << QVariant(u"Ärölä"_s) << u"Ä"_s;
-        QTest::newRow("ö pienellä") << QVariant(u"öhman"_s) << u"Ö"_s;
-        QTest::newRow("numero") << QVariant(u"9-Ysi"_s) << u"Muut"_s;
-        QTest::newRow("ü") << QVariant(u"Über"_s) << u"Muut"_s;
-        QTest::newRow("välilyönti") << QVariant(u" Aalto"_s) << u"Muut"_s;
-        QTest::newRow("puuttuva") << QVariant() << u"Muut"_s;
-    }
-
-    void nimipuunJuuri()
-    {
-        QFETCH(QVariant, sukunimi);
-        QFETCH(QString, avain);
-        NimiRivi r;
-        r.onSukunimi = sukunimi.isValid();
-        r.sukunimi = sukunimi.toString();
-        QCOMPARE(NimipuunAvain(NimipuunJuuri(r)), avain);
+        for (int i = 0; i < 5; ++i)
+            QVERIFY2(maara(*d, u"jr WHERE jrID = ?"_s, {idt[i]}) == (i >= 2), qPrintable(tiedot[i]));
+        QCOMPARE(JasenLista(*d).size(), 4);
+        QCOMPARE(RakennaNimipuu(*d).juuret[29].size(), 3);
     }
 
     void nimipuuSuomalaisessaJarjestyksessa()
@@ -273,17 +216,16 @@ private slots:
         lisaa(*d, u"Zenit"_s, u"Zoe"_s);
         lisaa(*d, u"Åberg"_s, u"Åke"_s);
         lisaa(*d, u"Ärölä"_s, QVariant());
-        lisaa(*d, u"1st"_s, u"Yksi"_s);
+        lisaa(*d, u"1st"_s, u"Yksi"_s); // no Finnish letter first: "Muut"
 
         const Nimipuu puu = RakennaNimipuu(*d);
         QCOMPARE(tekstit(puu.nimet), QStringList({u"1st Yksi"_s, u"aalto Anna"_s, u"Aalto Eero"_s, u"Vaaka Ville"_s,
                                                   u"Zenit Zoe"_s, u"Åberg Åke"_s, u"Ärölä "_s, u"öhman Olli"_s}));
-        QCOMPARE(puu.juuret.size(), NimipuunJuuria);
-        QCOMPARE(puu.juuret[0].size(), 2);
+        QStringList avaimet;
+        for (const NimiRivi &r : puu.nimet)
+            avaimet << NimipuunAvain(NimipuunJuuri(r));
+        QCOMPARE(avaimet, QStringList({u"Muut"_s, u"A"_s, u"A"_s, u"V"_s, u"Z"_s, u"Å"_s, u"Ä"_s, u"Ö"_s}));
         QCOMPARE(NimipuunJuurenTeksti(0, 2), u" A   (2)"_s);
-        QCOMPARE(NimipuunJuurenTeksti(28, 1), u" Ö   (1)"_s);
-        QCOMPARE(NimipuunJuurenTeksti(29, 1), u"Muut (1)"_s);
-        QCOMPARE(puu.juuret[29].size(), 1);
 
         // A member holding the attribute twice is listed once.
         const qint64 pi = piirre(*d, u"Kuoro"_s, {ohman, vaaka, ohman});
@@ -292,10 +234,14 @@ private slots:
         QCOMPARE(JasenMaara(*d, 0), 8);
     }
 
-    void perheenPaaLiittyyKerran()
+    // The head joins his family once; the family's address goes to every member; a deleted member
+    // drops out of the head's list but keeps his link.
+    void perhe()
     {
         const qint64 paa = lisaa(*d, u"Aalto"_s, u"Anna"_s);
         const qint64 lapsi = lisaa(*d, u"Aalto"_s, u"Eino"_s);
+        const qint64 yksin = lisaa(*d, u"Berg"_s);
+        d->execute(u"UPDATE jr SET jrPostinumeroNumero = 100, jrKotipaikka = 'Espoo'"_s);
         LiitaPaaPerheeseen(*d, paa);
         LiitaPaaPerheeseen(*d, paa);
         QCOMPARE(maara(*d, u"jrPerhe WHERE jrPMID = ? AND jrPSubID = ?"_s, {paa, paa}), 1);
@@ -306,127 +252,57 @@ private slots:
         TallennaLuokat(*d, linkki, luokat);
         QCOMPARE(LueLuokat(*d, linkki), luokat);
         QCOMPARE(LueLuokat(*d, linkki + 100), PerheLuokat{});
-
-        PerhePaneeli p = LataaPerhe(*d, paa, true);
-        QCOMPARE(p.jasenet.size(), 2);
-        QCOMPARE(p.jasenet[1].teksti, u"Aalto Eino"_s);
+        QCOMPARE(LataaPerhe(*d, paa, true).jasenet.value(1).teksti, u"Aalto Eino"_s);
         QCOMPARE(LataaPerhe(*d, lapsi, false).perheenPaa, u"Anna Aalto"_s);
 
-        // A deleted member drops out of the head's list but keeps his link.
-        d->execute(u"DELETE FROM jr WHERE jrID = ?"_s, {lapsi});
-        QCOMPARE(LataaPerhe(*d, paa, true).jasenet.size(), 1);
-        QCOMPARE(maara(*d, u"jrPerhe"_s), 2);
-
-        PuraPerhe(*d, paa);
-        QCOMPARE(maara(*d, u"jrPerhe"_s), 0);
-        QVERIFY(LataaPerhe(*d, paa, true).jasenet.isEmpty());
-    }
-
-    void perheenOsoiteMuuttuu()
-    {
-        const qint64 paa = lisaa(*d, u"Aalto"_s);
-        const qint64 jasen = lisaa(*d, u"Aalto"_s, u"Eino"_s);
-        const qint64 yksin = lisaa(*d, u"Berg"_s);
-        d->execute(u"UPDATE jr SET jrPostinumeroNumero = 100, jrKotipaikka = 'Espoo'"_s);
-        LiitaPaaPerheeseen(*d, paa);
-        LisaaPerheeseen(*d, paa, jasen);
-
         const PerheenOsoite o{u"O'Reillyn tie 5"_s, u"00200"_s, u"Helsinki"_s, QString()};
-        QCOMPARE(MuutaPerheenOsoitteet(*d, jasen, false, o), 2);
+        QCOMPARE(MuutaPerheenOsoitteet(*d, lapsi, false, o), 2);
         QCOMPARE(testi::rivi(*d, u"SELECT jrOsoite, jrPostitoimipaikka, jrMaa, jrPostinumeroNumero, jrKotipaikka FROM jr "
                                  "WHERE jrID = ?"_s, {paa}),
                  u"O'Reillyn tie 5|Helsinki|N|100|Espoo"_s);
-
-        QCOMPARE(MuutaPerheenOsoitteet(*d, yksin, false, o), 0);
-        QCOMPARE(MuutaPerheenOsoitteet(*d, yksin, true, o), 0);
+        QCOMPARE(MuutaPerheenOsoitteet(*d, yksin, false, o) + MuutaPerheenOsoitteet(*d, yksin, true, o), 0);
         QVERIFY(!kentta(*d, yksin, u"jrOsoite"_s).isValid());
+
+        d->execute(u"DELETE FROM jr WHERE jrID = ?"_s, {lapsi});
+        QCOMPARE(LataaPerhe(*d, paa, true).jasenet.size(), 1);
+        QCOMPARE(maara(*d, u"jrPerhe"_s), 2);
+        PuraPerhe(*d, paa);
+        QCOMPARE(maara(*d, u"jrPerhe"_s), 0);
     }
 
-    void liimaus_data()
+    // The texts typed or pasted into the card: pasted rows, the reference check digit, the date keys.
+    void tekstinMuunnokset()
     {
-        QTest::addColumn<QString>("teksti");
-        QTest::addColumn<QStringList>("osat");
-        QTest::addColumn<bool>("jasenmaksu");
-        QTest::addColumn<bool>("emailLasku");
-        QTest::newRow("kaksi osaa") << u"17;Virtanen"_s << QStringList({u"17"_s, u"Virtanen"_s}) << false << false;
-        QTest::newRow("ei puolipistettä") << u"Virtanen Ville"_s << QStringList() << false << false;
-        QTest::newRow("rivinvaihto lopussa") << u"1;A\r\n"_s << QStringList({u"1"_s, u"A"_s}) << false << false;
         const QString taysi = u"1;S;E;O;00100;P;p;m;e;v;t;1.1.1990;2.2.2000;1;1;ylimääräinen"_s;
-        QStringList alku = taysi.split(u';').mid(0, 13);
-        QTest::newRow("kaikki osat") << taysi << alku << true << true;
-        QTest::newRow("vain tasan 1 rastii") << u"1;S;E;O;00100;P;p;m;e;v;t;x;y; 1;true"_s
-                                            << u"1;S;E;O;00100;P;p;m;e;v;t;x;y"_s.split(u';') << false << false;
-    }
+        const struct {
+            QString teksti;
+            QStringList osat;
+            bool maksu, email;
+        } liimat[] = {{u"Virtanen Ville"_s, {}, false, false},
+                      {u"1;A\r\n"_s, {u"1"_s, u"A"_s}, false, false},
+                      {taysi, taysi.split(u';').mid(0, 13), true, true},
+                      {u"1;S;E;O;00100;P;p;m;e;v;t;x;y; 1;true"_s, u"1;S;E;O;00100;P;p;m;e;v;t;x;y"_s.split(u';'), false, false}};
+        for (const auto &r : liimat) {
+            const Liimaus l = LueLiimaus(r.teksti);
+            QVERIFY2(l.osat == r.osat && l.jasenmaksu == r.maksu && l.emailLasku == r.email, qPrintable(r.teksti));
+        }
 
-    void liimaus()
-    {
-        QFETCH(QString, teksti);
-        QFETCH(QStringList, osat);
-        QFETCH(bool, jasenmaksu);
-        QFETCH(bool, emailLasku);
-        const Liimaus l = LueLiimaus(teksti);
-        QCOMPARE(l.osat, osat);
-        QCOMPARE(l.jasenmaksu, jasenmaksu);
-        QCOMPARE(l.emailLasku, emailLasku);
-    }
+        const struct {
+            QString viite, tulos, viesti;
+        } viitteet[] = {{{}, {}, u"Viitetarkistetta ei voi lisätä 'tyhjään' - kirjoita ensin numero."_s},
+                        {u"12345678901234567890"_s, {}, u"Viitenumero voi olla korkeintaan 20 numeroa pitkä."_s},
+                        {u" 1234 "_s, u"12344"_s, {}},
+                        {u"1234567890123456789"_s, u"12345678901234567894"_s, {}}};
+        for (const auto &r : viitteet) {
+            const ViitetarkisteTulos t = LisaaViitetarkiste(r.viite);
+            QCOMPARE(t.viite.value_or(QString()), r.tulos);
+            QCOMPARE(t.viesti, r.viesti);
+        }
 
-    void postinumeroidenTarkistus()
-    {
-        const qint64 a = lisaa(*d, u"Aalto"_s, u"Anna"_s, u"3"_s);
-        const qint64 b = lisaa(*d, u"Berg"_s, u"Bo"_s, u"4"_s);
-        lisaa(*d, u"Cedar"_s);
-        d->execute(u"UPDATE jr SET jrPostinumero = '00100' WHERE jrID = ?"_s, {a});
-        d->execute(u"UPDATE jr SET jrPostinumero = 'FI-01' WHERE jrID = ?"_s, {b});
-        const auto virheet = TarkistaPostinumerot(*d);
-        QCOMPARE(virheet.size(), 1);
-        QCOMPARE(PostinumerovirheViesti(virheet[0]), u"Tarkista jäsen: 4/Berg Bo"_s);
-    }
-
-    void viitetarkiste_data()
-    {
-        QTest::addColumn<QString>("viite");
-        QTest::addColumn<QString>("tulos");
-        QTest::addColumn<QString>("viesti");
-        QTest::newRow("tyhjä") << QString() << QString()
-                               << u"Viitetarkistetta ei voi lisätä 'tyhjään' - kirjoita ensin numero."_s;
-        QTest::newRow("liian pitkä") << u"12345678901234567890"_s << QString()
-                                     << u"Viitenumero voi olla korkeintaan 20 numeroa pitkä."_s;
-        QTest::newRow("välilyönnit") << u" 1234 "_s << u"12344"_s << QString();
-        QTest::newRow("toinen painallus") << u"12344"_s << u"123440"_s << QString();
-        QTest::newRow("19 merkkiä") << u"1234567890123456789"_s << u"12345678901234567894"_s << QString();
-    }
-
-    void viitetarkiste()
-    {
-        QFETCH(QString, viite);
-        QFETCH(QString, tulos);
-        QFETCH(QString, viesti);
-        const ViitetarkisteTulos t = LisaaViitetarkiste(viite);
-        QCOMPARE(t.viite.value_or(QString()), tulos);
-        QCOMPARE(t.viesti, viesti);
-    }
-
-    void paivat_data()
-    {
-        QTest::addColumn<QString>("teksti");
-        QTest::addColumn<int>("muutos");
-        QTest::addColumn<QString>("tulos");
-        QTest::newRow("plus karkauspäivään") << u"28.2.2024"_s << 1 << u"29.2.2024"_s;
-        QTest::newRow("miinus vuoden yli") << u"1.1.2024"_s << -1 << u"31.12.2023"_s;
-        QTest::newRow("tyhjä on tänään") << QString() << 1 << u"15.6.2025"_s;
-        QTest::newRow("roska on tänään") << u"huomenna"_s << -1 << u"15.6.2025"_s;
-    }
-
-    void paivat()
-    {
-        QFETCH(QString, teksti);
-        QFETCH(int, muutos);
-        QFETCH(QString, tulos);
-        QCOMPARE(SiirraPaivaa(teksti, muutos, QDate(2025, 6, 15)), tulos);
-    }
-
-    void paivanMuotoilu()
-    {
+        const QDate tanaan(2025, 6, 15);
+        QCOMPARE(SiirraPaivaa(u"28.2.2024"_s, 1, tanaan), u"29.2.2024"_s);
+        QCOMPARE(SiirraPaivaa(u"1.1.2024"_s, -1, tanaan), u"31.12.2023"_s);
+        QCOMPARE(SiirraPaivaa(u"huomenna"_s, -1, tanaan), u"15.6.2025"_s);
         QCOMPARE(MuotoilePaiva(u"01.02.1990"_s).teksti, u"1.2.1990"_s);
         QCOMPARE(MuotoilePaiva(u"1990-02-01"_s).teksti, u"1.2.1990"_s);
         const auto huono = MuotoilePaiva(u"32.1.1990"_s);
@@ -439,34 +315,27 @@ private slots:
     {
         const qint64 paa = lisaa(*d, u"Aalto"_s, {}, {}, 0);
         const qint64 jasen = lisaa(*d, u"Aalto"_s, u"Eino"_s, {}, 0);
-        const qint64 muu = lisaa(*d, u"Berg"_s, {}, {}, 0);
+        lisaa(*d, u"Berg"_s, {}, {}, 0); // outside the family: stays unpaid
         LiitaPaaPerheeseen(*d, paa);
         LisaaPerheeseen(*d, paa, jasen);
         LisaaPerheeseen(*d, paa, 9999); // a member who is gone
         d->execute(u"INSERT INTO jmhist (jmhjmID, jmhjmjrID, jmhjmHinta, jmhjmTeksti, jmhjmPerhe, jmhjmJasMak, jmhjmMaksettu, "
                    "jmhjmLaskupaiva, jmhjmViitenumero) VALUES (7, ?, 255000, 'Perhemaksu', 1, 1, 0, '2024-03-01', '74')"_s,
                    {paa});
-        d->execute(u"INSERT INTO jmhist (jmhjmID, jmhjmjrID, jmhjmHinta, jmhjmTeksti, jmhjmLaskupaiva) "
-                   "VALUES (8, ?, 100000, 'Kurssi', '2024-01-01')"_s,
-                   {paa});
+        d->execute(u"INSERT INTO jmhist (jmhjmID, jmhjmjrID, jmhjmHinta, jmhjmTeksti) VALUES (8, ?, 100000, 'Kurssi')"_s, {paa});
         d->execute(u"INSERT INTO jmRivi (jmRjmID, jmRMaksettu) VALUES (7, 0), (7, 0), (8, 0)"_s);
 
         const auto laskut = JasenenLaskut(*d, paa);
         QCOMPARE(laskut.size(), 2);
         QCOMPARE(laskut[0].teksti, u"10,00 - Kurssi"_s);
-        QCOMPARE(laskut[1].teksti, u"25,50 - Perhemaksu"_s);
-        QCOMPARE(LueLasku(*d, laskut[0].jmhID).perhemaksu, u"-"_s);
         QCOMPARE(LueLasku(*d, laskut[0].jmhID).maksettu, u"Ei"_s);
 
         const MaksetuksiTulos t = MerkitseLaskuMaksetuksi(*d, 7);
         QVERIFY(t.loytyi && t.jasenmaksu);
-        QCOMPARE(maara(*d, u"jr WHERE jrJasenmaksu = 1"_s), 2);
-        QCOMPARE(kentta(*d, muu, u"jrJasenmaksu"_s).toInt(), 0);
+        QCOMPARE(testi::rivi(*d, u"SELECT group_concat(jrJasenmaksu, '') FROM (SELECT jrJasenmaksu FROM jr ORDER BY jrID)"_s), u"110"_s);
         QCOMPARE(maara(*d, u"jmRivi WHERE jmRMaksettu = 1"_s), 2);
         const LaskunTiedot perhe = LueLasku(*d, laskut[1].jmhID);
-        QCOMPARE(perhe.maksettu, u"Kyllä"_s);
-        QCOMPARE(perhe.perhemaksu, u"Kyllä"_s);
-        QCOMPARE(perhe.laskupaiva, u"1.3.2024"_s);
+        QCOMPARE(perhe.maksettu + perhe.perhemaksu + perhe.laskupaiva, u"KylläKyllä1.3.2024"_s);
 
         QVERIFY(!MerkitseLaskuMaksetuksi(*d, 99).loytyi);
         QCOMPARE(LaskuaEiLoydyViesti(u" 74 "_s), u"Laskua viitenumerolla: 74 ei löydy."_s);
