@@ -357,6 +357,25 @@ private slots:
         QCOMPARE(t.tili.pankki, pankki);
     }
 
+    void everyMistypedDigitIsCaught()
+    {
+        // A typo in the settings must never turn into another account that looks valid.
+        const QString oikea = QStringLiteral("FI21 1234 5600 0007 85 Nordea");
+        for (qsizetype i = 2; i < 22; ++i) {
+            if (!oikea[i].isDigit())
+                continue;
+            for (char16_t d = u'0'; d <= u'9'; ++d) {
+                if (d == oikea[i].unicode())
+                    continue;
+                QString vaara = oikea;
+                vaara[i] = QChar(d);
+                const PankkitiliTulos t = PankkitiliTekstista(vaara);
+                QVERIFY2(!t.onnistui(), qPrintable(vaara));
+                QVERIFY(t.virhe.endsWith(QStringLiteral("tarkiste ei täsmää.")));
+            }
+        }
+    }
+
     // --- the bank barcode ---
 
     void barcode_data()
