@@ -1,5 +1,7 @@
 // The bank barcode of a Finnish giro slip: 54 digits that a payer's bank reads for the account,
-// the amount, the reference and the due date.
+// the amount, the reference and the due date. The slip prints them as Code 128 with no readable
+// text beside it; an even count of digits and nothing else encodes in character set C all through
+// (start C, 27 digit pairs, the check character, stop), as the banks' readers expect.
 #pragma once
 
 #include "platform/currency.h"
