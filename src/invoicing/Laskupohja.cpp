@@ -167,8 +167,13 @@ void cLaskupohja::Delete()
         d->execute(QStringLiteral("DELETE FROM Laskupohjat WHERE Laskupohja_ID = ?"), {qlonglong(ID())});
         t.commit();
     }
-    pudotaRivit();
     Uusi();
+}
+
+void cLaskupohja::Uusi()
+{
+    pudotaRivit();
+    cLaskupohjaTietue::Uusi();
 }
 
 void cLaskupohja::Cancel()

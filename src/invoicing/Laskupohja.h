@@ -90,6 +90,8 @@ public:
     void Delete() override;
     // Drops the changes of the header and of every row held.
     void Cancel() override;
+    // An empty new template without rows; changes are dropped, not saved.
+    void Uusi() override;
     // Changed itself, or holds a changed row.
     bool RivejaMuuttunut() const;
 

@@ -84,7 +84,7 @@ public:
     // Drops the changes: the fields as last read or saved; a new object's as it was made.
     virtual void Cancel();
     // An empty new object, as a fresh one is. Changes are dropped, not saved.
-    void Uusi();
+    virtual void Uusi();
 
 signals:
     // The changed mark went on.
