@@ -3,6 +3,7 @@
 #include "core/MainModule.h"
 #include "invoicing/Laskupohja.h"
 #include "invoicing/LaskupohjaKaytto.h"
+#include "invoicing/LaskupohjaSyote.h"
 #include "malliseura.h"
 #include "platform/arvot.h"
 #include "platform/kello.h"
@@ -67,23 +68,8 @@ private slots:
 
     // ---- The record objects ----------------------------------------------------------------
 
-    void uusiAlkaaTyhjana()
-    {
-        cLaskupohja p;
-        QVERIFY(p.Tyhja());
-        QVERIFY(!p.Muuttunut());
-        QCOMPARE(p.LaskunPaivamaara(), -1);
-        QCOMPARE(p.LaskunErapaiva(), -1);
-        p.setTietokanta(polku);
-        p.setNimi(QString());
-        p.setLaskunOtsake(u"Syksy"_s);
-        p.Save();
-        QVERIFY(!p.Tyhja() && p.ID() > 0);
-        // An empty name is kept as one blank.
-        QCOMPARE(sarake(u"Laskupohja_Nimi, LaskunOtsake, LaskunPaivamaara, LaskunErapaiva"_s, p.ID()), u" |Syksy|-1|-1"_s);
-    }
-
-    // Too long texts are cut to their limits without a word; what fits is stored as typed.
+    // Too long texts are cut to their limits without a word; what fits is stored as typed. A new
+    // template leaves the due date alone and the invoice date empty.
     void tekstitRajataan_data()
     {
         QTest::addColumn<QString>("sarake");
@@ -99,6 +85,7 @@ private slots:
             emojit += u"🎉"_s;
         QTest::newRow("50 emoji fit") << u"Laskupohja_Nimi"_s << emojit << emojit;
         QTest::newRow("51st emoji cut whole") << u"Laskupohja_Nimi"_s << emojit + u"🎉"_s << emojit;
+        QTest::newRow("empty name is one blank") << u"Laskupohja_Nimi"_s << QString() << u" "_s;
         QTest::newRow("quotes") << u"LaskunOtsake"_s << u"O'Brien \"ja\"; --"_s << u"O'Brien \"ja\"; --"_s;
         QTest::newRow("memo unlimited") << u"Lisatietoja"_s << QString(5000, u'm') << QString(5000, u'm');
     }
@@ -121,25 +108,14 @@ private slots:
                 p.setPankkitili1(annettu);
             else
                 p.setLisatietoja(annettu);
-            p.Save();
+            QVERIFY(p.Tyhja());
+            p.Save(true); // an unchanged new template is written only when forced
+            QVERIFY(!p.Tyhja());
             id = p.ID();
         }
         QCOMPARE(d->scalar(u"SELECT "_s + sarake + u" FROM Laskupohjat WHERE Laskupohja_ID = ?"_s, {id}).toString(), tallennettu);
+        QCOMPARE(this->sarake(u"LaskunPaivamaara, LaskunErapaiva"_s, id), u"-1|-1"_s);
         QCOMPARE(dlg->messages(), QStringList());
-    }
-
-    void rivinTekstitRajataan()
-    {
-        cLaskupohja p;
-        p.setTietokanta(polku);
-        p.ReadById(pohja(u"P"_s));
-        p.PerusLaskupohjarivi(0).setAiheteksti(QString(90, u'x'));
-        p.PerheLaskupohjarivi(3).setPerheAiheteksti(QString(81, u'y'));
-        p.OminaisuusLaskupohjarivi(1).setOmAiheteksti(u"Ä'ö"_s);
-        p.Save();
-        QCOMPARE(d->scalar(u"SELECT max(length(Aiheteksti)) FROM Laskupohjarivit"_s).toInt(), 80);
-        QCOMPARE(d->scalar(u"SELECT max(length(PerheAiheteksti)) FROM Laskupohjarivit"_s).toInt(), 80);
-        QCOMPARE(d->scalar(u"SELECT OmAiheteksti FROM Laskupohjarivit WHERE Laskutyyppi = 2 AND Jarjestys = 1"_s).toString(), u"Ä'ö"_s);
     }
 
     // Only cancel drops changes: a template that goes away with changes, of its own or of a row,
@@ -200,25 +176,6 @@ private slots:
         QCOMPARE(rivit(u"Laskupohja_ID = 0"_s), 0);
     }
 
-    // Moving on keeps the edits too, and saving writes the changed rows with the header.
-    void siirtyminenJaTallennusKirjoittavatRivit()
-    {
-        const qint64 a = pohja(u"A"_s), b = pohja(u"B"_s);
-        cLaskupohja p;
-        p.setTietokanta(polku);
-        QVERIFY(p.ReadById(a));
-        p.PerheLaskupohjarivi(0).setPerheAhinta(Currency::fromUnits(30));
-        QVERIFY(p.GetNext());
-        QCOMPARE(p.ID(), b);
-        QCOMPARE(d->scalar(u"SELECT PerheAhinta FROM Laskupohjarivit WHERE Laskupohja_ID = ? AND Laskutyyppi = 1 AND Jarjestys = 0"_s, {a})
-                     .toLongLong(),
-                 300000);
-        p.OminaisuusLaskupohjarivi(3).setOmLkmMaara(2.5);
-        p.Save();
-        QVERIFY(!p.RivejaMuuttunut());
-        QCOMPARE(d->scalar(u"SELECT OmLkmMaara FROM Laskupohjarivit WHERE Laskupohja_ID = ? AND Laskutyyppi = 2"_s, {b}).toDouble(), 2.5);
-    }
-
     // A save that fails when the template goes away is shown, and nothing is thrown.
     void vapautuksenVirheNaytetaan()
     {
@@ -240,70 +197,41 @@ private slots:
         kaikki.Lataa(polku, -1);
         QCOMPARE(nimet(kaikki), (QStringList{u"aamu"_s, u"Buu"_s, u"Öljy"_s}));
         QCOMPARE(kaikki.Item(u"I"_s + QString::number(c))->Nimi(), u"Öljy"_s);
-        QVERIFY(!kaikki.Item(u"I0"_s));
 
         cLaskupohja p;
         p.setTietokanta(polku);
-        QVERIFY(p.GetFirst());
-        QCOMPARE(p.ID(), c);
-        QVERIFY(p.GetNext());
-        QCOMPARE(p.ID(), a);
-        QVERIFY(p.GetNext());
-        QCOMPARE(p.ID(), b);
-        QVERIFY(!p.GetNext());
+        QList<qint64> kaydyt;
+        for (bool ok = p.GetFirst(); ok; ok = p.GetNext())
+            kaydyt << p.ID();
+        QCOMPARE(kaydyt, (QList<qint64>{c, a, b}));
+        QVERIFY(p.Tyhja() && p.ID() == 0 && p.Nimi().isEmpty() && p.LaskunErapaiva() == -1);
+        kaydyt.clear();
+        for (bool ok = p.GetLast(); ok; ok = p.GetPrevious())
+            kaydyt << p.ID();
+        QCOMPARE(kaydyt, (QList<qint64>{b, a, c}));
         QVERIFY(p.Tyhja());
-        QCOMPARE(p.ID(), 0);
-        QCOMPARE(p.Nimi(), QString());
-        QVERIFY(p.GetLast());
-        QCOMPARE(p.ID(), b);
-        QVERIFY(p.GetPrevious());
-        QCOMPARE(p.ID(), a);
-        QVERIFY(p.GetPrevious());
-        QVERIFY(!p.GetPrevious());
-        QVERIFY(p.Tyhja());
-
-        p.ReadById(a);
-        p.Delete();
-        QVERIFY(p.Tyhja());
-        QVERIFY(!p.ReadById(a));
-        QCOMPARE(testi::maara(*d, u"Laskupohjat"_s), 2);
     }
 
-    // A row is made and saved the first time it is asked for, once; the rows of the other
-    // kinds stay apart.
+    // A row is made and saved the first time it is asked for, once.
     void rivitTehdaanKysyttaessa()
     {
         const qint64 id = pohja(u"Perhe"_s, laskupohja::Perhe);
-        {
-            cLaskupohja p;
-            p.setTietokanta(polku);
-            p.ReadById(id);
-            QCOMPARE(p.PerheLaskupohjarivi(10).Jarjestys(), 10);
-            QCOMPARE(rivit(), 1);
-            QCOMPARE(testi::rivi(*d, u"SELECT Laskupohja_ID, Laskutyyppi, Jarjestys FROM Laskupohjarivit"_s),
-                     QString::number(id) + u"|1|10"_s);
-            QVERIFY(p.PerheLaskupohjarivi(10).ID() > 0);
-            QVERIFY_THROWS_EXCEPTION(std::out_of_range, p.PerheLaskupohjarivi(11));
-            QVERIFY_THROWS_EXCEPTION(std::out_of_range, p.PerusLaskupohjarivi(4));
-            for (int t = 0; t < 3; ++t)
-                for (int j = 0; j < laskupohja::RivienMaara(t); ++j)
-                    (void)(t == 0 ? p.PerusLaskupohjarivi(j) : t == 1 ? p.PerheLaskupohjarivi(j) : p.OminaisuusLaskupohjarivi(j));
-            QCOMPARE(rivit(), 19);
-            QVERIFY(!p.RivejaMuuttunut());
-        }
-        cLaskupohja uudelleen;
-        uudelleen.setTietokanta(polku);
-        uudelleen.ReadById(id);
-        uudelleen.PerusLaskupohjarivi(1);
+        cLaskupohja p;
+        p.setTietokanta(polku);
+        p.ReadById(id);
+        QCOMPARE(p.PerheLaskupohjarivi(10).Jarjestys(), 10);
+        QCOMPARE(testi::rivi(*d, u"SELECT Laskupohja_ID, Laskutyyppi, Jarjestys FROM Laskupohjarivit"_s),
+                 QString::number(id) + u"|1|10"_s);
+        QVERIFY_THROWS_EXCEPTION(std::out_of_range, p.PerheLaskupohjarivi(11));
+        QVERIFY_THROWS_EXCEPTION(std::out_of_range, p.PerusLaskupohjarivi(4));
+        for (int t = 0; t < 3; ++t)
+            for (int j = 0; j < laskupohja::RivienMaara(t); ++j)
+                (void)(t == 0 ? p.PerusLaskupohjarivi(j) : t == 1 ? p.PerheLaskupohjarivi(j) : p.OminaisuusLaskupohjarivi(j));
         QCOMPARE(rivit(), 19);
-
+        QVERIFY(!p.RivejaMuuttunut());
         cLaskupohjaRivit perhe;
         perhe.Lataa(polku, id, laskupohja::Perhe);
         QCOMPARE(perhe.Count(), 11);
-        cLaskupohjaRivit yksi;
-        yksi.Lataa(polku, id, laskupohja::Ominaisuus, 2);
-        QCOMPARE(yksi.Count(), 1);
-        QCOMPARE(yksi.Item(0).Jarjestys(), 2);
     }
 
     // A template changed from the family kind to the plain one moves between the lists.
@@ -372,7 +300,6 @@ private slots:
         QTest::addColumn<int>("valinta");
         QTest::addColumn<QStringList>("viestit");
         QTest::newRow("second account") << u"FI21 1234 5600 0007 85"_s << 2 << QStringList();
-        QTest::newRow("first account") << u"FI49 5000 9420 0287 30"_s << 1 << QStringList();
         QTest::newRow("none chosen") << QString() << 0 << QStringList();
         QTest::newRow("account changed") << u"FI00 0000 0000 0000 00"_s << 0 << QStringList{tiliEiLoydy};
         QTest::newRow("only the exact text") << u"FI21 1234 5600 0007 8"_s << 0 << QStringList{tiliEiLoydy};
@@ -410,22 +337,15 @@ private slots:
         cLaskupohja p;
         p.setTietokanta(polku);
         for (int j = 0; j < 4; ++j) {
-            cLaskupohjaRivi &r = p.PerusLaskupohjarivi(j);
-            r.setPaalla(j % 2 == 0);
-            r.setAiheteksti(u"Rivi "_s + QString::number(j));
-            r.setHinta(Currency::fromRaw(10000 * j + 5000));
+            p.PerusLaskupohjarivi(j).setPaalla(j == 2);
+            p.PerusLaskupohjarivi(j).setAiheteksti(u"Rivi "_s + QString::number(j));
+            p.PerusLaskupohjarivi(j).setHinta(Currency::fromRaw(10000 * j + 5000));
         }
-        p.Save();
-        cLaskupohjat c;
-        c.Lataa(polku, laskupohja::Perus);
         MaksujenLuontiLomake l;
-        KaytaLaskupohjaa(c.Item(0), l);
-        for (int j = 0; j < 4; ++j) {
-            QCOMPARE(l.rivit[size_t(j)].chkRivi, j % 2 == 0);
-            QCOMPARE(l.rivit[size_t(j)].tRiviTeksti, u"Rivi "_s + QString::number(j));
-        }
-        QCOMPARE(l.rivit[0].tRiviSumma, u"0,50"_s);
+        KaytaLaskupohjaa(p, l);
+        QCOMPARE(l.rivit[3].tRiviTeksti, u"Rivi 3"_s);
         QCOMPARE(l.rivit[3].tRiviSumma, u"3,50"_s);
+        QVERIFY(l.rivit[2].chkRivi && !l.rivit[3].chkRivi);
     }
 
     // The family row is last in the window, the classes before it, and the two free rows go to
@@ -530,6 +450,32 @@ private slots:
         QCOMPARE(rivit(), 0);
     }
 
+    // The template window's number boxes: a number goes in as it is, anything else as 0 (the
+    // due days as -1, which leaves the due date alone).
+    void lukusyotteet_data()
+    {
+        QTest::addColumn<QString>("teksti");
+        QTest::addColumn<qint64>("raha");
+        QTest::addColumn<double>("luku");
+        QTest::addColumn<int>("paivia");
+        QTest::newRow("comma") << u"12,5"_s << qint64(125000) << 12.5 << 12;
+        QTest::newRow("point") << u"12.5"_s << qint64(125000) << 12.5 << 12;
+        QTest::newRow("four decimals") << u"1,2345"_s << qint64(12345) << 1.2345 << 1;
+        QTest::newRow("negative") << u"-3"_s << qint64(-30000) << -3.0 << -3;
+        QTest::newRow("exponent") << u"1e3"_s << qint64(10000000) << 1000.0 << 1000;
+        QTest::newRow("word") << u"viikko"_s << qint64(0) << 0.0 << -1;
+        QTest::newRow("empty") << QString() << qint64(0) << 0.0 << -1;
+        QTest::newRow("beyond the days' range") << u"99999"_s << qint64(999990000) << 99999.0 << -1;
+    }
+    void lukusyotteet()
+    {
+        QFETCH(QString, teksti);
+        QFETCH(qint64, raha);
+        QCOMPARE(RahaSyotteesta(teksti).raw(), raha);
+        QTEST(LukuSyotteesta(teksti), "luku");
+        QTEST(ErapaivaSyotteesta(teksti), "paivia");
+    }
+
     // What a template writes into an amount box reads back as the same amount.
     void rahaTekstina_data()
     {
@@ -538,10 +484,8 @@ private slots:
         QTest::newRow("cents") << qint64(125000) << u"12,50"_s;
         QTest::newRow("whole") << qint64(30000) << u"3,00"_s;
         QTest::newRow("four decimals") << qint64(12345) << u"1,2345"_s;
-        QTest::newRow("three decimals") << qint64(12340) << u"1,234"_s;
         QTest::newRow("negative") << qint64(-5000) << u"-0,50"_s;
         QTest::newRow("thousands") << qint64(12345670000) << u"1234567,00"_s;
-        QTest::newRow("zero") << qint64(0) << u"0,00"_s;
     }
     void rahaTekstina()
     {

@@ -27,7 +27,7 @@ QLineEdit *lukulaatikko(QWidget *w, const QString &nimi)
     auto *t = new QLineEdit(w);
     t->setObjectName(nimi);
     t->setAlignment(Qt::AlignRight);
-    t->setMaximumWidth(t->fontMetrics().horizontalAdvance(QStringLiteral("0000000,00")) + 16);
+    t->setFixedWidth(t->fontMetrics().horizontalAdvance(QStringLiteral("0000000,00")) + 16);
     return t;
 }
 
