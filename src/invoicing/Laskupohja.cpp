@@ -87,10 +87,14 @@ cLaskupohjaRivi &cLaskupohja::rivi(int laskutyyppi, int jarjestys) const
         r->setLaskupohjaID(ID());
         r->setJarjestys(jarjestys);
         r->setLaskutyyppi(laskutyyppi);
-        if (ID() != 0)
-            r->Save();
-        else
-            r->otaKopio(); // written with the template once it has an id
+        try {
+            if (ID() != 0)
+                r->Save();
+        } catch (...) {
+            r->asetaMuuttunut(false); // the failure is the caller's to show, once
+            throw;
+        }
+        r->otaKopio(); // a new template's rows are written with it once it has an id
     }
     // A row edited while the template is new makes the template one to save.
     auto *self = const_cast<cLaskupohja *>(this);

@@ -2,6 +2,7 @@
 
 #include "core/Ilmoitukset.h"
 #include "core/MainModule.h"
+#include "core/Schema.h"
 #include "core/ui/Tietueikkuna.h"
 #include "core/ui/uihelpers.h"
 #include "invoicing/Laskupohja.h"
@@ -20,6 +21,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QRadioButton>
 #include <QStackedWidget>
 #include <QToolButton>
@@ -147,11 +149,11 @@ void frmLaskupohjat::kun(QCheckBox *c, std::function<void(bool)> kirjoita)
 QWidget *frmLaskupohjat::rakennaYlatiedot()
 {
     auto *w = new QWidget(this);
-    auto rivi = [w](const char *nimi, int pituus) {
+    auto rivi = [w](const char *nimi, const char *sarake) {
         auto *t = new QLineEdit(w);
         t->setObjectName(QLatin1String(nimi));
-        if (pituus > 0)
-            t->setMaxLength(pituus);
+        if (sarake)
+            t->setMaxLength(Schema::leveys(QStringLiteral("Laskupohjat"), QLatin1String(sarake)));
         return t;
     };
     auto valinta = [w](const char *nimi, const QString &teksti) {
@@ -159,12 +161,13 @@ QWidget *frmLaskupohjat::rakennaYlatiedot()
         c->setObjectName(QLatin1String(nimi));
         return c;
     };
-    tNimi = rivi("tNimi", 50);
-    tLaskunOtsake = rivi("tLaskunOtsake", 30);
-    tErapaiva = rivi("tErapaiva", 6);
+    tNimi = rivi("tNimi", "Laskupohja_Nimi");
+    tLaskunOtsake = rivi("tLaskunOtsake", "LaskunOtsake");
+    tErapaiva = rivi("tErapaiva", nullptr);
+    tErapaiva->setMaxLength(6);
     tErapaiva->setMaximumWidth(tErapaiva->fontMetrics().horizontalAdvance(QStringLiteral("0000000")) + 16);
     tErapaiva->setToolTip(QStringLiteral("Päiviä laskun päivämäärästä eräpäivään; tyhjä jättää eräpäivän ennalleen"));
-    tTilisiirronTeksti = rivi("tTilisiirronTeksti", 80);
+    tTilisiirronTeksti = rivi("tTilisiirronTeksti", "TilisiirronTeksti");
     cmbPaivamaara = new QComboBox(w);
     cmbPaivamaara->setObjectName(QStringLiteral("cmbPaivamaara"));
     cmbPaivamaara->addItem(QStringLiteral("Tyhjä"), laskupohja::PaivaTyhja);
@@ -483,8 +486,16 @@ void frmLaskupohjat::reject()
 
 void AvaaLaskupohjat(QWidget *parent)
 {
+    // The window exists once: a second opening while it is up only brings it forward.
+    static QPointer<frmLaskupohjat> auki;
+    if (auki) {
+        auki->raise();
+        auki->activateWindow();
+        return;
+    }
     frmLaskupohjat w(parent);
     if (!w.lataa())
         return;
+    auki = &w;
     w.exec();
 }

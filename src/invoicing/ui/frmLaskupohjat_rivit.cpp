@@ -1,4 +1,5 @@
 // The three row panels of the template window: what each row control shows and where its edits go.
+#include "core/Schema.h"
 #include "invoicing/Laskupohja.h"
 #include "invoicing/LaskupohjaKaytto.h"
 #include "invoicing/LaskupohjaSyote.h"
@@ -35,7 +36,7 @@ QLineEdit *tekstilaatikko(QWidget *w, const QString &nimi)
 {
     auto *t = new QLineEdit(w);
     t->setObjectName(nimi);
-    t->setMaxLength(80);
+    t->setMaxLength(Schema::leveys(QStringLiteral("Laskupohjarivit"), QStringLiteral("Aiheteksti")));
     t->setMinimumWidth(t->fontMetrics().horizontalAdvance(QString(24, QLatin1Char('x'))));
     return t;
 }
