@@ -88,8 +88,7 @@ cLaskupohjaRivi &cLaskupohja::rivi(int laskutyyppi, int jarjestys) const
         r->setJarjestys(jarjestys);
         r->setLaskutyyppi(laskutyyppi);
         try {
-            if (ID() != 0)
-                r->Save();
+            r->Save();
         } catch (...) {
             r->asetaMuuttunut(false); // the failure is the caller's to show, once
             throw;
@@ -115,36 +114,51 @@ bool cLaskupohja::RivejaMuuttunut() const
     return false;
 }
 
-void cLaskupohja::Save(bool pakota)
+template <class F>
+void cLaskupohja::rivitPalautuen(F &&tallenna)
 {
-    if (Muuttunut() || pakota) {
-        if (Nimi().isEmpty())
-            aseta(1, QStringLiteral(" "));
-        cLaskupohjaTietue::Save(true);
-        return;
+    std::vector<std::pair<cLaskupohjaRivi *, Tila>> ennen;
+    for (auto &[avain, r] : m_rivit)
+        ennen.emplace_back(r.get(), r->tila());
+    try {
+        tallenna();
+    } catch (...) {
+        for (auto &[r, t] : ennen)
+            r->palauta(t);
+        throw;
     }
-    // Only rows have changed: they are written alone.
-    if (ID() == 0)
-        return;
-    auto d = kanta();
-    db::Transaction t(*d);
-    for (auto &[avain, r] : m_rivit) {
-        r->setYhteys(&*d);
-        r->Save();
-        r->setYhteys(Yhteys());
-    }
-    t.commit();
 }
 
+void cLaskupohja::Save(bool pakota)
+{
+    rivitPalautuen([&] {
+        if (Muuttunut() || pakota) {
+            if (Nimi().isEmpty())
+                aseta(1, QStringLiteral(" "));
+            cLaskupohjaTietue::Save(true);
+            return;
+        }
+        // Only rows have changed: they are written alone.
+        if (ID() == 0)
+            return;
+        auto d = kanta();
+        db::Transaction t(*d);
+        for (auto &[avain, r] : m_rivit)
+            if (r->Muuttunut() && r->voiTallentaa())
+                r->tallennaYhteydella(*d);
+        t.commit();
+    });
+}
+
+// A new template's rows are written with the id it got.
 void cLaskupohja::tallennettu(db::Database &d)
 {
     for (auto &[avain, r] : m_rivit) {
         const bool uusi = r->LaskupohjaID() != ID();
         if (uusi)
             r->setLaskupohjaID(ID());
-        r->setYhteys(&d);
-        r->Save(uusi);
-        r->setYhteys(Yhteys());
+        if (uusi || r->Muuttunut())
+            r->tallennaYhteydella(d);
     }
 }
 

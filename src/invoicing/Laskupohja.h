@@ -105,6 +105,9 @@ private:
     friend class cLaskupohjat;
     cLaskupohjaRivi &rivi(int laskutyyppi, int jarjestys) const;
     void pudotaRivit();
+    // Runs a save of the template and its rows: a failure puts every row back as it was too.
+    template <class F>
+    void rivitPalautuen(F &&tallenna);
     bool siirry(const QString &ehto, const QString &jarjestys);
 
     // Rows by (kind, position), read when first asked for.

@@ -38,13 +38,6 @@ cLaskupohjaRivi::cLaskupohjaRivi(QObject *parent) : cLaskupohjaTietue(riviTaulu(
 
 cLaskupohjaRivi::~cLaskupohjaRivi() { vapauta(); }
 
-void cLaskupohjaRivi::Save(bool pakota)
-{
-    if (LaskupohjaID() == 0)
-        return;
-    cLaskupohjaTietue::Save(pakota);
-}
-
 // ---- cLaskupohjaRivit -----------------------------------------------------------------------
 
 cLaskupohjaRivit::cLaskupohjaRivit() = default;

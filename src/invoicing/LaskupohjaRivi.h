@@ -58,8 +58,9 @@ public:
     QString OmAiheteksti() const { return teksti(19); }
     void setOmAiheteksti(const QString &v) { aseta(19, v); }
 
+protected:
     // A row whose template has no id yet is not written: the template writes it when it gets one.
-    void Save(bool pakota = false) override;
+    bool voiTallentaa() const override { return LaskupohjaID() != 0; }
 
 private:
     friend class cLaskupohjaRivit;

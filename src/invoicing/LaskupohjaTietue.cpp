@@ -230,16 +230,35 @@ void cLaskupohjaTietue::kirjoita(db::Database &d)
 
 void cLaskupohjaTietue::Save(bool pakota)
 {
-    if (!pakota && !m_muuttunut)
+    if (!voiTallentaa() || (!pakota && !m_muuttunut))
         return;
     auto d = kanta();
-    db::Transaction t(*d);
-    kirjoita(*d);
-    tallennettu(*d);
-    t.commit();
+    tallennaYhteydella(*d);
+}
+
+void cLaskupohjaTietue::tallennaYhteydella(db::Database &d)
+{
+    const Tila ennen = tila();
+    try {
+        db::Transaction t(d);
+        kirjoita(d);
+        tallennettu(d);
+        t.commit();
+    } catch (...) {
+        palauta(ennen);
+        throw;
+    }
     m_kopio = m_arvot;
     m_muuttunut = false;
     m_tyhja = false;
+}
+
+void cLaskupohjaTietue::palauta(const Tila &t)
+{
+    m_arvot = t.arvot;
+    m_kopio = t.kopio;
+    m_muuttunut = t.muuttunut;
+    m_tyhja = t.tyhja;
 }
 
 void cLaskupohjaTietue::Delete()

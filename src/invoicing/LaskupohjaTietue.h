@@ -108,6 +108,18 @@ protected:
     virtual void uudenArvot() {}
     // Runs after the row was written, in the same transaction.
     virtual void tallennettu(db::Database &) {}
+    // Whether the row may be written at all.
+    virtual bool voiTallentaa() const { return true; }
+    // Writes the row through `d` in a transaction of its own (nested in one that is open). On a
+    // failure the object is as it was before, changes and all, and the error is thrown.
+    void tallennaYhteydella(db::Database &d);
+    // The whole state of the object, to put back when a save around it fails.
+    struct Tila {
+        QVector<QVariant> arvot, kopio;
+        bool muuttunut = false, tyhja = true;
+    };
+    Tila tila() const { return {m_arvot, m_kopio, m_muuttunut, m_tyhja}; }
+    void palauta(const Tila &t);
     // Before the object moves to another row: a changed object keeps its changes by saving.
     virtual void luovu();
     // Whether the release rule has something to save.

@@ -188,6 +188,42 @@ private slots:
         QVERIFY(dlg->messages().first().startsWith(u"Laskupohjan muutoksia ei voitu tallentaa:\n"_s));
     }
 
+    // A save that fails halfway (the header written, a row refused) leaves the template and its
+    // rows as they were, changes and all, and the next save writes everything.
+    void epaonnistunutTallennusSailyttaa_data()
+    {
+        QTest::addColumn<bool>("uusi");
+        QTest::newRow("new template") << true;
+        QTest::newRow("saved template") << false;
+    }
+    void epaonnistunutTallennusSailyttaa()
+    {
+        QFETCH(bool, uusi);
+        cLaskupohja p;
+        p.setTietokanta(polku);
+        if (!uusi)
+            p.ReadById(pohja(u"Vanha"_s));
+        p.setLaskunOtsake(u"Otsake"_s);
+        p.PerusLaskupohjarivi(0).setAiheteksti(u"Eka"_s);
+        p.PerusLaskupohjarivi(1).setAiheteksti(u"Rivi"_s);
+        // The first row goes through, the second is refused.
+        for (const char *tapahtuma : {"INSERT", "UPDATE"})
+            d->execute(u"CREATE TRIGGER esto_%1 BEFORE %1 ON Laskupohjarivit WHEN NEW.Jarjestys = 1 "
+                       "BEGIN SELECT RAISE(ABORT, 'estetty'); END"_s.arg(QLatin1String(tapahtuma)));
+        const qint64 id = p.ID();
+        QVERIFY_THROWS_EXCEPTION(db::DbError, p.Save());
+        QCOMPARE(p.ID(), id);
+        QVERIFY(p.Muuttunut() && p.PerusLaskupohjarivi(0).Muuttunut() && p.PerusLaskupohjarivi(1).Muuttunut());
+        QCOMPARE(testi::maara(*d, u"Laskupohjat WHERE LaskunOtsake IS NOT NULL"_s), 0);
+        d->execute(u"DROP TRIGGER esto_INSERT"_s);
+        d->execute(u"DROP TRIGGER esto_UPDATE"_s);
+        p.Save();
+        QCOMPARE(testi::rivi(*d, u"SELECT LaskunOtsake, group_concat(Aiheteksti) FROM Laskupohjat JOIN Laskupohjarivit "
+                                 "USING (Laskupohja_ID) WHERE Jarjestys < 2 ORDER BY Jarjestys"_s),
+                 u"Otsake|Eka,Rivi"_s);
+        QCOMPARE(rivit(u"Laskupohja_ID <> ?"_s, {p.ID()}), 0);
+    }
+
     // Browsing goes by the order of making; the lists go by name. Past either end the object is
     // empty.
     void selausJaLuettelo()
