@@ -135,7 +135,6 @@ protected:
     void tyhjenna();
     void kirjoita(db::Database &db);
     laskupohja::Kanta kanta() const { return laskupohja::Kanta(m_polku, m_yhteys); }
-    const laskupohja::Taulu &taulu() const { return m_taulu; }
     // The release rule: a changed object saves itself. Never throws; a failure is shown to the
     // user. Each record class calls it from its destructor.
     void vapauta() noexcept;
