@@ -123,7 +123,27 @@ void frmLaskupohjat::rakenna()
     ylin->addLayout(napit);
     ylin->addLayout(runko, 1);
     resize(1180, 760);
+    asetaSarkainjarjestys();
     new tietue::EditorinNappaimet(this);
+}
+
+// Tab goes as the eye reads: the tree, the header from the top, then the rows line by line.
+void frmLaskupohjat::asetaSarkainjarjestys()
+{
+    QList<QWidget *> j{tvwLista, tNimi, tLaskunOtsake, cmbPaivamaara, tErapaiva, tTilisiirronTeksti, cmbTilinumerot,
+                       chkVainValittuTilinumero, chkJasenmaksu, chkIlmanViitetta, chkHenkilokohtainenViite,
+                       chkIlmanLoppusummaa, tLisatietoja};
+    for (QRadioButton *o : optLaskutyyppi)
+        j << o;
+    for (int i = 0; i < chkPerusPaalla.size(); ++i)
+        j << chkPerusPaalla[i] << tPerusAiheteksti[i] << tPerusHinta[i];
+    for (int i = 0; i < chkPerhePaalla.size(); ++i)
+        j << chkPerhePaalla[i] << tPerheAiheTeksti[i] << tPerheAhinta[i] << chkPerheNimet[i] << chkPerheNollat[i];
+    for (int i = 0; i < cmbOminaisuus.size(); ++i)
+        j << cmbOminaisuus[i] << tOmAiheTeksti[i] << tOmLkmMaara[i] << chkOmLkm[i] << tOmAHinta[i] << chkOmHinta[i]
+          << tOmMinimi[i] << chkOmNollat[i];
+    for (int i = 1; i < j.size(); ++i)
+        setTabOrder(j[i - 1], j[i]);
 }
 
 void frmLaskupohjat::kun(QLineEdit *t, std::function<void(const QString &)> kirjoita)

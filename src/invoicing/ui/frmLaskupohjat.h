@@ -68,6 +68,7 @@ public slots:
 
 private:
     void rakenna();
+    void asetaSarkainjarjestys();
     QWidget *rakennaYlatiedot();
     QWidget *rakennaPerusrivit();
     QWidget *rakennaPerherivit();
