@@ -1,5 +1,8 @@
 #include "invoicing/ui/Laskutusikkuna.h"
 
+#include "invoicing/Laskupohja.h"
+#include "invoicing/ui/LaskupohjaValikko.h"
+
 #include "core/MainModule.h"
 #include "core/ui/Tietueikkuna.h"
 #include "core/ui/uihelpers.h"
@@ -224,10 +227,6 @@ void Laskutusikkuna::rakennaValikot()
     mLaskut->addSeparator();
     lisaa("mSulje", cSulje, QStringLiteral("Sulje"));
 
-    if (m_asetelma.laskupohjat) {
-        mLaskupohjat = menuBar()->addMenu(QStringLiteral("Lasku&pohjat"));
-        mLaskupohjat->setObjectName(QStringLiteral("mLaskupohjat"));
-    }
 }
 
 bool Laskutusikkuna::Lataa()
@@ -238,6 +237,14 @@ bool Laskutusikkuna::Lataa()
         auto d = tietue::AvaaKanta();
         taytaNimet(*d);
         taytaOtsakkeet();
+        if (m_asetelma.laskupohjat) {
+            const int tyyppi = m_asetelma.laji == Laskuikkuna::Perhe ? laskupohja::Perhe
+                : m_asetelma.laji == Laskuikkuna::Ominaisuus       ? laskupohja::Ominaisuus
+                                                                     : laskupohja::Perus;
+            mLaskupohjat = LaskupohjaValikko::rakenna(menuBar(), tyyppi, [this](int indeksi) {
+                tietue::Suojattu([this, indeksi] { kaytaPohjaa(indeksi); });
+            });
+        }
         tLaskunPaiva->setText(PaivaTekstina(kello::tanaan()));
         lataaRivit(*d);
     });

@@ -63,6 +63,10 @@ protected:
     virtual QVector<ListaRivi> nimet(db::Database &d);
     // After the lists are filled: the window's own lists and starting state.
     virtual void lataaRivit(db::Database &) {}
+    // The template at this place of the menu filled into the window.
+    virtual void kaytaPohjaa(int) {}
+
+    void kirjoitaYlatiedot(const LaskunYlatiedot &y);
 
     LaskunYlatiedot ylatiedot() const;
     LaskunSaajat saajat() const;

@@ -123,6 +123,21 @@ LaskunYlatiedot Laskutusikkuna::ylatiedot() const
     return l;
 }
 
+void Laskutusikkuna::kirjoitaYlatiedot(const LaskunYlatiedot &y)
+{
+    cmbMaksunOtsake->setEditText(y.cmbMaksunOtsake);
+    tLaskunPaiva->setText(y.tLaskunPaiva);
+    tLaskunErapaiva->setText(y.tLaskunErapaiva);
+    tTilisiirronTeksti->setText(y.tAiheTeksti);
+    tLisatietoja->setPlainText(y.tLisatietoja);
+    chkJasenmaksu->setChecked(y.chkJasenmaksu);
+    chkHenkKohtViite->setChecked(y.chkHenkKohtViite);
+    chkEiViitetta->setChecked(y.chkEiViitetta);
+    chkEiLoppusummaa->setChecked(y.chkEiLoppusummaa);
+    chkVainValittuTilinumero->setChecked(y.chkVainValittuTilinumero);
+    cmbTilinumerot->setCurrentIndex(y.cmbTilinumerotValinta);
+}
+
 LaskunSaajat Laskutusikkuna::saajat() const
 {
     LaskunSaajat s;

@@ -1,7 +1,9 @@
 #include "invoicing/ui/frmMaksujenLuonti.h"
 
 #include "core/Ilmoitukset.h"
+#include "core/MainModule.h"
 #include "core/ui/Tietueikkuna.h"
+#include "invoicing/LaskupohjaKaytto.h"
 #include "invoicing/ui/frmPROMaksujenLuonti.h"
 #include "platform/currency.h"
 
@@ -86,6 +88,20 @@ MaksujenLuontiLomake frmMaksujenLuonti::lomake() const
     l.tSumma = tSumma->text();
     l.saajat = saajat();
     return l;
+}
+
+void frmMaksujenLuonti::kaytaPohjaa(int indeksi)
+{
+    MaksujenLuontiLomake l = lomake();
+    if (!KaytaValittuaLaskupohjaa(MainModule::DatabasePath, indeksi, l))
+        return;
+    kirjoitaYlatiedot(l);
+    for (int i = 0; i < 4; ++i) {
+        chkRivi[i]->setChecked(l.rivit[i].chkRivi);
+        tRiviTeksti[i]->setText(l.rivit[i].tRiviTeksti);
+        tRiviSumma[i]->setText(l.rivit[i].tRiviSumma);
+    }
+    paivitaSumma();
 }
 
 Laskutustulos frmMaksujenLuonti::aja(const Ajo &ajo, bool jasenikkunaAuki)

@@ -25,6 +25,7 @@ protected:
     QWidget *rakennaRivit() override;
     Laskutustulos aja(const Ajo &ajo, bool jasenikkunaAuki) override;
     void lataaRivit(db::Database &d) override;
+    void kaytaPohjaa(int indeksi) override;
     // The row grid, for a window that adds a column to it.
     class QGridLayout *m_rivit = nullptr;
 

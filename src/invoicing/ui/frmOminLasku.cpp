@@ -1,6 +1,8 @@
 #include "invoicing/ui/frmOminLasku.h"
 
+#include "core/MainModule.h"
 #include "core/ui/Tietueikkuna.h"
+#include "invoicing/LaskupohjaKaytto.h"
 #include "invoicing/Laskutuslistat.h"
 
 #include <QCheckBox>
@@ -101,6 +103,28 @@ OminaisuusAjo frmOminLasku::lomake() const
     l.chkTulostaNollat = chkTulostaNollat->isChecked();
     l.saajat = saajat();
     return l;
+}
+
+void frmOminLasku::kaytaPohjaa(int indeksi)
+{
+    OminaisuusAjo l = lomake();
+    QVector<qint64> piIdt;
+    for (int i = 0; i < cmbOminaisuus[0]->count(); ++i)
+        piIdt << cmbOminaisuus[0]->itemData(i).toLongLong();
+    if (!KaytaValittuaLaskupohjaa(MainModule::DatabasePath, indeksi, l, piIdt))
+        return;
+    kirjoitaYlatiedot(l);
+    for (int i = 0; i < 4; ++i) {
+        const OminaisuusLaskurivi &r = l.rivit[i];
+        cmbOminaisuus[i]->setCurrentIndex(std::max(0, cmbOminaisuus[i]->findData(r.cmbOminaisuus)));
+        chkLkm[i]->setChecked(r.chkLkm);
+        chkHinta[i]->setChecked(r.chkHinta);
+        chkNollat[i]->setChecked(r.chkNollat);
+        tAHinta[i]->setText(r.tAHinta);
+        tLkm[i]->setText(r.tLkm);
+        tMinimi[i]->setText(r.tMinimi);
+        tAiheTeksti[i]->setText(r.tAiheTeksti);
+    }
 }
 
 Laskutustulos frmOminLasku::aja(const Ajo &ajo, bool jasenikkunaAuki)

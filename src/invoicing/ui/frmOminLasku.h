@@ -22,6 +22,7 @@ protected:
     QWidget *rakennaRivit() override;
     Laskutustulos aja(const Ajo &ajo, bool jasenikkunaAuki) override;
     void lataaRivit(db::Database &d) override;
+    void kaytaPohjaa(int indeksi) override;
 };
 
 void AvaaOminaisuuslaskut(QWidget *parent);

@@ -1,6 +1,8 @@
 #include "invoicing/ui/frmPerhelasku.h"
 
+#include "core/MainModule.h"
 #include "core/ui/Tietueikkuna.h"
+#include "invoicing/LaskupohjaKaytto.h"
 #include "invoicing/Laskutuslistat.h"
 #include "invoicing/Perhelaskuajo.h"
 
@@ -93,6 +95,26 @@ PerheLomake frmPerhelasku::lomake() const
         l.lisarivit[i] = {chkRivi[i]->isChecked(), tRiviTeksti[i]->text(), tRiviSumma[i]->text()};
     l.saajat = saajat();
     return l;
+}
+
+void frmPerhelasku::kaytaPohjaa(int indeksi)
+{
+    PerheLomake l = lomake();
+    if (!KaytaValittuaLaskupohjaa(MainModule::DatabasePath, indeksi, l))
+        return;
+    kirjoitaYlatiedot(l);
+    for (int i = 0; i < 9; ++i) {
+        chkPerheLuokka[i]->setChecked(l.luokat[i].chkPerheLuokka);
+        tSumma[i]->setText(l.luokat[i].tSumma);
+        tAiheTeksti[i]->setText(l.luokat[i].tAiheTeksti);
+        chkNimet[i]->setChecked(l.luokat[i].chkNimet);
+        chkNollat[i]->setChecked(l.luokat[i].chkNollat);
+    }
+    for (int i = 0; i < 2; ++i) {
+        chkRivi[i]->setChecked(l.lisarivit[i].chkRivi);
+        tRiviTeksti[i]->setText(l.lisarivit[i].tRiviTeksti);
+        tRiviSumma[i]->setText(l.lisarivit[i].tRiviSumma);
+    }
 }
 
 Laskutustulos frmPerhelasku::aja(const Ajo &ajo, bool jasenikkunaAuki)

@@ -23,6 +23,7 @@ protected:
     QWidget *rakennaRivit() override;
     Laskutustulos aja(const Ajo &ajo, bool jasenikkunaAuki) override;
     QVector<ListaRivi> nimet(db::Database &d) override;
+    void kaytaPohjaa(int indeksi) override;
 };
 
 void AvaaPerhelaskut(QWidget *parent);
