@@ -10,72 +10,62 @@
 #include <QSettings>
 #include <QtTest>
 
+using namespace Qt::Literals::StringLiterals;
+
 class TestApurit : public QObject {
     Q_OBJECT
 
 private slots:
     void nullSafeReaders()
     {
-        QCOMPARE(NullText(QVariant(), QStringLiteral("x")), QStringLiteral("x"));
-        QCOMPARE(NullText(QStringLiteral("Virtanen"), QStringLiteral("x")), QStringLiteral("Virtanen"));
+        QCOMPARE(NullText(QVariant(), u"x"_s), u"x"_s);
+        QCOMPARE(NullText(u"Virtanen"_s, u"x"_s), u"Virtanen"_s);
     }
 
-    void mouseCursorRestoresThePointerOfTheFirstCall()
+    // The pointer of the first call comes back, also to a window that had none of its own, and
+    // a guard outliving its window does no harm.
+    void mouseCursor()
     {
-        QWidget w;
+        QWidget w, ilman;
         w.setCursor(Qt::IBeamCursor);
         {
-            cMouseCursor c;
+            cMouseCursor c, toinen;
             c.SetCursor(&w, Qt::WaitCursor);
             c.SetCursor(&w, Qt::BusyCursor);
+            toinen.SetCursor(&ilman, Qt::WaitCursor);
             QCOMPARE(w.cursor().shape(), Qt::BusyCursor);
         }
         QCOMPARE(w.cursor().shape(), Qt::IBeamCursor);
-
-        QWidget ilman;
-        {
-            cMouseCursor c;
-            c.SetCursor(&ilman, Qt::WaitCursor);
-        }
         QCOMPARE(ilman.cursor().shape(), Qt::ArrowCursor);
-    }
-
-    void mouseCursorOutlivingItsWindowIsHarmless()
-    {
         cMouseCursor c;
-        auto *w = new QWidget;
-        c.SetCursor(w, Qt::WaitCursor);
-        delete w;
+        auto *kuollut = new QWidget;
+        c.SetCursor(kuollut, Qt::WaitCursor);
+        delete kuollut;
     }
 
+    // A stored place comes back; one off every screen, or unreadable, leaves the window where it is.
     void placementRoundTripsAndIgnoresLostPlaces()
     {
         TestEnv env;
         QWidget w;
-        w.setObjectName(QStringLiteral("frmTesti"));
+        w.setObjectName(u"frmTesti"_s);
         w.setGeometry(40, 50, 300, 200);
         TallennaIkkunanPaikka(&w);
         MainModule::releaseIniAsetukset();
-        const QString avain = QStringLiteral("FORMS/frmTesti%1%2").arg(MainModule::versionMajor()).arg(MainModule::versionMinor());
-        QVERIFY(QSettings(env.iniPath(), QSettings::IniFormat).contains(avain));
-
+        const QString avain = u"FORMS/frmTesti%1%2"_s.arg(MainModule::versionMajor()).arg(MainModule::versionMinor());
         QWidget uusi;
-        uusi.setObjectName(QStringLiteral("frmTesti"));
+        uusi.setObjectName(u"frmTesti"_s);
         LataaIkkunanPaikka(&uusi);
         QCOMPARE(uusi.geometry(), QRect(40, 50, 300, 200));
-
-        QSettings(env.iniPath(), QSettings::IniFormat).setValue(avain, QStringLiteral("-5000,-5000,300,200"));
-        MainModule::releaseIniAsetukset();
-        QWidget kadonnut;
-        kadonnut.setObjectName(QStringLiteral("frmTesti"));
-        kadonnut.setGeometry(10, 10, 100, 100);
-        LataaIkkunanPaikka(&kadonnut);
-        QCOMPARE(kadonnut.geometry(), QRect(10, 10, 100, 100));
-
-        QSettings(env.iniPath(), QSettings::IniFormat).setValue(avain, QStringLiteral("roskaa"));
-        MainModule::releaseIniAsetukset();
-        LataaIkkunanPaikka(&kadonnut);
-        QCOMPARE(kadonnut.geometry(), QRect(10, 10, 100, 100));
+        for (const QString &tallennettu : {u"-5000,-5000,300,200"_s, u"roskaa"_s}) {
+            QSettings(env.iniPath(), QSettings::IniFormat).setValue(avain, tallennettu);
+            MainModule::releaseIniAsetukset();
+            QWidget kadonnut;
+            kadonnut.setObjectName(u"frmTesti"_s);
+            kadonnut.setGeometry(10, 10, 100, 100);
+            LataaIkkunanPaikka(&kadonnut);
+            QVERIFY2(kadonnut.geometry() == QRect(10, 10, 100, 100), qPrintable(tallennettu));
+        }
     }
 
     void demonstrationDatabase_data()
@@ -88,7 +78,6 @@ private slots:
         QTest::newRow("muu kanta") << "/home/a/demo2.mdb" << false;
         QTest::newRow("tyhjä") << "" << false;
     }
-
     void demonstrationDatabase()
     {
         QFETCH(QString, polku);
@@ -96,20 +85,11 @@ private slots:
         QCOMPARE(IsDemoDatabase(polku), demo);
     }
 
-    void fileFilters_data()
-    {
-        QTest::addColumn<QString>("suodatin");
-        QTest::addColumn<QString>("qt");
-        QTest::newRow("kanta") << "Database (*.mdb)|*.mdb" << "Database (*.mdb)";
-        QTest::newRow("useita") << "Aineisto|*.txt;*.dat|Kaikki tiedostot (*.*)|*.*"
-                                << "Aineisto (*.txt *.dat);;Kaikki tiedostot (*)";
-    }
-
     void fileFilters()
     {
-        QFETCH(QString, suodatin);
-        QFETCH(QString, qt);
-        QCOMPARE(dlg::qtFilter(suodatin), qt);
+        QCOMPARE(dlg::qtFilter(u"Database (*.mdb)|*.mdb"_s), u"Database (*.mdb)"_s);
+        QCOMPARE(dlg::qtFilter(u"Aineisto|*.txt;*.dat|Kaikki tiedostot (*.*)|*.*"_s),
+                 u"Aineisto (*.txt *.dat);;Kaikki tiedostot (*)"_s);
     }
 };
 
