@@ -67,7 +67,6 @@ private slots:
         QTest::newRow("ominaisuuden poisto") << 3 << 1;
         QTest::newRow("yhdistäminen") << 4 << 1;
     }
-
     void ajoPysahtyyJaPeruu()
     {
         QFETCH(int, ajo);
@@ -80,7 +79,7 @@ private slots:
         const QString ennen = seurat::Sisalto(*d);
         Pysayttaja pysayta(kutsussa);
         const Ajo a(*d, &pysayta);
-        auto aja = [&] {
+        const auto aja = [&] {
             switch (ajo) {
             case 0: TaytaRekisteritiedot(a, cRekisteritietovalinta{true, true, true, true}); break;
             case 1: Moniliitos(a, ensimmainen, jasenet(), {}, false); break;
@@ -114,7 +113,7 @@ private slots:
         MainModule::Laskunro = 41;
         MainModule::Jasennro = 7;
         KantaStore(*d).writeString(u"Laskunro"_s, u"41"_s);
-        auto tila = [&] {
+        const auto tila = [&] {
             return u"%1 %2 %3 %4"_s.arg(MainModule::Laskunro).arg(MainModule::Jasennro)
                 .arg(KantaStore(*d).readString(u"Laskunro"_s, {}), KantaStore(*d).readString(u"Jasennro"_s, {}));
         };
@@ -135,8 +134,9 @@ private slots:
         QCOMPARE(tila(), u"42 7 42 "_s + KantaStore(*d).readString(u"Jasennro"_s, {}));
     }
 
-    // The report's layout stops between members and writes no file.
-    void raporttiPysahtyy()
+    // The report's layout stops between members and writes no file; a copy and a salvage stopped
+    // at their first report leave no target behind them.
+    void tiedostojaEiJaa()
     {
         Pysayttaja pysayta(2);
         const Ajo a(*d, &pysayta);
@@ -148,29 +148,24 @@ private slots:
         r.Destination = Raporttiajo::PdfTiedosto;
         QVERIFY_THROWS_EXCEPTION(Keskeytetty, r.setAction(1));
         QVERIFY(!QFile::exists(r.PrintFileName));
-    }
 
-    // A copy and a salvage stopped at their first report leave no target behind them.
-    void kopioJaPelastusPysahtyvat()
-    {
         d.reset();
-        const QString iso = kanta;
         const QString kohde = env->path(u"kopio.mdb"_s);
-        Pysayttaja pysayta(1);
+        Pysayttaja kopioinnissa(1), pelastuksessa(1);
         kanta::Kopiointi tapa;
-        tapa.edistyminen = &pysayta;
+        tapa.edistyminen = &kopioinnissa;
         kanta::Virhe v;
-        QVERIFY_THROWS_EXCEPTION(Keskeytetty, kanta::kopioiTietokanta(iso, kohde, tapa, &v));
-        QVERIFY(!pysayta.vaiheet.isEmpty());
+        QVERIFY_THROWS_EXCEPTION(Keskeytetty, kanta::kopioiTietokanta(kanta, kohde, tapa, &v));
+        QVERIFY(!kopioinnissa.vaiheet.isEmpty());
         QVERIFY(!QFile::exists(kohde));
-
-        Pysayttaja pysayta2(1);
         kanta::Pelastus p;
-        QVERIFY_THROWS_EXCEPTION(Keskeytetty, kanta::pelastaTietokanta(iso, kohde, &p, &v, &pysayta2));
-        QVERIFY(!pysayta2.vaiheet.isEmpty());
+        QVERIFY_THROWS_EXCEPTION(Keskeytetty, kanta::pelastaTietokanta(kanta, kohde, &p, &v, &pelastuksessa));
+        QVERIFY(!pelastuksessa.vaiheet.isEmpty());
     }
 
-    void ikkunanOmaPalkki()
+    // A window's own bar turns its run buttons off for the run, and its "Keskeytä" stops the run;
+    // a run long enough to show the progress window is stopped from that window's button.
+    void keskeytysIkkunasta()
     {
         QWidget ikkuna;
         auto *palkki = new QProgressBar(&ikkuna);
@@ -188,20 +183,14 @@ private slots:
             QVERIFY(e.keskeytetaanko());
         }
         QVERIFY(aja->isEnabled());
-    }
 
-    // A run long enough to show its window is stopped from the window's button.
-    void keskeytysIkkunasta()
-    {
         ScriptedDialogs dialogit;
         int askelia = 0;
         QTimer::singleShot(700, [] {
             auto *ikkuna = qobject_cast<QDialog *>(QApplication::activeModalWidget());
             QVERIFY(ikkuna);
             QCOMPARE(ikkuna->windowTitle(), u"Ominaisuutta lisätään"_s);
-            auto *nappi = ikkuna->findChild<QPushButton *>();
-            QVERIFY(nappi);
-            QTest::mouseClick(nappi, Qt::LeftButton);
+            QTest::mouseClick(ikkuna->findChild<QPushButton *>(), Qt::LeftButton);
         });
         const bool valmis = AjaEdistyen(nullptr, u"Ominaisuutta lisätään"_s, [&](Edistyminen *e) {
             for (askelia = 0; askelia < 1000; ++askelia) {
