@@ -2,19 +2,12 @@
 // tools to compare, damage and fence in files.
 #pragma once
 
-#include "core/Asetukset.h"
 #include "core/Malli.h"
+#include "core/Tietokantanimet.h"
 #include "core/UpdateDatabase.h"
-#include "platform/database.h"
-#include "testiapu.h"
-
-#include <QFile>
-#include <QMap>
-#include <QString>
-#include <QtTest>
+#include "ydinapu.h"
 
 #include <sys/mount.h>
-#include <unistd.h>
 
 namespace kerho {
 

@@ -2,23 +2,13 @@
 // order of the save, the backup folder, a missing, foreign or damaged database, and the mail
 // server query.
 #include "core/AsetustenTallennus.h"
-#include "core/Asetukset.h"
 #include "core/Asetusavaimet.h"
-#include "core/MainModule.h"
-#include "platform/database.h"
-#include "platform/files.h"
 #include "platform/mxlookup.h"
 #include "kerhokanta.h"
 #include "malliseura.h"
-#include "testipohja.h"
-
-#include <QFile>
-#include <QFileInfo>
-#include <QSettings>
-#include <QtTest>
 
 namespace M = MainModule;
-using namespace Qt::StringLiterals;
+using ydin::iniArvo;
 
 namespace {
 
@@ -56,11 +46,6 @@ QMap<QString, QString> kannanAsetukset(const QString &polku)
     while (st.next())
         out.insert(st.value(0).toString(), st.value(1).toString());
     return out;
-}
-
-QString iniArvo(const TestEnv &env, const QString &avain)
-{
-    return QSettings(env.iniPath(), QSettings::IniFormat).value(u"VONARI/"_s + avain).toString();
 }
 
 AsetuksetSyote hyvat(const QString &kanta, const QString &varmistus)
@@ -156,22 +141,17 @@ private slots:
         const QString kulut = u"Syötä muistutuskuluksi ainoastaan numeroita."_s;
         QTest::newRow("viestejä/min") << "tEmailPerMin" << "12x" << "EmailPerMin" << ""
                                       << "Syötä (sähköposti) viestejä / min arvoksi ainoastaan numeroita.";
-        QTest::newRow("tyhjä marginaali") << "tMargAla" << "" << "MargAla" << "" << marginaali;
         QTest::newRow("suurin marginaali") << "tMargYla" << "682" << "MargYla" << "682" << "";
         QTest::newRow("marginaali ylivuotaa") << "tMargYla" << "683" << "MargYla" << "" << marginaali;
         QTest::newRow("erä ylivuotaa") << "tTulostusEra" << "32768" << "TulostusEra" << ""
                                        << "Syötä tulostuseräksi ainoastaan numeroita.";
         QTest::newRow("välilyönnit pois") << "tLaskunumero" << " 1 200 " << "Laskunro" << "1200" << "";
         QTest::newRow("laskunumero yli 32 bitin") << "tLaskunumero" << "2147483648" << "Laskunro" << "" << laskunumero;
-        QTest::newRow("desimaalit jäsennumerossa") << "tJasennumero" << "12,5" << "Jasennro" << ""
-                                                   << "Syötä jäsennumeroksi ainoastaan numeroita.";
         QTest::newRow("miinusmerkki") << "tVarmuuskopioPv" << "-3" << "VarmuuskopioPv" << ""
                                       << "Syötä Varmuuskopiot -kenttään ainoastaan numeroita.";
         QTest::newRow("kulut pisteellä") << "tMuistutuskulut" << "2.5" << "Muistutuskulut" << "2.5" << "";
         QTest::newRow("kulut negatiiviset") << "tMuistutuskulut" << "-1" << "Muistutuskulut" << "" << kulut;
         QTest::newRow("korko pilkulla") << "tViivastysKorko" << " 8,25 " << "Viivastyskorko" << "8,25" << "";
-        QTest::newRow("korko kirjaimin") << "tViivastysKorko" << "12x" << "Viivastyskorko" << ""
-                                         << "Syötä viivästyskoroksi ainoastaan numeroita.";
     }
     void numerotTarkistetaanVuorollaan()
     {
