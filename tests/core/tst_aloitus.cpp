@@ -1,23 +1,11 @@
 // The whole start as a user meets it, from the settings file to the shown main window: the
 // demonstration club at the first start, the start's checks and the move of older settings.
-#include "platform/kello.h"
-#include "core/Asetukset.h"
-#include "core/MainModule.h"
 #include "app/Main.h"
 #include "app/frmMain.h"
-#include "platform/database.h"
-#include "platform/files.h"
 #include "reports/Tulostus.h"
-#include "scripteddialogs.h"
-#include "testenv.h"
-
-#include <QApplication>
-#include <QTimer>
-#include <QSettings>
-#include <QtTest>
+#include "ydinapu.h"
 
 using namespace MainModule;
-using namespace Qt::Literals::StringLiterals;
 
 class TestAloitus : public QObject {
     Q_OBJECT

@@ -1,27 +1,15 @@
 // The shared helpers other windows lean on: Null-safe readers, the pointer guard, window
 // placement, the demonstration club's name and file filters.
 #include "core/Kaynnistys.h"
-#include "core/MainModule.h"
 #include "platform/arvot.h"
 #include "core/ui/uihelpers.h"
 #include "platform/ui/QtDialogs.h"
-#include "testenv.h"
-
-#include <QSettings>
-#include <QtTest>
-
-using namespace Qt::Literals::StringLiterals;
+#include "ydinapu.h"
 
 class TestApurit : public QObject {
     Q_OBJECT
 
 private slots:
-    void nullSafeReaders()
-    {
-        QCOMPARE(NullText(QVariant(), u"x"_s), u"x"_s);
-        QCOMPARE(NullText(u"Virtanen"_s, u"x"_s), u"Virtanen"_s);
-    }
-
     // The pointer of the first call comes back, also to a window that had none of its own, and
     // a guard outliving its window does no harm.
     void mouseCursor()
@@ -85,8 +73,10 @@ private slots:
         QCOMPARE(IsDemoDatabase(polku), demo);
     }
 
-    void fileFilters()
+    void textHelpers()
     {
+        QCOMPARE(NullText(QVariant(), u"x"_s), u"x"_s);
+        QCOMPARE(NullText(u"Virtanen"_s, u"x"_s), u"Virtanen"_s);
         QCOMPARE(dlg::qtFilter(u"Database (*.mdb)|*.mdb"_s), u"Database (*.mdb)"_s);
         QCOMPARE(dlg::qtFilter(u"Aineisto|*.txt;*.dat|Kaikki tiedostot (*.*)|*.*"_s),
                  u"Aineisto (*.txt *.dat);;Kaikki tiedostot (*)"_s);

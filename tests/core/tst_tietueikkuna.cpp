@@ -2,16 +2,11 @@
 // the window that exists once and the keys that stay with the focused editor.
 #include "core/ui/Tietueikkuna.h"
 #include "platform/recordset.h"
-#include "testipohja.h"
+#include "ydinapu.h"
 
-#include <QAction>
-#include <QCheckBox>
-#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
-#include <QtTest>
 
-using namespace Qt::Literals::StringLiterals;
 using tietue::Siirto;
 
 class TestTietueikkuna : public Testipohja {
