@@ -1,28 +1,19 @@
 // The demonstration club: generated the same from the same seed, whole and consistent, read by
 // the program as it is, never filled twice, and made at the first start without replacing a
 // user's own files.
-#include "core/Asetukset.h"
 #include "esittely/Esittelyseura.h"
-#include "core/MainModule.h"
 #include "core/Malli.h"
 #include "platform/arvot.h"
 #include "core/Ohjelmakansio.h"
 #include "core/UpdateDatabase.h"
 #include "invoicing/Viite.h"
-#include "platform/currency.h"
-#include "platform/files.h"
-#include "scripteddialogs.h"
 #include "seurat.h"
-#include "testenv.h"
-#include "testiapu.h"
+#include "ydinapu.h"
 
-#include <QFile>
 #include <QRegularExpression>
-#include <QtTest>
 
 using db::Database;
 using testi::maara;
-using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
@@ -32,17 +23,6 @@ QString asetus(Database &d, const char *avain)
 {
     return d.scalar(u"SELECT setString FROM Settings WHERE setSection = 'VONARI' AND setKey = ?"_s, {QString::fromLatin1(avain)})
         .toString();
-}
-
-bool ibanKelpaa(QString iban)
-{
-    iban.remove(u' ');
-    if (!QRegularExpression(u"^FI\\d{16}$"_s).match(iban).hasMatch())
-        return false;
-    int jaannos = 0;
-    for (QChar c : iban.mid(4) + u"1518"_s + iban.mid(2, 2))
-        jaannos = (jaannos * 10 + c.digitValue()) % 97;
-    return jaannos == 1;
 }
 
 } // namespace
@@ -99,15 +79,10 @@ private slots:
         r("family head exists and is marked", u"jrPerhe p WHERE NOT EXISTS (SELECT 1 FROM jr WHERE jrID = p.jrPMID AND jrPerheenLaskutettava = 1)"_s, "=0");
         r("family member exists", u"jrPerhe p WHERE NOT EXISTS (SELECT 1 FROM jr WHERE jrID = p.jrPSubID)"_s, "=0");
         r("head in own family", u"jr WHERE jrPerheenLaskutettava = 1 AND NOT EXISTS (SELECT 1 FROM jrPerhe WHERE jrPMID = jrID AND jrPSubID = jrID)"_s, "=0");
-        r("families", u"jr WHERE jrPerheenLaskutettava = 1"_s, ">50");
         for (const char *luokka : {"jrPAik", "jrPNuor", "jrPLapsi", "jrPSis1", "jrPSis2"})
             QTest::addRow("family role %s", luokka) << u"jrPerhe WHERE %1 = 1"_s.arg(QLatin1String(luokka)) << u">0"_s;
-        r("Finnish letters", u"jr WHERE jrSukunimi LIKE '%ä%' OR jrSukunimi LIKE '%ö%'"_s, ">50");
-        r("invoices by e-mail", u"jr WHERE jrEmailLasku = 1 AND jrEmail LIKE '%@%'"_s, ">50");
         r("e-mail invoice without address", u"jr WHERE jrEmailLasku = 1 AND jrEmail IS NULL"_s, "=0");
-        r("postcode as number", u"jr WHERE jrPostinumeroNumero IS NOT CAST(jrPostinumero AS INTEGER)"_s, "=0");
         r("street starts the address", u"jr WHERE substr(jrOsoite, 1, length(jrKatu)) <> jrKatu"_s, "=0");
-        r("attributes", u"pi"_s, ">7");
         r("attribute rows point home", u"pt WHERE ptjrID NOT IN (SELECT jrID FROM jr) OR ptpiID NOT IN (SELECT piID FROM pi)"_s, "=0");
         r("only the kinds an attribute carries", u"piirteet WHERE (ptValDate IS NOT NULL AND piEnbldDate = 0) OR (ptValLong IS NOT NULL AND "
                                                   "piEnbldLong = 0) OR (ptValMemo IS NOT NULL AND piEnbldMemo = 0) OR "
@@ -115,22 +90,12 @@ private slots:
         for (const char *laji : {"ptValDate", "ptValLong", "ptValMemo", "ptValCurrency"})
             QTest::addRow("values in %s", laji) << u"pt WHERE %1 IS NOT NULL"_s.arg(QLatin1String(laji)) << u">0"_s;
         r("every attribute in use", u"pi WHERE piID NOT IN (SELECT ptpiID FROM pt)"_s, "=0");
-        r("one attribute twice", u"(SELECT 1 FROM pt GROUP BY ptjrID, ptpiID HAVING COUNT(*) > 1)"_s, ">0");
-        r("board member", u"pi WHERE piNimi = 'Hallituksen jäsen'"_s, "=1");
-        r("paid", u"jmhist WHERE jmhjmMaksettu = 1"_s, ">100");
-        r("unpaid", u"jmhist WHERE jmhjmMaksettu = 0"_s, ">10");
         r("partly paid", u"jmhist WHERE jmhjmMaksettu = 0 AND jmhID IN (SELECT jmhID FROM Suoritukset)"_s, ">0");
         r("reminded unpaid", u"jmhist WHERE jmhjmMaksettu = 0 AND jmhjmMuistutusNumero > 0"_s, ">0");
-        r("reminded paid", u"jmhist WHERE jmhjmMaksettu = 1 AND jmhjmMuistutusNumero > 0"_s, ">0");
-        r("family invoice", u"jmhist WHERE jmhjmPerhe = 1"_s, ">0");
-        r("own account", u"jmhist WHERE jmhjmOmin = 1 AND jmhjmKaytaPankkitili1 = 1"_s, ">0");
-        r("membership fee", u"jmhist WHERE jmhjmJasMak = 1"_s, ">0");
         r("invoice's member exists", u"jmhist WHERE jmhjmjrID NOT IN (SELECT jrID FROM jr)"_s, "=0");
         r("no open invoices", u"jm"_s, "=0");
         r("total of the rows", u"jmhist WHERE jmhjmHinta IS NOT (SELECT SUM(jmRHinta) FROM jmRivi WHERE jmRjmID = jmhjmID)"_s, "=0");
         r("paid invoice's rows paid", u"jmhist WHERE jmhjmMaksettu = 1 AND EXISTS (SELECT 1 FROM jmRivi WHERE jmRjmID = jmhjmID AND jmRMaksettu = 0)"_s, "=0");
-        r("row without price", u"jmRivi WHERE jmRHinta IS NULL"_s, ">0");
-        r("product row", u"jmRivi WHERE jmRmlID IN (SELECT mlID FROM ml)"_s, ">0");
         const QString maksettu = u"(SELECT SUM(Summa) FROM Suoritukset s WHERE s.jmhID = jmhist.jmhID)"_s;
         r("open balance from payments", u"jmhist WHERE jmhjmMaksettu = 0 AND jmhID IN (SELECT jmhID FROM Suoritukset) AND "
                                          "jmhjmAvoinSumma IS NOT jmhjmHinta - "_s + maksettu, "=0");
@@ -141,9 +106,6 @@ private slots:
         // This year's membership invoice sets the member's fee flag: on when paid, off when not.
         r("fee flag", u"jmhist WHERE jmhjmJasMak = 1 AND jmhjmLaskupaiva LIKE '2026%' "
                       "AND jmhjmMaksettu IS NOT (SELECT jrJasenmaksu FROM jr WHERE jrID = jmhjmjrID)"_s, "=0");
-        r("settings once", u"(SELECT 1 FROM Settings GROUP BY setKey HAVING COUNT(*) > 1)"_s, "=0");
-        r("country texts", u"Maa WHERE TulosteTeksti IS NULL OR TulosteTeksti = ''"_s, "=0");
-        r("headings apart", u"(SELECT 1 FROM lt GROUP BY upper(ltNimi) HAVING COUNT(*) > 1)"_s, "=0");
         for (const char *taulu : {"Jasenlaji", "Jasenryhma", "Maa", "Postinumero", "lt", "me", "ml"})
             QTest::addRow("rows in %s", taulu) << QString::fromLatin1(taulu) << u">2"_s;
     }
@@ -156,7 +118,7 @@ private slots:
         QVERIFY2(odotus.startsWith(u'=') ? n == raja : n > raja, qPrintable(QString::number(n)));
     }
 
-    // Rows checked one by one: streets, references, reminders, the invoice-id guard, settings.
+    // Rows checked one by one: streets, references, reminders, the invoice-id guard, the accounts.
     void valuesAreValid()
     {
         auto d = Database::open(seurat::Valmis(1000), db::OpenMode::ReadOnly);
@@ -200,15 +162,7 @@ private slots:
         QVERIFY(seuraava >= luku(*d, u"SELECT MAX(jmhjmID) FROM jmhist"_s));
         QVERIFY(seuraava >= luku(*d, u"SELECT MAX(jmRjmID) FROM jmRivi"_s));
 
-        for (const char *avain : {"RegName", "Henkilo", "RegOsoite", "RegPostinumero", "RegPostitoimipaikka", "RegPuhelin",
-                                  "RegSeuranEmail", "MuistutusOtsake", "MuistutusAlku", "MuistutusLoppu", "Fontti"})
-            QVERIFY2(!asetus(*d, avain).isEmpty(), avain);
-        QVERIFY(asetus(*d, "RegName").endsWith(u" ry"_s));
-        QVERIFY(ibanKelpaa(asetus(*d, "RegPankkiyhteys1")) && ibanKelpaa(asetus(*d, "RegPankkiyhteys2")));
-        QVERIFY(asetus(*d, "RegPankkiyhteys1") != asetus(*d, "RegPankkiyhteys2"));
-        QVERIFY(ParsePaiva(asetus(*d, "BackupDate")).isValid());
-        QVERIFY(Currency::parse(asetus(*d, "Muistutuskulut")).has_value());
-        QVERIFY(asetus(*d, "Viivastyskorko").toDouble() > 0);
+        QVERIFY(!asetus(*d, "RegPankkiyhteys1").isEmpty() && asetus(*d, "RegPankkiyhteys1") != asetus(*d, "RegPankkiyhteys2"));
         QCOMPARE(maara(*d, u"jmhist WHERE jmhjmKaytaPankkitili1 = 1 AND jmhjmPankkitili1 IS NOT ?"_s,
                        {asetus(*d, "RegPankkiyhteys2")}), 0);
     }
