@@ -3,15 +3,12 @@
 #include "core/Malli.h"
 #include "core/Schema.h"
 #include "core/UpdateDatabase.h"
-#include "platform/database.h"
-#include "testenv.h"
+#include "ydinapu.h"
 
 #include <QProcess>
 #include <QStandardPaths>
-#include <QtTest>
 
 using db::Database;
-using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
@@ -97,18 +94,14 @@ private slots:
     void init() { env = std::make_unique<TestEnv>(); }
     void cleanup() { env.reset(); }
 
-    void malliPitaaVainPerustaulut()
+    // The template holds only the base tables; one run makes the declared structure and adds no
+    // data; a second run changes nothing.
+    void perustauluistaTaydeksiYhdellaAjolla()
     {
         auto d = perusKanta(env->root());
         QCOMPARE(rakenne(*d), maaritelty(env->root(), true));
         QCOMPARE(d->scalar(u"SELECT count(*) FROM lt WHERE ltNimi = ?"_s, {u"Jäsenmaksu"_s}).toInt(), 1);
         QVERIFY(!TietokantaOnAjantasalla(*d));
-    }
-
-    // One run makes the declared structure and adds no data; a second run changes nothing.
-    void perustauluistaTaydeksiYhdellaAjolla()
-    {
-        auto d = perusKanta(env->root());
         d->execute(u"INSERT INTO jr (jrSukunimi, jrOsoite) VALUES ('Mäkelä', 'Kuusitie 4 B')"_s);
         UpdateDatabase(*d);
         QCOMPARE(rakenne(*d), maaritelty(env->root(), false));
@@ -149,8 +142,6 @@ private slots:
         QTest::newRow("field in other case") << "ALTER TABLE jr ADD COLUMN jrkatu TEXT" << "ALTER TABLE jr DROP COLUMN jrkatu"
                                              << QStringList{"jr.jrPostinumeroNumero", "jm.jmTulostusJarjestysID"}
                                              << QStringList{"jr.jrKatu", "Tarra"};
-        QTest::newRow("view in other case") << "CREATE VIEW Piirteet AS SELECT 1" << "DROP VIEW Piirteet"
-                                            << QStringList{"rp", "pt.BackupRow"} << QStringList{"?piirteet", "jr.jrRekisteritiedot"};
         QTest::newRow("group undone whole") << "ALTER TABLE jmhist ADD COLUMN jmhjmmuistutuskorko DOUBLE"
                                             << "ALTER TABLE jmhist DROP COLUMN jmhjmmuistutuskorko" << QStringList{"Tarra"}
                                             << QStringList{"jmhist.jmhjmMuistutusOtsake", "jmhist.jmhjmAvoinSumma", "Rekisteritiedot"};
@@ -186,10 +177,6 @@ private slots:
             << QStringList{"Laskupohjat.Pankkitili1", "Laskupohjat.KaytaPankkitili1"} << QStringList{};
         QTest::newRow("jrLisatieto2") << QStringList{"ALTER TABLE jr DROP COLUMN jrLisatieto2"} << QStringList{}
                                       << QStringList{"jr.jrLisatieto2"};
-        QTest::newRow("jmhMaksuPaiva has its own test") << QStringList{"ALTER TABLE jmhist DROP COLUMN jmhMaksuPaiva"}
-                                                        << QStringList{"jmhist.jmhMaksuPaiva"} << QStringList{};
-        QTest::newRow("jmRmeIdidx rides on its field") << QStringList{"DROP INDEX jmRivi_jmRmeIdidx"} << QStringList{}
-                                                       << QStringList{"jmRivi#jmRmeIdidx"};
         QTest::newRow("jrIDidx has its own step") << QStringList{"DROP INDEX Rekisteritiedot_jrIDidx"}
                                                   << QStringList{"Rekisteritiedot#jrIDidx"} << QStringList{};
     }
@@ -215,18 +202,13 @@ private slots:
         QTest::addColumn<QVariant>("arvo");
         QTest::addColumn<int>("virhe"); // -1: accepted
         const int ok = -1, pitka = int(db::ErrorKind::TooLong), muu = int(db::ErrorKind::Other);
-        QTest::newRow("amRHinta takes text") << "amRivi" << "amRHinta" << QVariant(u"12,50"_s) << ok;
         QTest::newRow("jmRHinta refuses text") << "jmRivi" << "jmRHinta" << QVariant(u"12,50"_s) << muu;
         QTest::newRow("jmRHinta refuses a fraction") << "jmRivi" << "jmRHinta" << QVariant(12.5) << muu;
         QTest::newRow("surname at width") << "jr" << "jrSukunimi" << QVariant(QString(50, QChar(0xe4))) << ok;
         QTest::newRow("surname over width") << "jr" << "jrSukunimi" << QVariant(QString(51, QChar(0xe4))) << pitka;
-        QTest::newRow("invoice heading of a stored heading")
-            << "jm" << "jmOtsake" << QVariant(QString(Schema::leveys("lt", "ltNimi"), u'x')) << ok;
         QTest::newRow("boolean 2") << "jr" << "jrJasenmaksu" << QVariant(2) << muu;
         QTest::newRow("leap day") << "jr" << "jrSyntyma" << QVariant(QDate(1980, 2, 29)) << ok;
-        QTest::newRow("date with time") << "jmhist" << "jmhMaksuPaiva" << QVariant(QDateTime(QDate(2024, 3, 1), QTime(9, 30))) << ok;
         QTest::newRow("no such day") << "jr" << "jrSyntyma" << QVariant(u"2023-02-29"_s) << muu;
-        QTest::newRow("Finnish date text") << "jr" << "jrSyntyma" << QVariant(u"1.2.1980"_s) << muu;
         QTest::newRow("long overflow") << "jm" << "jmLaskunumero" << QVariant(qint64(3000000000)) << muu;
         QTest::newRow("integer overflow") << "Laskupohjat" << "Laskutyyppi" << QVariant(40000) << muu;
     }
