@@ -1,9 +1,7 @@
 // Every long run reports its steps and, stopped half way, leaves the club's file as it was; on
 // screen the window's run buttons are off while a run is open, the bar follows the steps, and the
 // user's "Keskeytä" stops the run, which says that nothing was saved.
-#include "core/Asetukset.h"
 #include "core/Kantatiedosto.h"
-#include "core/MainModule.h"
 #include "core/Pelastus.h"
 #include "members/Jasen.h"
 #include "members/PiirreJoukko.h"
@@ -11,19 +9,12 @@
 #include "pysayttaja.h"
 #include "platform/ui/Edistymispalkki.h"
 #include "reports/Raporttiajo.h"
-#include "scripteddialogs.h"
 #include "seurat.h"
-#include "testenv.h"
+#include "ydinapu.h"
 
-#include <QApplication>
 #include <QDialog>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QThread>
-#include <QTimer>
-#include <QtTest>
-
-using namespace Qt::Literals::StringLiterals;
 
 class tst_keskeytys : public QObject {
     Q_OBJECT

@@ -1,22 +1,11 @@
 // Opening the club's database at the start: a missing file and the default club, the copy taken
 // before an upgrade, doubled member numbers, a file that cannot be written, a foreign or damaged
 // file, and the marks of an interrupted backup.
-#include "platform/kello.h"
-#include "core/MainModule.h"
-#include "core/Malli.h"
-#include "core/Tietokantanimet.h"
 #include "core/Avaus.h"
 #include "core/Varmuusrivit.h"
-#include "core/UpdateDatabase.h"
 #include "kerhokanta.h"
-#include "platform/files.h"
-#include "testipohja.h"
-
-#include <QDir>
-#include <QtTest>
 
 using namespace MainModule;
-using namespace Qt::Literals::StringLiterals;
 
 namespace {
 

@@ -1,19 +1,12 @@
 // A backup killed at any moment never leaves the working database damaged, missing or short of
 // a row; the copy in the backup folder is either the former good one or a new good one.
-#include "core/MainModule.h"
-#include "core/Tietokantanimet.h"
 #include "core/Varmuuskopio.h"
 #include "kerhokanta.h"
-#include "scripteddialogs.h"
-#include "testenv.h"
-#include "testiapu.h"
 
-#include <QDir>
 #include <QElapsedTimer>
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QThread>
-#include <QtTest>
 
 using namespace MainModule;
 

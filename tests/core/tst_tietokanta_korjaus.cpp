@@ -1,17 +1,10 @@
 // Repairing a damaged club: what can be read comes back, the damaged file is kept byte for byte,
 // the log's rows are salvaged, and a file that cannot be repaired, renamed or is not ours stays
 // exactly as it was.
-#include "core/MainModule.h"
-#include "core/Tietokantanimet.h"
 #include "core/Korjaus.h"
 #include "kerhokanta.h"
-#include "testipohja.h"
-
-#include <QDir>
-#include <QtTest>
 
 using namespace MainModule;
-using namespace Qt::Literals::StringLiterals;
 
 namespace {
 

@@ -1,21 +1,12 @@
 // Restoring a backup and making a new club: the database in use replaced only on Yes and kept
 // beside it, a bad source changing nothing, the new club's name, and the invoice numbers and
 // identities a club carries on with.
-#include "core/MainModule.h"
-#include "core/Malli.h"
 #include "core/Palautus.h"
 #include "core/Perustus.h"
 #include "core/Laskuidt.h"
-#include "core/UpdateDatabase.h"
 #include "kerhokanta.h"
-#include "platform/files.h"
-#include "testipohja.h"
-
-#include <QDir>
-#include <QtTest>
 
 using namespace MainModule;
-using namespace Qt::Literals::StringLiterals;
 
 namespace {
 

@@ -1,24 +1,14 @@
 // The backup with its reorganisation: names derived from the club's path, a copy that holds
 // what the club held, identities never reused, and every failure (folder, full disk, another
 // writer, a name in the way) leaving the working file whole and as it was.
-#include "platform/kello.h"
-#include "core/Asetukset.h"
-#include "core/MainModule.h"
 #include "platform/arvot.h"
-#include "core/Tietokantanimet.h"
 #include "core/Varmuuskopio.h"
 #include "kerhokanta.h"
-#include "testipohja.h"
-
-#include <QDir>
-#include <QtTest>
 
 #include <csignal>
 #include <sys/resource.h>
-#include <sys/stat.h>
 
 using namespace MainModule;
-using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
