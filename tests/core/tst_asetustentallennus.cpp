@@ -97,14 +97,14 @@ private slots:
             QVERIFY2(arvot.contains(avain), qPrintable(avain));
         QCOMPARE(iniArvo(*env, u"Database"_s), kanta);
         QCOMPARE(iniArvo(*env, u"MultiDb"_s), u"1"_s);
-        QStringList taulussa;
-        for (const Asetusavain &a : Asetusavaimet())
+        QStringList taulussa = {u"AsKannassa"_s}; // the mark of the move
+        for (const Asetusavain &a : Asetusavaimet()) {
             taulussa << a.nimiTekstina();
-        for (const QString &avain : arvot.keys())
-            QVERIFY2(taulussa.contains(avain) || avain == u"AsKannassa"_s, qPrintable(avain)); // the mark of the move
-        for (const Asetusavain &a : Asetusavaimet())
             if (a.varasto == AsetusVarasto::Kanta && a.nimiTekstina() != u"BackupDate"_s && a.nimiTekstina() != u"ViiteHakemisto"_s)
                 QVERIFY2(arvot.contains(a.nimiTekstina()), a.nimi);
+        }
+        for (const QString &avain : arvot.keys())
+            QVERIFY2(taulussa.contains(avain), qPrintable(avain));
 
         const auto tila = [] {
             return QStringList{M::RegName, QString::number(M::EmailSystem), QString::number(M::EmailPerMin),
@@ -189,28 +189,18 @@ private slots:
             QCOMPARE(M::Laskunro, 77L);
     }
 
-    void varmistushakemistoPaattyyKauttaviivaan()
-    {
-        const QStringList kirjoitetut = {u"/media/tikku/varmistus"_s, u"/media/tikku/"_s, QString()};
-        const QStringList odotetut = {u"/media/tikku/varmistus/"_s, u"/media/tikku/"_s, files::defaultBackupFolder()};
-        for (int i = 0; i < kirjoitetut.size(); ++i) {
-            TallennaIniAsetukset(env->path(u"seura.mdb"_s), kirjoitetut[i], false);
-            QCOMPARE(M::BackupPath, odotetut[i]);
-            QCOMPARE(iniArvo(*env, u"DatabaseBackup"_s), odotetut[i]);
-        }
-        QCOMPARE(iniArvo(*env, u"MultiDb"_s), u"0"_s);
-        QCOMPARE(KauttaviivaLoppuun(QString()), QString());
-    }
-
-    // Without a database the save is told and goes on: the workstation's values and the globals
-    // are set, the window may close.
+    // Without a database the save is told and goes on: the workstation's values (the backup
+    // folder with its slash, or the default for none) and the globals are set, the window may close.
     void kantaaEiLoydy()
     {
         for (const QString &kanta : {env->path(u"seura.mdb"_s), QString()}) {
             dlg->shown.clear();
-            QVERIFY(TallennaAsetukset(hyvat(kanta, env->path(u"v"_s))).valmis);
+            const QString varmistus = kanta.isEmpty() ? QString() : env->path(u"v"_s);
+            QVERIFY(TallennaAsetukset(hyvat(kanta, varmistus)).valmis);
             QCOMPARE(dlg->allTexts(), QStringList{u"Tietokantaa ei löydy, korjaa asetuksista tietokannan nimi"_s});
             QCOMPARE(iniArvo(*env, u"Database"_s), kanta);
+            QCOMPARE(iniArvo(*env, u"DatabaseBackup"_s), kanta.isEmpty() ? files::defaultBackupFolder() : varmistus + u'/');
+            QCOMPARE(M::BackupPath, iniArvo(*env, u"DatabaseBackup"_s));
             QCOMPARE(M::RegName, u"Äänekosken Latu ry"_s);
             QCOMPARE(M::Laskunro, 1200L);
             QVERIFY(!QFile::exists(kanta));
@@ -271,6 +261,8 @@ private slots:
         QCOMPARE(dlg->allTexts(), tekstit);
     }
 
+    // The domain of the address is asked, as typed; a name that cannot exist gives nothing,
+    // whether or not there is a network.
     void mxKysyySahkopostinVerkkotunnusta()
     {
         QStringList kysytyt;
@@ -279,13 +271,10 @@ private slots:
             return u"mx1.example.fi"_s;
         });
         QCOMPARE(mx::mailServerFor(u" sihteeri@Example.fi "_s), u"mx1.example.fi"_s);
-        QCOMPARE(mx::mailServerFor(u"ei-osoite"_s), QString());
-        QCOMPARE(mx::mailServerFor(u"sihteeri@"_s), QString());
+        QCOMPARE(mx::mailServerFor(u"ei-osoite"_s) + mx::mailServerFor(u"sihteeri@"_s), QString());
         QCOMPARE(kysytyt, QStringList{u"Example.fi"_s});
         mx::setResolver({});
-        // A name that cannot exist gives nothing, whether or not there is a network.
-        QCOMPARE(mx::preferredExchange(u"ei-ole.invalid"_s, 2000), QString());
-        QCOMPARE(mx::preferredExchange(QString()), QString());
+        QCOMPARE(mx::preferredExchange(u"ei-ole.invalid"_s, 2000) + mx::preferredExchange(QString()), QString());
     }
 };
 
