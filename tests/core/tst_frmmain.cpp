@@ -1,5 +1,5 @@
 // The main window as the user meets it: the club's menu entry, the close that keeps its place,
-// the settings it opens, and the splash before it.
+// and the splash before it.
 #include "app/frmMain.h"
 #include "app/frmSplash.h"
 #include "ydinapu.h"
@@ -31,24 +31,6 @@ private slots:
         const QPoint paikka = w->geometry().topLeft();
         delete w;
         QCOMPARE(frmMain().geometry().topLeft(), paikka);
-    }
-
-    // The settings open from the menu with the hourglass of their loading ended.
-    void settingsOpenFromTheMenu()
-    {
-        frmMain w;
-        QString avattu;
-        Qt::CursorShape osoitin = Qt::BlankCursor;
-        QTimer::singleShot(0, [&] {
-            if (QWidget *ikkuna = QApplication::activeModalWidget()) {
-                avattu = ikkuna->objectName();
-                osoitin = w.cursor().shape();
-                ikkuna->close();
-            }
-        });
-        w.mAsetukset->trigger();
-        QCOMPARE(avattu, u"frmAsetukset"_s);
-        QCOMPARE(osoitin, Qt::ArrowCursor);
     }
 
     // Shown for a day unless the key or the click ends it: a splash that ignores them never
