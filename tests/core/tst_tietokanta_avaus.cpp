@@ -195,33 +195,24 @@ private slots:
         QCOMPARE(QDir(env->path(u"seura"_s)).entryList(QDir::Files), QStringList{u"kerho.mdb"_s});
     }
 
-    // Damage found at the open, by a failed open or by the quick check, goes to the repair;
-    // the marks of an interrupted backup are cleared at the open.
-    void vioittunutKorjataanJaMerkinnatPoistetaan()
+    // The marks of an interrupted backup are cleared at the open; damage the quick check finds
+    // there goes to the repair (a file that cannot be opened at all is taken there by the save, see its tests).
+    void merkinnatPoistetaanJaVioittunutKorjataan()
     {
         LisaaVarmuusrivit();
         QVERIFY(kerho::merkittyja(kanta) > 0);
         QVERIFY(avaa());
         QCOMPARE(kerho::merkittyja(kanta), qint64(0));
-        for (bool katkaistu : {true, false}) {
-            QFile::remove(kanta);
-            QFile::remove(KorjauksenJaannos(kanta));
-            kerho::luo(kanta, 2000);
-            if (katkaistu) {
-                QVERIFY(QFile::resize(kanta, QFileInfo(kanta).size() / 2));
-            } else {
-                const qint64 sivu = db::Database::open(kanta, db::OpenMode::ReadOnly)
-                    ->scalar(u"SELECT pageno FROM dbstat WHERE name = 'jr_jrJasennumeroidx' AND pagetype = 'leaf'"_s).toLongLong();
-                kerho::turmele(kanta, (sivu - 1) * 4096, 4096);
-            }
-            dlg->shown.clear();
-            QVERIFY(!avaa());
-            const QStringList viestit = dlg->messages();
-            QCOMPARE(viestit.size(), 3);
-            QVERIFY2(viestit.at(0).startsWith(u"3343;"_s), qPrintable(viestit.at(0)));
-            QVERIFY(kerho::ehja(kanta));
-            QVERIFY(QFile::exists(KorjauksenJaannos(kanta)));
-        }
+        QFile::remove(kanta);
+        kerho::luo(kanta, 2000);
+        const qint64 sivu = db::Database::open(kanta, db::OpenMode::ReadOnly)
+            ->scalar(u"SELECT pageno FROM dbstat WHERE name = 'jr_jrJasennumeroidx' AND pagetype = 'leaf'"_s).toLongLong();
+        kerho::turmele(kanta, (sivu - 1) * 4096, 4096);
+        QVERIFY(!avaa());
+        QCOMPARE(dlg->messages().size(), 3);
+        QVERIFY2(dlg->messages().at(0).startsWith(u"3343;"_s), qPrintable(dlg->messages().at(0)));
+        QVERIFY(kerho::ehja(kanta));
+        QVERIFY(QFile::exists(KorjauksenJaannos(kanta)));
     }
 };
 
