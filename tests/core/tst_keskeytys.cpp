@@ -85,18 +85,6 @@ private slots:
         QVERIFY(!d->inTransaction());
     }
 
-    // Without a stop the steps climb to the whole.
-    void vaiheetEtenevat()
-    {
-        Pysayttaja kirjaa;
-        TaytaRekisteritiedot(Ajo(*d, &kirjaa), {});
-        QCOMPARE(kirjaa.vaiheet.size(), 1000);
-        QCOMPARE(kirjaa.vaiheet.last().second, 1000);
-        for (int i = 1; i < kirjaa.vaiheet.size(); ++i)
-            QVERIFY(kirjaa.vaiheet[i].first > kirjaa.vaiheet[i - 1].first);
-        QCOMPARE(d->scalar(u"SELECT COUNT(*) FROM Rekisteritiedot"_s).toInt(), 1000);
-    }
-
     // The counters kept in the database and in memory go back with a run that rolls back, and
     // stay advanced with one that commits.
     void laskuritPalaavat()
