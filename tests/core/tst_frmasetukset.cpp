@@ -69,25 +69,6 @@ private slots:
         QVERIFY(w.muuttunut());
     }
 
-    // Leaving an emptied count gives 0; leaving the backup folder gives it its slash, once.
-    void kentastaPoistuttaessa()
-    {
-        frmAsetukset w;
-        nayta(w);
-        auto *perMin = osa(w, u"tEmailPerMin"_s), *varmistus = osa(w, u"tVarmistus"_s), *nimi = osa(w, u"tNimi"_s);
-        perMin->setFocus();
-        perMin->clear();
-        nimi->setFocus();
-        QCOMPARE(perMin->text(), u"0"_s);
-        varmistus->setFocus();
-        varmistus->setText(u"/media/tikku/varmistus"_s);
-        nimi->setFocus();
-        varmistus->setFocus();
-        nimi->setFocus();
-        QCOMPARE(varmistus->text(), u"/media/tikku/varmistus/"_s);
-        QVERIFY(dlg->allTexts().isEmpty());
-    }
-
     // Typed or pasted line breaks never reach the reminder texts, and they keep their width.
     void muistutustekstiPysyyYhdellaRivilla()
     {

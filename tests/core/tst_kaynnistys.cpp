@@ -1,5 +1,4 @@
-// The checks of the start that need no window: password, backup reminder, currency symbol and
-// the choice of club.
+// The checks of the start that need no window: password, backup reminder and the choice of club.
 #include "core/Kaynnistys.h"
 #include "ydinapu.h"
 
@@ -69,27 +68,6 @@ private slots:
         QCOMPARE(dlg->shown.size(), !kysytaan ? 0 : kylla ? 1 : 2);
         for (const auto &n : dlg->shown)
             QCOMPARE(n.text, u"Varmuuskopion tekemisestä on yli 30 päivää.\nTehdäänkö varmuuskopio nyt?"_s);
-    }
-
-    void currencySymbol_data()
-    {
-        QTest::addColumn<QString>("tunnus");
-        QTest::addColumn<bool>("ilmoitetaan");
-        QTest::newRow("mk") << "mk" << true;
-        QTest::newRow("isot ja välit") << " MK " << true;
-        QTest::newRow("mkk") << "mkk" << false;
-    }
-    void currencySymbol()
-    {
-        QFETCH(QString, tunnus);
-        QFETCH(bool, ilmoitetaan);
-        QCOMPARE(TarkistaValuuttatunnus(tunnus), ilmoitetaan);
-        QCOMPARE(dlg->shown.size(), ilmoitetaan ? 1 : 0);
-        const QString viesti = dlg->messages().value(0);
-        if (ilmoitetaan)
-            QCOMPARE(viesti.section(u'\n', 0, 1), u"Tietokoneen valuuttatunnuksena on vielä 'mk'.\n"
-                                                   "Muuta valuuttatunnus Ohjauspaneelista kohdasta Kansallisuusasetukset."_s);
-        QCOMPARE(viesti.section(u'\n', 2).contains(u'@'), ilmoitetaan); // the address to ask from
     }
 
     void clubChoice()

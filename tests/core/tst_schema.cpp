@@ -239,16 +239,6 @@ private slots:
         d->execute(u"INSERT INTO jr (jrSukunimi) VALUES ('Numeroton'), ('Numeroton')"_s); // no number is no double
     }
 
-    // The checks find names as SQL does (a table in any case) but the upgrade's names exactly.
-    void nimetTestataanTarkasti()
-    {
-        auto d = paivitettyKanta(env->root());
-        d->execute(u"CREATE TABLE oma (x INTEGER PRIMARY KEY, y INTEGER)"_s);
-        tarkistaOlemassa(*d, {u"jr"_s, u"jr.jrKatu"_s, u"JR.jrKatu"_s, u"amRivi#jridx"_s, u"jr#PrimaryKey"_s, u"?piirteet"_s},
-                         {u"JR"_s, u"jr.jrkatu"_s, u"jm#jridx"_s, u"jmRivi#JRIDX"_s, u"oma#PrimaryKey"_s, u"?Piirteet"_s, u"?jr"_s});
-        QCOMPARE(Schema::leveys(u"JR"_s, u"JRSUKUNIMI"_s), 50); // the windows' widths in any case
-    }
-
     void malliLuodaanKerranEikaKorvata()
     {
         QVERIFY(MalliPolku().startsWith(env->programFolder() + u"/mallit/"_s));
