@@ -42,21 +42,11 @@ private slots:
         }
     }
 
-    void demonstrationDatabase_data()
-    {
-        QTest::addColumn<QString>("polku");
-        QTest::addColumn<bool>("demo");
-        QTest::newRow("windows-polku") << "c:\\x\\demo1.mdb" << true;
-        QTest::newRow("tasan yhdeksän merkkiä") << "DEMO1.MDB" << false;
-        QTest::newRow("sekakirjaimet") << "/home/a/Demo1.Mdb" << true;
-        QTest::newRow("muu kanta") << "/home/a/demo2.mdb" << false;
-        QTest::newRow("tyhjä") << "" << false;
-    }
     void demonstrationDatabase()
     {
-        QFETCH(QString, polku);
-        QFETCH(bool, demo);
-        QCOMPARE(IsDemoDatabase(polku), demo);
+        for (const auto &[polku, demo] : {std::pair{"c:\\x\\demo1.mdb", true}, {"/home/a/Demo1.Mdb", true},
+                                          {"DEMO1.MDB", false}, {"/home/a/demo2.mdb", false}, {"", false}})
+            QVERIFY2(IsDemoDatabase(QString::fromUtf8(polku)) == demo, polku);
     }
 
     void textHelpers()

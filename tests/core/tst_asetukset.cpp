@@ -1,6 +1,5 @@
-// Reading the settings: the workstation's INI file (missing, empty, unreadable), the club's keys
-// with the values older programs left in them, the counters written at once, and the move of
-// older settings from the INI file into the club.
+// Reading the settings: the workstation's INI file, the club's keys with the values older
+// programs left in them, the counters written at once, and the move of older settings.
 #include "core/AsetuksetIni.h"
 #include "core/AsetustenSiirto.h"
 #include "malliseura.h"

@@ -1,6 +1,5 @@
-// Saving the settings windows: every key stored and read back the same, numbers checked in the
-// order of the save, the backup folder, a missing, foreign or damaged database, and the mail
-// server query.
+// Saving the settings windows: every key stored and read back, numbers checked in the order of
+// the save, a missing, foreign or damaged database, and the mail server query.
 #include "core/AsetustenTallennus.h"
 #include "platform/mxlookup.h"
 #include "kerhokanta.h"

@@ -1,6 +1,5 @@
-// Every long run reports its steps and, stopped half way, leaves the club's file as it was; on
-// screen the window's run buttons are off while a run is open, the bar follows the steps, and the
-// user's "Keskeytä" stops the run, which says that nothing was saved.
+// Every long run stopped half way leaves the club's file as it was, and the user's "Keskeytä"
+// stops the run, which says that nothing was saved.
 #include "core/Kantatiedosto.h"
 #include "core/Pelastus.h"
 #include "members/Jasen.h"

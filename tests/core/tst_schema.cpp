@@ -1,6 +1,5 @@
-// The club's file structure: the template, the upgrade to the declared structure (also from a
-// file left half-way), the values the file refuses, unique member numbers and the names the checks
-// look for.
+// The club's file structure: the template, the upgrade (also from a file left half-way), the
+// values the file refuses and unique member numbers.
 #include "core/Malli.h"
 #include "core/Schema.h"
 #include "core/UpdateDatabase.h"

@@ -1,6 +1,5 @@
-// Opening the club's database at the start: a missing file and the default club, the copy taken
-// before an upgrade, doubled member numbers, a file that cannot be written, a foreign or damaged
-// file, and the marks of an interrupted backup.
+// Opening the club at the start: a missing file, the copy before an upgrade, doubled member
+// numbers, a file that cannot be written, a foreign or damaged file, an interrupted backup.
 #include "core/Avaus.h"
 #include "core/Varmuusrivit.h"
 #include "kerhokanta.h"

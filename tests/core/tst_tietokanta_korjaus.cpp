@@ -1,6 +1,5 @@
 // Repairing a damaged club: what can be read comes back, the damaged file is kept byte for byte,
-// the log's rows are salvaged, and a file that cannot be repaired, renamed or is not ours stays
-// exactly as it was.
+// and a file that cannot be repaired, renamed or is not ours stays exactly as it was.
 #include "core/Korjaus.h"
 #include "kerhokanta.h"
 

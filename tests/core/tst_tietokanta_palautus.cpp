@@ -1,6 +1,5 @@
 // Restoring a backup and making a new club: the database in use replaced only on Yes and kept
-// beside it, a bad source changing nothing, the new club's name, and the invoice numbers and
-// identities a club carries on with.
+// beside it, a bad source changing nothing, and the invoice numbers and identities kept.
 #include "core/Palautus.h"
 #include "core/Perustus.h"
 #include "core/Laskuidt.h"

@@ -1,6 +1,5 @@
-// The backup with its reorganisation: a copy that holds what the club held, identities never
-// reused, and every failure (folder, full disk, another writer, a name in the way) leaving the
-// working file whole and as it was.
+// The backup with its reorganisation: a whole copy, identities never reused, and every failure
+// leaving the working file whole and as it was.
 #include "platform/arvot.h"
 #include "core/Varmuuskopio.h"
 #include "kerhokanta.h"

@@ -1,6 +1,5 @@
-// What the core tests share: the test base with its scratch home and scripted dialogs, the
-// program's settings and files, the controls the window tests reach, and readers of the stored
-// settings.
+// What the core tests share: the test base, the program's settings and files, the controls the
+// window tests reach, and readers of the stored settings.
 #pragma once
 
 #include "core/Asetukset.h"
