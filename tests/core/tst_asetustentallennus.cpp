@@ -123,32 +123,28 @@ private slots:
         QTest::addColumn<QString>("kentta");
         QTest::addColumn<QString>("teksti");
         QTest::addColumn<QString>("avain");
-        QTest::addColumn<QString>("tallennettu"); // empty: refused
-        QTest::addColumn<QString>("viesti");
+        QTest::addColumn<QString>("odotus"); // the stored value, or the message of a refused one
         const QString marginaali = u"Syötä marginaaliksi ainoastaan numeroita."_s;
-        const QString laskunumero = u"Syötä laskunumeroksi ainoastaan numeroita."_s;
-        const QString kulut = u"Syötä muistutuskuluksi ainoastaan numeroita."_s;
-        QTest::newRow("viestejä/min") << "tEmailPerMin" << "12x" << "EmailPerMin" << ""
+        QTest::newRow("viestejä/min") << "tEmailPerMin" << "12x" << "EmailPerMin"
                                       << "Syötä (sähköposti) viestejä / min arvoksi ainoastaan numeroita.";
-        QTest::newRow("suurin marginaali") << "tMargYla" << "682" << "MargYla" << "682" << "";
-        QTest::newRow("marginaali ylivuotaa") << "tMargYla" << "683" << "MargYla" << "" << marginaali;
-        QTest::newRow("erä ylivuotaa") << "tTulostusEra" << "32768" << "TulostusEra" << ""
-                                       << "Syötä tulostuseräksi ainoastaan numeroita.";
-        QTest::newRow("välilyönnit pois") << "tLaskunumero" << " 1 200 " << "Laskunro" << "1200" << "";
-        QTest::newRow("laskunumero yli 32 bitin") << "tLaskunumero" << "2147483648" << "Laskunro" << "" << laskunumero;
-        QTest::newRow("miinusmerkki") << "tVarmuuskopioPv" << "-3" << "VarmuuskopioPv" << ""
-                                      << "Syötä Varmuuskopiot -kenttään ainoastaan numeroita.";
-        QTest::newRow("kulut pisteellä") << "tMuistutuskulut" << "2.5" << "Muistutuskulut" << "2.5" << "";
-        QTest::newRow("kulut negatiiviset") << "tMuistutuskulut" << "-1" << "Muistutuskulut" << "" << kulut;
-        QTest::newRow("korko pilkulla") << "tViivastysKorko" << " 8,25 " << "Viivastyskorko" << "8,25" << "";
+        QTest::newRow("suurin marginaali") << "tMargYla" << "682" << "MargYla" << "682";
+        QTest::newRow("marginaali ylivuotaa") << "tMargYla" << "683" << "MargYla" << marginaali;
+        QTest::newRow("erä ylivuotaa") << "tTulostusEra" << "32768" << "TulostusEra" << "Syötä tulostuseräksi ainoastaan numeroita.";
+        QTest::newRow("välilyönnit pois") << "tLaskunumero" << " 1 200 " << "Laskunro" << "1200";
+        QTest::newRow("laskunumero yli 32 bitin") << "tLaskunumero" << "2147483648" << "Laskunro"
+                                                  << "Syötä laskunumeroksi ainoastaan numeroita.";
+        QTest::newRow("miinusmerkki") << "tVarmuuskopioPv" << "-3" << "VarmuuskopioPv" << "Syötä Varmuuskopiot -kenttään ainoastaan numeroita.";
+        QTest::newRow("kulut pisteellä") << "tMuistutuskulut" << "2.5" << "Muistutuskulut" << "2.5";
+        QTest::newRow("kulut negatiiviset") << "tMuistutuskulut" << "-1" << "Muistutuskulut" << "Syötä muistutuskuluksi ainoastaan numeroita.";
+        QTest::newRow("korko pilkulla") << "tViivastysKorko" << " 8,25 " << "Viivastyskorko" << "8,25";
     }
     void numerotTarkistetaanVuorollaan()
     {
         QFETCH(QString, kentta);
         QFETCH(QString, teksti);
         QFETCH(QString, avain);
-        QFETCH(QString, tallennettu);
-        QFETCH(QString, viesti);
+        QFETCH(QString, odotus);
+        const bool hylatty = odotus.startsWith(u"Syötä"_s);
         const QString kanta = teeKanta(*env);
         AsetuksetSyote s = hyvat(kanta, env->path(u"varmistus/"_s));
         s.*numerokentta(kentta) = teksti;
@@ -157,9 +153,9 @@ private slots:
         const AsetustenTallennusTulos tulos = TallennaAsetukset(s);
 
         const auto arvot = kannanAsetukset(kanta);
-        QCOMPARE(arvot.value(avain), tallennettu);
+        QCOMPARE(arvot.value(avain), hylatty ? QString() : odotus);
         QCOMPARE(M::RegName, s.tNimi);
-        if (!tallennettu.isEmpty()) {
+        if (!hylatty) {
             QVERIFY(tulos.valmis && dlg->allTexts().isEmpty());
             if (avain == u"Muistutuskulut"_s)
                 QCOMPARE(M::Muistutuskulut, Currency::fromRaw(25000));
@@ -169,7 +165,7 @@ private slots:
         }
         QVERIFY(!tulos.valmis);
         QCOMPARE(tulos.kohdistus, kentta);
-        QCOMPARE(dlg->allTexts(), QStringList{viesti});
+        QCOMPARE(dlg->allTexts(), QStringList{odotus});
         const qsizetype vuoro = kAvaimet.indexOf(avain);
         QVERIFY(vuoro > 0);
         for (qsizetype i = 0; i < kAvaimet.size(); ++i)
