@@ -237,17 +237,6 @@ private slots:
         }
         d->execute(u"INSERT INTO jr (jrSukunimi) VALUES ('Numeroton'), ('Numeroton')"_s); // no number is no double
     }
-
-    void malliLuodaanKerranEikaKorvata()
-    {
-        QVERIFY(MalliPolku().startsWith(env->programFolder() + u"/mallit/"_s));
-        VarmistaMalli();
-        Database::open(MalliPolku())->execute(u"INSERT INTO lt (ltNimi) VALUES ('Oma otsake')"_s);
-        VarmistaMalli();
-        QVERIFY_THROWS_EXCEPTION(db::DbError, LuoMalliTietokanta(MalliPolku()));
-        QCOMPARE(Database::open(MalliPolku())->scalar(u"SELECT count(*) FROM lt WHERE ltNimi = 'Oma otsake'"_s).toInt(), 1);
-        QVERIFY(!QFile::exists(MalliPolku() + u".uusi"_s));
-    }
 };
 
 QTEST_GUILESS_MAIN(TestSchema)
