@@ -211,7 +211,10 @@ private slots:
         QCOMPARE(M::DatabasePath, uusi);
 
         QString kysytty;
-        mx::setResolver([&](const QString &domain) { return kysytty = domain, u"mx.latu.fi"_s; });
+        mx::setResolver([&](const QString &domain) {
+            kysytty = domain;
+            return u"mx.latu.fi"_s;
+        });
         osa(w, u"tEmail"_s)->setText(u"rahastonhoitaja@latu.fi"_s);
         osa<QPushButton>(w, u"cMXQuery"_s)->click();
         mx::setResolver({});
