@@ -2,18 +2,12 @@
 // tools to compare, damage and fence in files.
 #pragma once
 
-#include "core/Asetukset.h"
 #include "core/Malli.h"
+#include "core/Tietokantanimet.h"
 #include "core/UpdateDatabase.h"
-#include "platform/database.h"
-
-#include <QFile>
-#include <QMap>
-#include <QString>
-#include <QtTest>
+#include "ydinapu.h"
 
 #include <sys/mount.h>
-#include <unistd.h>
 
 namespace kerho {
 
@@ -41,13 +35,11 @@ inline void luo(const QString &polku, int jasenia)
         jr.reset({QStringLiteral("Sukunimi%1").arg(i % 997), QStringLiteral("Etunimi%1").arg(i % 101),
                   QStringLiteral("Mäkikatu %1 B %2").arg(i % 300).arg(i % 40), QString::number(i),
                   QStringLiteral("Muistiinpano jäsenestä %1. ").repeated(1 + i % 4).arg(i)});
-        jr.next();
         hist.reset({i, i, 1000 + i});
-        hist.next();
         rivi.reset({i, i});
-        rivi.next();
         pt.reset({i, i});
-        pt.next();
+        for (db::Statement *s : {&jr, &hist, &rivi, &pt})
+            s->next();
     }
     d->execute(QStringLiteral("INSERT INTO jm (jmjrID, jmLaskunumero, jmHinta, jmTeksti) "
                               "SELECT jrID, 5000 + jrID, 300000, 'Jäsenmaksu' FROM jr WHERE jrID <= 5"));
@@ -56,27 +48,26 @@ inline void luo(const QString &polku, int jasenia)
 
 using Maarat = QMap<QString, qint64>;
 
-// Rows of every table, leaving out the rows a backup marks.
-inline Maarat rivit(const QString &polku)
+// Rows of every table (`merkityt` false: leaving out the rows a backup marks; true: only those).
+inline Maarat rivit(const QString &polku, bool merkityt = false)
 {
     Maarat m;
     auto d = db::Database::open(polku, db::OpenMode::ReadOnly);
     for (const QString &taulu : d->tableNames()) {
         const bool merkitty = d->columnNames(taulu).contains(QStringLiteral("BackupRow"));
-        m.insert(taulu, d->scalar(QStringLiteral("SELECT count(*) FROM \"%1\"%2")
-                                      .arg(taulu, merkitty ? QStringLiteral(" WHERE BackupRow IS NOT 1") : QString()))
-                            .toLongLong());
+        if (merkityt && !merkitty)
+            continue;
+        const QString ehto = !merkitty ? QString() : merkityt ? QStringLiteral(" WHERE BackupRow = 1") : QStringLiteral(" WHERE BackupRow IS NOT 1");
+        m.insert(taulu, d->scalar(QStringLiteral("SELECT count(*) FROM \"%1\"%2").arg(taulu, ehto)).toLongLong());
     }
     return m;
 }
 
 inline qint64 merkittyja(const QString &polku)
 {
-    auto d = db::Database::open(polku, db::OpenMode::ReadOnly);
     qint64 n = 0;
-    for (const QString &taulu : d->tableNames())
-        if (d->columnNames(taulu).contains(QStringLiteral("BackupRow")))
-            n += d->scalar(QStringLiteral("SELECT count(*) FROM \"%1\" WHERE BackupRow = 1").arg(taulu)).toLongLong();
+    for (qint64 m : rivit(polku, true))
+        n += m;
     return n;
 }
 
@@ -96,26 +87,18 @@ inline QByteArray sisalto(const QString &polku)
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
-inline void kirjoita(const QString &polku, const QByteArray &tavut)
-{
-    QFile f(polku);
-    QVERIFY(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    f.write(tavut);
-}
+inline void kirjoita(const QString &polku, const QByteArray &tavut) { testi::tiedosto(polku, tavut); }
 
 // Overwrites `maara` bytes at `kohta` with garbage, as a failing disk would.
 inline void turmele(const QString &polku, qint64 kohta, int maara)
 {
     QFile f(polku);
-    QVERIFY(f.open(QIODevice::ReadWrite));
-    QVERIFY(f.seek(kohta));
+    QVERIFY(f.open(QIODevice::ReadWrite) && f.seek(kohta));
     QByteArray roska(maara, '\0');
     for (int i = 0; i < maara; ++i)
         roska[i] = char((i * 37 + 11) & 0xff);
     f.write(roska);
 }
-
-inline bool root() { return ::geteuid() == 0; }
 
 // Files that are no club's database, and what the message about each must tell.
 inline void vieraatTiedostot()
@@ -131,22 +114,18 @@ inline void vieraatTiedostot()
 
 // A small file system of its own for a folder (full disk, read-only medium). Needs the right to
 // mount; `ok()` tells whether it was granted.
-class Liitos {
-public:
-    Liitos(const QString &kansio, const QByteArray &valinnat, unsigned long liput = 0) : m_kansio(QFile::encodeName(kansio))
+struct Liitos {
+    Liitos(const QString &kansio, const QByteArray &valinnat, unsigned long liput = 0) : kansio(QFile::encodeName(kansio))
     {
-        m_ok = ::mount("tmpfs", m_kansio.constData(), "tmpfs", liput, valinnat.constData()) == 0;
+        ok = ::mount("tmpfs", this->kansio.constData(), "tmpfs", liput, valinnat.constData()) == 0;
     }
     ~Liitos()
     {
-        if (m_ok)
-            ::umount2(m_kansio.constData(), MNT_DETACH);
+        if (ok)
+            ::umount2(kansio.constData(), MNT_DETACH);
     }
-    bool ok() const { return m_ok; }
-
-private:
-    QByteArray m_kansio;
-    bool m_ok = false;
+    QByteArray kansio;
+    bool ok = false;
 };
 
 } // namespace kerho

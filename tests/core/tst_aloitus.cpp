@@ -1,47 +1,28 @@
 // The whole start as a user meets it, from the settings file to the shown main window: the
-// demonstration club at the first start, the password, the backup reminder and the move of
-// older settings.
-#include "platform/kello.h"
-#include "core/Asetukset.h"
-#include "core/MainModule.h"
+// demonstration club at the first start, the start's checks and the move of older settings.
 #include "app/Main.h"
 #include "app/frmMain.h"
-#include "platform/database.h"
-#include "platform/files.h"
 #include "reports/Tulostus.h"
-#include "scripteddialogs.h"
-#include "testenv.h"
-
-#include <QApplication>
-#include <QTimer>
-#include <QSettings>
-#include <QtTest>
+#include "ydinapu.h"
 
 using namespace MainModule;
 
 class TestAloitus : public QObject {
     Q_OBJECT
 
-private:
-    static constexpr const char *kDemoSeura = "Vanhankylän Urheiluseura ry";
-
     // A first start on an empty settings file leaves the demonstration club in the program's
-    // folder; `asetukset` then changes settings in it for the next start.
-    static void ensimmainenKaynnistys(const std::function<void(KantaStore &)> &asetukset = {})
+    // folder; `asetukset` are then stored in it for the next start.
+    static void ensimmainenKaynnistys(const QList<std::pair<QString, QString>> &asetukset)
     {
-        ScriptedDialogs d;
-        std::unique_ptr<frmMain> w = Main({0, {}});
-        QVERIFY(w);
-        w.reset();
-        if (asetukset) {
-            auto kanta = db::Database::open(DatabasePath);
-            KantaStore store(*kanta);
-            asetukset(store);
+        {
+            ScriptedDialogs d;
+            QVERIFY(Main({0, {}}));
         }
+        auto kanta = db::Database::open(DatabasePath);
+        for (const auto &[avain, arvo] : asetukset)
+            KantaStore(*kanta).writeString(avain, arvo);
         resetGlobals();
     }
-
-    static QString demoPolku() { return files::joinPath(files::programFolder(), QStringLiteral("demo1.mdb")); }
 
 private slots:
     void firstStartShowsTheDemonstrationClub()
@@ -49,53 +30,45 @@ private slots:
         TestEnv env;
         ScriptedDialogs d;
         std::unique_ptr<frmMain> w = Main({0, {}});
-        QVERIFY(w);
-        QVERIFY(w->isVisible());
-        QCOMPARE(w->windowTitle(), QStringLiteral("Vonari - ") + QString::fromUtf8(kDemoSeura));
-        QCOMPARE(DatabasePath, demoPolku());
-        QVERIFY(files::FileExists(demoPolku()));
+        const QString demo = files::joinPath(files::programFolder(), u"demo1.mdb"_s);
+        QVERIFY(w && w->isVisible());
+        QCOMPARE(w->windowTitle(), u"Vonari - Vanhankylän Urheiluseura ry"_s);
+        QCOMPARE(DatabasePath, demo);
         QVERIFY(w->mPerustaTietokanta->isVisible());
-        QCOMPARE(Raportti().DataFiles[0], demoPolku()); // the report engine is ready for the club
-        QCOMPARE(QSettings(env.iniPath(), QSettings::IniFormat).value(QStringLiteral("VONARI/Database")).toString(),
-                 demoPolku());
-        QVERIFY2(d.unexpected.isEmpty(), qPrintable(d.unexpected.join(QLatin1Char('\n'))));
-        QVERIFY2(d.shown.isEmpty(), qPrintable(d.allTexts().join(QLatin1Char('\n'))));
+        QCOMPARE(Raportti().DataFiles[0], demo); // the report engine is ready for the club
+        QCOMPARE(QSettings(env.iniPath(), QSettings::IniFormat).value(u"VONARI/Database"_s).toString(), demo);
+        QVERIFY2(d.unexpected.isEmpty() && d.shown.isEmpty(), qPrintable(d.allTexts().join(u'\n')));
     }
 
-    // A wrong password ends the start before the main window.
-    void wrongPasswordEndsTheStart()
+    // The password comes before the backup reminder; a wrong one ends the start before the main
+    // window, and a No to the reminder changes nothing.
+    void passwordAndBackupReminder()
     {
         TestEnv env;
-        ensimmainenKaynnistys([](KantaStore &s) { s.writeString(QStringLiteral("Salasana"), QStringLiteral("Sähly 2024")); });
+        const QString varmistettu = kello::tanaan().addDays(-11).toString(Qt::ISODate);
+        ensimmainenKaynnistys({{u"Salasana"_s, u"Sähly 2024"_s}, {u"MuistutaVarm"_s, u"1"_s},
+                               {u"VarmuuskopioPv"_s, u"10"_s}, {u"BackupDate"_s, varmistettu}});
+        {
+            ScriptedDialogs d;
+            d.type(u"sähly 2024"_s);
+            QVERIFY(!Main({0, {}}));
+            QVERIFY(d.messages().contains(u"Annettu salasana on väärin, ohjelma lopetetaan."_s));
+            QVERIFY(d.unexpected.isEmpty());
+        }
+        resetGlobals();
         ScriptedDialogs d;
-        d.type(QStringLiteral("sähly 2024"));
-        QVERIFY(!Main({0, {}}));
-        QVERIFY(d.messages().contains(QStringLiteral("Annettu salasana on väärin, ohjelma lopetetaan.")));
-        QVERIFY(d.unexpected.isEmpty());
-    }
-
-    void backupReminderAtStart()
-    {
-        TestEnv env;
-        ensimmainenKaynnistys([](KantaStore &s) {
-            s.writeString(QStringLiteral("MuistutaVarm"), QStringLiteral("1"));
-            s.writeString(QStringLiteral("VarmuuskopioPv"), QStringLiteral("10"));
-            s.writeString(QStringLiteral("BackupDate"), kello::tanaan().addDays(-11).toString(Qt::ISODate));
-        });
-        ScriptedDialogs d;
+        d.type(u"Sähly 2024"_s);
         d.no();
-        std::unique_ptr<frmMain> w = Main({0, {}});
-        QVERIFY(w);
-        QCOMPARE(d.shown.size(), 1);
-        auto kanta = db::Database::open(DatabasePath);
-        QCOMPARE(KantaStore(*kanta).readString(QStringLiteral("BackupDate")),
-                 kello::tanaan().addDays(-11).toString(Qt::ISODate));
+        QVERIFY(Main({0, {}}));
+        QCOMPARE(d.shown.size(), 2);
+        QVERIFY(d.shown.last().text.startsWith(u"Varmuuskopion tekemisestä on yli 10 päivää."_s));
+        QCOMPARE(KantaStore(*db::Database::open(DatabasePath)).readString(u"BackupDate"_s), varmistettu);
     }
 
     void olderSettingsSendTheUserToTheSettingsWindows()
     {
         TestEnv env;
-        ensimmainenKaynnistys([](KantaStore &s) { s.writeString(QStringLiteral("AsKannassa"), QString()); });
+        ensimmainenKaynnistys({{u"AsKannassa"_s, QString()}});
         ScriptedDialogs d;
         QStringList avatut;
         QTimer sulkija;
@@ -106,10 +79,9 @@ private slots:
             }
         });
         sulkija.start(20);
-        std::unique_ptr<frmMain> w = Main({0, {}});
-        QVERIFY(!w);
-        QCOMPARE(avatut, (QStringList{QStringLiteral("frmAsetukset"), QStringLiteral("frmAsetuksetLisa")}));
-        QCOMPARE(d.messages().last(), QStringLiteral("Käynnistä Vonari nyt uudestaan."));
+        QVERIFY(!Main({0, {}}));
+        QCOMPARE(avatut, (QStringList{u"frmAsetukset"_s, u"frmAsetuksetLisa"_s}));
+        QCOMPARE(d.messages().last(), u"Käynnistä Vonari nyt uudestaan."_s);
     }
 };
 

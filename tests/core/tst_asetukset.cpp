@@ -1,19 +1,14 @@
-#include "platform/kello.h"
-#include "core/Asetukset.h"
+// Reading the settings: the workstation's INI file, the club's keys with the values older
+// programs left in them, the counters written at once, and the move of older settings.
 #include "core/AsetuksetIni.h"
 #include "core/AsetustenSiirto.h"
-#include "core/MainModule.h"
-#include "platform/files.h"
 #include "malliseura.h"
-#include "testipohja.h"
+#include "ydinapu.h"
 
-#include <QDir>
-#include <QSettings>
-#include <QtTest>
 #include <limits>
 
 using namespace MainModule;
-using namespace Qt::Literals::StringLiterals;
+using ydin::iniArvo;
 
 namespace {
 
@@ -30,36 +25,10 @@ std::unique_ptr<db::Database> seura(TestEnv &env, const QList<QPair<QString, QSt
     return d;
 }
 
-QVariant kannasta(db::Database &d, const QString &avain)
-{
-    return d.scalar(u"SELECT setString FROM Settings WHERE setKey = ?"_s, {avain});
-}
-
 void kirjoitaIni(TestEnv &env, const QByteArray &sisalto)
 {
     QDir().mkpath(QFileInfo(env.iniPath()).absolutePath());
-    QFile f(env.iniPath());
-    QVERIFY(f.open(QIODevice::WriteOnly));
-    f.write(sisalto);
-}
-
-QString inista(TestEnv &env, const QString &avain)
-{
-    return QSettings(env.iniPath(), QSettings::IniFormat).value(u"VONARI/"_s + avain).toString();
-}
-
-QString globaali(const QString &avain)
-{
-    const QHash<QString, QVariant> g{
-        {u"EmailSystem"_s, EmailSystem},       {u"EmailPerMin"_s, qlonglong(EmailPerMin)},
-        {u"VarmuuskopioPv"_s, qlonglong(VarmuuskopioPv)}, {u"Muistutuskulut"_s, Muistutuskulut.toString(4)},
-        {u"Viivastyskorko"_s, Viivastyskorko}, {u"AutoJasennumero"_s, AutoJasennumero},
-        {u"FonttiKoko"_s, FonttiKoko},         {u"Fontti"_s, Fontti},
-        {u"EmailPohja"_s, EmailPohja},
-        {u"Salasana"_s, Salasana},             {u"Laskunro"_s, qlonglong(Laskunro)},
-        {u"Jasennro"_s, qlonglong(Jasennro)}};
-    Q_ASSERT(g.contains(avain));
-    return g.value(avain).toString();
+    testi::tiedosto(env.iniPath(), sisalto);
 }
 
 } // namespace
@@ -68,63 +37,25 @@ class TestAsetukset : public Testipohja {
     Q_OBJECT
 
 private slots:
-    void tyhjaIniSaaOletukset_data()
+    // One slash before the file, and the path survives the file's round trip; the several clubs
+    // mode takes any number but zero.
+    void ohjelmakansioJaMoniseuratuki()
     {
-        QTest::addColumn<QByteArray>("sisalto");
-        QTest::newRow("no file") << QByteArray();
-        QTest::newRow("empty keys") << QByteArray("[VONARI]\nDatabase=\nDatabaseBackup=\nMultiDb=\n");
-    }
-    void tyhjaIniSaaOletukset()
-    {
-        QFETCH(QByteArray, sisalto);
-        if (!sisalto.isNull())
-            kirjoitaIni(*env, sisalto);
-        LueIniAsetukset();
-        QCOMPARE(DatabasePath, env->programFolder() + u"/demo1.mdb"_s);
-        QCOMPARE(BackupPath, files::defaultBackupFolder());
-        QVERIFY(!MultiDb);
-        QCOMPARE(inista(*env, u"Database"_s), DatabasePath);
-        QCOMPARE(inista(*env, u"DatabaseBackup"_s), BackupPath);
-        QVERIFY(dlg->shown.isEmpty());
-    }
-
-    // One slash before the file, and the path survives the file's round trip.
-    void ohjelmakansionPolkuSailyy_data()
-    {
-        QTest::addColumn<QString>("kansio");
-        QTest::newRow("trailing slash") << u"data/"_s;
-        QTest::newRow("blanks, comma, ä") << u"Mäkelä, Matti ry/"_s;
-    }
-    void ohjelmakansionPolkuSailyy()
-    {
-        QFETCH(QString, kansio);
-        qputenv("XDG_DATA_HOME", env->path(kansio).toUtf8());
-        const QString odotettu = QDir::cleanPath(env->path(kansio)) + u"/Vonari/demo1.mdb"_s;
+        qputenv("XDG_DATA_HOME", env->path(u"Mäkelä, Matti ry/"_s).toUtf8());
+        const QString odotettu = QDir::cleanPath(env->path(u"Mäkelä, Matti ry"_s)) + u"/Vonari/demo1.mdb"_s;
         LueIniAsetukset();
         QCOMPARE(DatabasePath, odotettu);
         releaseIniAsetukset();
         DatabasePath.clear();
         LueIniAsetukset();
         QCOMPARE(DatabasePath, odotettu);
-    }
-
-    void moniseuratuki_data()
-    {
-        QTest::addColumn<QString>("arvo");
-        QTest::addColumn<bool>("odotettu");
-        QTest::newRow("0,0") << u"0,0"_s << false;
-        QTest::newRow("2") << u"2"_s << true;
-        QTest::newRow("text") << u"kyllä"_s << false;
-        QTest::newRow("missing") << Ei << false;
-    }
-    void moniseuratuki()
-    {
-        QFETCH(QString, arvo);
-        QFETCH(bool, odotettu);
-        kirjoitaIni(*env, arvo == Ei ? QByteArray("[VONARI]\n") : "[VONARI]\nMultiDb=" + arvo.toUtf8() + '\n');
-        MultiDb = !odotettu;
-        LueIniAsetukset();
-        QCOMPARE(MultiDb, odotettu);
+        for (const auto &[arvo, odotus] : {std::pair{"0,0", false}, {"2", true}, {"kyllä", false}}) {
+            kirjoitaIni(*env, QByteArray("[VONARI]\nMultiDb=") + arvo + '\n');
+            releaseIniAsetukset();
+            MultiDb = !odotus;
+            LueIniAsetukset();
+            QVERIFY2(MultiDb == odotus, arvo);
+        }
     }
 
     // Told once, defaults used, and the file left as it was whatever is written later.
@@ -132,7 +63,6 @@ private slots:
     {
         QTest::addColumn<QByteArray>("sisalto");
         QTest::newRow("line without =") << QByteArray("[VONARI]\nDatabase /x.mdb\nMultiDb=1\n");
-        QTest::newRow("binary") << QByteArray("\x00\x01\xff[VONARI]\nDatabase=/x.mdb\n", 28);
         QTest::newRow("latin-1") << QByteArray("[VONARI]\nDatabase=/M\xe4kel\xe4.mdb\nMultiDb=1\n");
     }
     void viallinenIni()
@@ -156,26 +86,16 @@ private slots:
         QTest::addColumn<QString>("avain");
         QTest::addColumn<QString>("tallennettu");
         QTest::addColumn<QString>("odotettu");
-        auto rivi = [](const char *nimi, const QString &avain, const QString &arvo, const QString &odotettu) {
+        const auto rivi = [](const char *nimi, const QString &avain, const QString &arvo, const QString &odotettu) {
             QTest::newRow(nimi) << avain << arvo << odotettu;
         };
-        rivi("EmailSystem 1", u"EmailSystem"_s, u"1"_s, u"true"_s);
         rivi("EmailSystem 2 like 0", u"EmailSystem"_s, u"2"_s, u"false"_s);
         rivi("EmailPerMin text", u"EmailPerMin"_s, u"paljon"_s, u"0"_s);
-        rivi("VarmuuskopioPv abc", u"VarmuuskopioPv"_s, u"abc"_s, u"30"_s);
         rivi("VarmuuskopioPv 12,5 half even", u"VarmuuskopioPv"_s, u"12,5"_s, u"12"_s);
-        rivi("VarmuuskopioPv beyond 32 bits", u"VarmuuskopioPv"_s, u"3000000000"_s, u"30"_s);
-        rivi("Muistutuskulut abc", u"Muistutuskulut"_s, u"abc"_s, u"0,0000"_s);
-        rivi("Muistutuskulut 2,50", u"Muistutuskulut"_s, u"2,50"_s, u"2,5000"_s);
-        rivi("Viivastyskorko 7,5", u"Viivastyskorko"_s, u"7,5"_s, u"7.5"_s);
-        rivi("AutoJasennumero 0,0", u"AutoJasennumero"_s, u"0,0"_s, u"false"_s);
         rivi("AutoJasennumero -0,4", u"AutoJasennumero"_s, u"-0,4"_s, u"true"_s);
-        rivi("FonttiKoko beyond 16 bits", u"FonttiKoko"_s, u"40000"_s, u"10"_s);
         rivi("Fontti missing", u"Fontti"_s, Ei, u"Times New Roman"_s);
-        rivi("EmailPohja missing", u"EmailPohja"_s, Ei, u"<kansio>/lasku.txt"_s);
         rivi("Salasana blanks and ä", u"Salasana"_s, u"  Äijä öljyää ' \" "_s, u"  Äijä öljyää ' \" "_s);
         rivi("Laskunro text keeps former", u"Laskunro"_s, u"abc"_s, u"77"_s);
-        rivi("Jasennro empty keeps former", u"Jasennro"_s, QString(), u"77"_s);
     }
     void kannanAvaimet()
     {
@@ -185,9 +105,14 @@ private slots:
         auto d = seura(*env, {{avain, tallennettu}});
         Laskunro = Jasennro = 77;
         LueAsetukset(*d);
-        QCOMPARE(globaali(avain), QString(odotettu).replace(u"<kansio>"_s, env->programFolder()));
+        const QHash<QString, QVariant> g{{u"EmailSystem"_s, EmailSystem}, {u"EmailPerMin"_s, qlonglong(EmailPerMin)},
+                                         {u"VarmuuskopioPv"_s, qlonglong(VarmuuskopioPv)}, {u"AutoJasennumero"_s, AutoJasennumero},
+                                         {u"Fontti"_s, Fontti}, {u"Salasana"_s, Salasana}, {u"Laskunro"_s, qlonglong(Laskunro)}};
+        QVERIFY(g.contains(avain));
+        QCOMPARE(g.value(avain).toString(), odotettu);
     }
 
+    // A missing or unreadable date becomes today's and is written; a readable one stays as it is.
     void varmuuskopioPaiva_data()
     {
         QTest::addColumn<QString>("tallennettu");
@@ -196,7 +121,6 @@ private slots:
         const QDate tanaan = kello::tanaan();
         QTest::newRow("missing") << Ei << tanaan << tanaan.toString(Qt::ISODate);
         QTest::newRow("no date") << u"31.2.2023"_s << tanaan << tanaan.toString(Qt::ISODate);
-        QTest::newRow("iso") << u"2023-05-06"_s << QDate(2023, 5, 6) << u"2023-05-06"_s;
         QTest::newRow("finnish") << u"6.5.2023"_s << QDate(2023, 5, 6) << u"6.5.2023"_s;
     }
     void varmuuskopioPaiva()
@@ -207,13 +131,13 @@ private slots:
         auto d = seura(*env, {{u"BackupDate"_s, tallennettu}});
         LueAsetukset(*d);
         QCOMPARE(BackupDate, odotettu);
-        QCOMPARE(kannasta(*d, u"BackupDate"_s).toString(), kantaan);
+        QCOMPARE(ydin::kannanAsetus(DatabasePath, u"BackupDate"_s), kantaan);
         QCOMPARE(d->scalar(u"SELECT count(*) FROM Settings"_s).toInt(), 1);
     }
 
     // The margins go over in the order bottom, left, right, top; an overflow stops there, after
-    // every key is in.
-    void marginaalit()
+    // every key is in. A file opened read-only cannot take today's date, but every key is read.
+    void marginaalitJaLukuVirheesta()
     {
         auto d = seura(*env, {{u"MargAla"_s, u"1"_s}, {u"MargVas"_s, u"682"_s}, {u"MargOik"_s, u"-682"_s}, {u"MargYla"_s, u"10"_s}});
         LueAsetukset(*d);
@@ -221,7 +145,6 @@ private slots:
         QCOMPARE(RaporttiMarginaalit.left, 32736);
         QCOMPARE(RaporttiMarginaalit.right, -32736);
         QCOMPARE(RaporttiMarginaalit.top, 480);
-
         d->execute(u"UPDATE Settings SET setString = '683' WHERE setKey = 'MargOik'"_s);
         d->execute(u"INSERT INTO Settings (setSection, setKey, setString) VALUES ('VONARI', 'RegName', 'Seura')"_s);
         RaporttiMarginaalit.right = RaporttiMarginaalit.top = 7;
@@ -230,17 +153,16 @@ private slots:
         QCOMPARE(RaporttiMarginaalit.left, 32736);
         QCOMPARE(RaporttiMarginaalit.right, 7);
         QCOMPARE(RaporttiMarginaalit.top, 7);
-    }
 
-    // A file opened read-only cannot take today's date, but every key is still read.
-    void lukuJatkuuVaikkaPaivaaEiVoiKirjoittaa()
-    {
-        seura(*env, {{u"VarmuuskopioPv"_s, u"45"_s}, {u"MargAla"_s, u"1"_s}});
-        auto d = db::Database::open(DatabasePath, db::OpenMode::ReadOnly);
-        QVERIFY_THROWS_EXCEPTION(db::DbError, LueAsetukset(*d));
+        d.reset();
+        QFile::remove(DatabasePath);
+        resetGlobals();
+        seura(*env, {{u"VarmuuskopioPv"_s, u"45"_s}, {u"MargAla"_s, u"2"_s}});
+        auto luku = db::Database::open(DatabasePath, db::OpenMode::ReadOnly);
+        QVERIFY_THROWS_EXCEPTION(db::DbError, LueAsetukset(*luku));
         QCOMPARE(BackupDate, kello::tanaan());
         QCOMPARE(VarmuuskopioPv, 45L);
-        QCOMPARE(RaporttiMarginaalit.bottom, 48);
+        QCOMPARE(RaporttiMarginaalit.bottom, 96);
     }
 
     void kantaStoreKirjoittaa()
@@ -253,19 +175,11 @@ private slots:
         QCOMPARE(d->scalar(u"SELECT count(*) FROM Settings"_s).toInt(), 1);
         QCOMPARE(KantaStore(*d).readString(u"salasana"_s, u"x"_s), salasana);
         QCOMPARE(store.readString(u"Puuttuu"_s, u"oletus"_s), u"oletus"_s);
-
-        KantaStore muu(*d);
-        muu.setSection(u"MUU"_s);
-        muu.writeString(u"Salasana"_s, u"toinen"_s);
-        QCOMPARE(store.readString(u"Salasana"_s), salasana);
-        QCOMPARE(muu.readString(u"Salasana"_s), u"toinen"_s);
-
         // 255 characters fit whatever their UTF-16 length; one more is refused whole.
         const QString emojit = QString::fromUcs4(std::u32string(255, U'\U0001F600').c_str(), 255);
         store.writeString(u"RegName"_s, emojit);
-        QCOMPARE(store.readString(u"RegName"_s), emojit);
         try {
-            store.writeString(u"RegName"_s, QString(256, QChar(u'ä')));
+            store.writeString(u"RegName"_s, QString(256, u'ä'));
             QFAIL("too long a value was stored");
         } catch (const db::DbError &e) {
             QCOMPARE(e.kind(), db::ErrorKind::TooLong);
@@ -280,43 +194,34 @@ private slots:
         Laskunro = 41;
         KasvataLaskunumero(*d);
         KasvataLaskunumero(*d);
-        QCOMPARE(kannasta(*db::Database::open(DatabasePath), u"Laskunro"_s).toString(), u"43"_s);
+        QCOMPARE(ydin::kannanAsetus(DatabasePath, u"Laskunro"_s), u"43"_s);
         VahennaLaskunumero(*d);
         QCOMPARE(Laskunro, 42L);
-        QCOMPARE(kannasta(*db::Database::open(DatabasePath), u"Laskunro"_s).toString(), u"42"_s);
-
+        QCOMPARE(ydin::kannanAsetus(DatabasePath, u"Laskunro"_s), u"42"_s);
         Laskunro = std::numeric_limits<qint32>::max();
         QVERIFY_THROWS_EXCEPTION(db::DbError, KasvataLaskunumero(*d));
         QCOMPARE(Laskunro, long(std::numeric_limits<qint32>::max()));
         Laskunro = std::numeric_limits<qint32>::min();
         QVERIFY_THROWS_EXCEPTION(db::DbError, VahennaLaskunumero(*d));
-        QCOMPARE(kannasta(*d, u"Laskunro"_s).toString(), u"42"_s);
+        QCOMPARE(ydin::kannanAsetus(DatabasePath, u"Laskunro"_s), u"42"_s);
     }
 
     void siirtoKysytaan_data()
     {
         QTest::addColumn<QString>("asKannassa");
-        QTest::addColumn<bool>("siirretaan");
-        QTest::newRow("moved") << u"1"_s << false;
-        QTest::newRow("missing") << Ei << true;
-        QTest::newRow("0") << u"0"_s << true;
+        QTest::newRow("missing") << Ei;
+        QTest::newRow("0") << u"0"_s;
     }
     void siirtoKysytaan()
     {
         QFETCH(QString, asKannassa);
-        QFETCH(bool, siirretaan);
         seura(*env, {{u"AsKannassa"_s, asKannassa}, {u"RegName"_s, u"Uusi"_s}});
         kirjoitaIni(*env, "[VONARI]\nDatabase=" + DatabasePath.toUtf8() + "\nRegName=Vanha seura\nVarmuuskopioPv=abc\nEmailSystem=1\n");
         QStringList tapahtumat;
-        const bool loppu = TarkistaAsetustenSiirto([&] {
+        QVERIFY(TarkistaAsetustenSiirto([&] {
             tapahtumat << dlg->messages() << u"ikkunat"_s;
             QCOMPARE(RegName, u"Vanha seura"_s);
-        });
-        QCOMPARE(loppu, siirretaan);
-        if (!siirretaan) {
-            QVERIFY(dlg->shown.isEmpty() && tapahtumat.isEmpty());
-            return;
-        }
+        }));
         tapahtumat << dlg->messages().mid(1);
         QCOMPARE(tapahtumat, QStringList({u"Tietokannasta ei löydy asetuksia.\n"
                                           "tämä ilmoitus toistu enää seuraavien käynnistyskertojen yhteydessä.\n"
@@ -324,33 +229,28 @@ private slots:
                                           u"ikkunat"_s, u"Käynnistä Vonari nyt uudestaan."_s}));
         QCOMPARE(VarmuuskopioPv, 30L);
         QVERIFY(EmailSystem);
-        QCOMPARE(inista(*env, u"BackupDate"_s), kello::tanaan().toString(Qt::ISODate));
-        QCOMPARE(inista(*env, u"DatabaseBackup"_s), files::defaultBackupFolder());
+        QCOMPARE(iniArvo(*env, u"BackupDate"_s), kello::tanaan().toString(Qt::ISODate));
+        QCOMPARE(iniArvo(*env, u"DatabaseBackup"_s), files::defaultBackupFolder());
     }
 
-    // Several clubs never move, and a database that cannot be read moves at a later start.
-    void eiSiirtoa_data()
-    {
-        QTest::addColumn<int>("tapaus");
-        QTest::newRow("several clubs") << 0;
-        QTest::newRow("no database file") << 1;
-        QTest::newRow("no settings table") << 2;
-        QTest::newRow("empty path") << 3;
-    }
+    // Moved settings stay, several clubs never move, and a database that cannot be read moves
+    // at a later start.
     void eiSiirtoa()
     {
-        QFETCH(int, tapaus);
-        seura(*env);
-        MultiDb = tapaus == 0;
-        if (tapaus == 1)
-            DatabasePath = env->path(u"poissa.mdb"_s);
-        if (tapaus == 2)
-            db::Database::create(DatabasePath = env->path(u"vanha.mdb"_s));
-        if (tapaus == 3)
-            DatabasePath.clear();
-        bool avattu = false;
-        QVERIFY(!TarkistaAsetustenSiirto([&] { avattu = true; }));
-        QVERIFY(!avattu && dlg->shown.isEmpty());
+        for (int tapaus = 0; tapaus < 5; ++tapaus) {
+            seura(*env, {{u"AsKannassa"_s, tapaus == 4 ? u"1"_s : Ei}});
+            MultiDb = tapaus == 0;
+            if (tapaus == 1)
+                DatabasePath = env->path(u"poissa.mdb"_s);
+            if (tapaus == 2)
+                db::Database::create(DatabasePath = env->path(u"vanha%1.mdb"_s.arg(tapaus)));
+            if (tapaus == 3)
+                DatabasePath.clear();
+            bool avattu = false;
+            QVERIFY2(!TarkistaAsetustenSiirto([&] { avattu = true; }), qPrintable(QString::number(tapaus)));
+            QVERIFY(!avattu && dlg->shown.isEmpty());
+            QFile::remove(env->path(u"seura.mdb"_s));
+        }
     }
 };
 

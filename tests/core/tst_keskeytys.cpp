@@ -1,9 +1,6 @@
-// Every long run reports its steps and, stopped half way, leaves the club's file as it was; on
-// screen the window's run buttons are off while a run is open, the bar follows the steps, and the
-// user's "Keskeytä" stops the run, which says that nothing was saved.
-#include "core/Asetukset.h"
+// Every long run stopped half way leaves the club's file as it was, and the user's "Keskeytä"
+// stops the run, which says that nothing was saved.
 #include "core/Kantatiedosto.h"
-#include "core/MainModule.h"
 #include "core/Pelastus.h"
 #include "members/Jasen.h"
 #include "members/PiirreJoukko.h"
@@ -11,19 +8,12 @@
 #include "pysayttaja.h"
 #include "platform/ui/Edistymispalkki.h"
 #include "reports/Raporttiajo.h"
-#include "scripteddialogs.h"
 #include "seurat.h"
-#include "testenv.h"
+#include "ydinapu.h"
 
-#include <QApplication>
 #include <QDialog>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QThread>
-#include <QTimer>
-#include <QtTest>
-
-using namespace Qt::Literals::StringLiterals;
 
 class tst_keskeytys : public QObject {
     Q_OBJECT
@@ -67,7 +57,6 @@ private slots:
         QTest::newRow("ominaisuuden poisto") << 3 << 1;
         QTest::newRow("yhdistäminen") << 4 << 1;
     }
-
     void ajoPysahtyyJaPeruu()
     {
         QFETCH(int, ajo);
@@ -80,7 +69,7 @@ private slots:
         const QString ennen = seurat::Sisalto(*d);
         Pysayttaja pysayta(kutsussa);
         const Ajo a(*d, &pysayta);
-        auto aja = [&] {
+        const auto aja = [&] {
             switch (ajo) {
             case 0: TaytaRekisteritiedot(a, cRekisteritietovalinta{true, true, true, true}); break;
             case 1: Moniliitos(a, ensimmainen, jasenet(), {}, false); break;
@@ -95,18 +84,6 @@ private slots:
         QVERIFY(!d->inTransaction());
     }
 
-    // Without a stop the steps climb to the whole.
-    void vaiheetEtenevat()
-    {
-        Pysayttaja kirjaa;
-        TaytaRekisteritiedot(Ajo(*d, &kirjaa), {});
-        QCOMPARE(kirjaa.vaiheet.size(), 1000);
-        QCOMPARE(kirjaa.vaiheet.last().second, 1000);
-        for (int i = 1; i < kirjaa.vaiheet.size(); ++i)
-            QVERIFY(kirjaa.vaiheet[i].first > kirjaa.vaiheet[i - 1].first);
-        QCOMPARE(d->scalar(u"SELECT COUNT(*) FROM Rekisteritiedot"_s).toInt(), 1000);
-    }
-
     // The counters kept in the database and in memory go back with a run that rolls back, and
     // stay advanced with one that commits.
     void laskuritPalaavat()
@@ -114,7 +91,7 @@ private slots:
         MainModule::Laskunro = 41;
         MainModule::Jasennro = 7;
         KantaStore(*d).writeString(u"Laskunro"_s, u"41"_s);
-        auto tila = [&] {
+        const auto tila = [&] {
             return u"%1 %2 %3 %4"_s.arg(MainModule::Laskunro).arg(MainModule::Jasennro)
                 .arg(KantaStore(*d).readString(u"Laskunro"_s, {}), KantaStore(*d).readString(u"Jasennro"_s, {}));
         };
@@ -135,8 +112,9 @@ private slots:
         QCOMPARE(tila(), u"42 7 42 "_s + KantaStore(*d).readString(u"Jasennro"_s, {}));
     }
 
-    // The report's layout stops between members and writes no file.
-    void raporttiPysahtyy()
+    // The report's layout stops between members and writes no file; a copy and a salvage stopped
+    // at their first report leave no target behind them.
+    void tiedostojaEiJaa()
     {
         Pysayttaja pysayta(2);
         const Ajo a(*d, &pysayta);
@@ -148,29 +126,24 @@ private slots:
         r.Destination = Raporttiajo::PdfTiedosto;
         QVERIFY_THROWS_EXCEPTION(Keskeytetty, r.setAction(1));
         QVERIFY(!QFile::exists(r.PrintFileName));
-    }
 
-    // A copy and a salvage stopped at their first report leave no target behind them.
-    void kopioJaPelastusPysahtyvat()
-    {
         d.reset();
-        const QString iso = kanta;
         const QString kohde = env->path(u"kopio.mdb"_s);
-        Pysayttaja pysayta(1);
+        Pysayttaja kopioinnissa(1), pelastuksessa(1);
         kanta::Kopiointi tapa;
-        tapa.edistyminen = &pysayta;
+        tapa.edistyminen = &kopioinnissa;
         kanta::Virhe v;
-        QVERIFY_THROWS_EXCEPTION(Keskeytetty, kanta::kopioiTietokanta(iso, kohde, tapa, &v));
-        QVERIFY(!pysayta.vaiheet.isEmpty());
+        QVERIFY_THROWS_EXCEPTION(Keskeytetty, kanta::kopioiTietokanta(kanta, kohde, tapa, &v));
+        QVERIFY(!kopioinnissa.vaiheet.isEmpty());
         QVERIFY(!QFile::exists(kohde));
-
-        Pysayttaja pysayta2(1);
         kanta::Pelastus p;
-        QVERIFY_THROWS_EXCEPTION(Keskeytetty, kanta::pelastaTietokanta(iso, kohde, &p, &v, &pysayta2));
-        QVERIFY(!pysayta2.vaiheet.isEmpty());
+        QVERIFY_THROWS_EXCEPTION(Keskeytetty, kanta::pelastaTietokanta(kanta, kohde, &p, &v, &pelastuksessa));
+        QVERIFY(!pelastuksessa.vaiheet.isEmpty());
     }
 
-    void ikkunanOmaPalkki()
+    // A window's own bar turns its run buttons off for the run, and its "Keskeytä" stops the run;
+    // a run long enough to show the progress window is stopped from that window's button.
+    void keskeytysIkkunasta()
     {
         QWidget ikkuna;
         auto *palkki = new QProgressBar(&ikkuna);
@@ -188,20 +161,14 @@ private slots:
             QVERIFY(e.keskeytetaanko());
         }
         QVERIFY(aja->isEnabled());
-    }
 
-    // A run long enough to show its window is stopped from the window's button.
-    void keskeytysIkkunasta()
-    {
         ScriptedDialogs dialogit;
         int askelia = 0;
         QTimer::singleShot(700, [] {
             auto *ikkuna = qobject_cast<QDialog *>(QApplication::activeModalWidget());
             QVERIFY(ikkuna);
             QCOMPARE(ikkuna->windowTitle(), u"Ominaisuutta lisätään"_s);
-            auto *nappi = ikkuna->findChild<QPushButton *>();
-            QVERIFY(nappi);
-            QTest::mouseClick(nappi, Qt::LeftButton);
+            QTest::mouseClick(ikkuna->findChild<QPushButton *>(), Qt::LeftButton);
         });
         const bool valmis = AjaEdistyen(nullptr, u"Ominaisuutta lisätään"_s, [&](Edistyminen *e) {
             for (askelia = 0; askelia < 1000; ++askelia) {
