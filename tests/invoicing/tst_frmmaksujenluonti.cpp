@@ -2,6 +2,7 @@
 // checked, the name box, the headings, the run, the move to history and the delete.
 #include "core/Asetukset.h"
 #include "core/MainModule.h"
+#include "invoicing/Laskupohja.h"
 #include "invoicing/ui/frmMaksujenLuonti.h"
 #include "members/ui/frmJasen.h"
 #include "platform/kello.h"
@@ -13,6 +14,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPointer>
 #include <QToolButton>
 #include <QtTest>
@@ -183,6 +185,62 @@ private slots:
         frmMaksujenLuonti w;
         QVERIFY(!w.Lataa());
         QCOMPARE(dlg.messages(), QStringList{"Tarkista tietokanta asetukset asetusikkunasta!"});
+    }
+
+    // A template of the plain kind chosen from the window's menu fills the window, and the run
+    // makes its invoices; a template of another kind is not offered.
+    void laskupohjaValikosta()
+    {
+        TestEnv env;
+        ScriptedDialogs dlg;
+        MainModule::DatabasePath = env.path(QStringLiteral("demo1.mdb"));
+        seurat::Kopio(150, MainModule::DatabasePath);
+        {
+            auto d = db::Database::open(MainModule::DatabasePath);
+            LueAsetukset(*d);
+        }
+        kello::asetaTanaan(QDate(2027, 3, 1));
+        const auto tee = [](const QString &nimi, int tyyppi) {
+            cLaskupohja p;
+            p.setTietokanta(MainModule::DatabasePath);
+            p.setNimi(nimi);
+            p.setLaskutyyppi(tyyppi);
+            p.setLaskunOtsake(QStringLiteral("Kevätmaksu"));
+            p.setLaskunPaivamaara(0);
+            p.setLaskunErapaiva(14);
+            p.setJasenmaksu(true);
+            p.PerusLaskupohjarivi(1).setPaalla(true);
+            p.PerusLaskupohjarivi(1).setAiheteksti(QStringLiteral("Kausimaksu"));
+            p.PerusLaskupohjarivi(1).setHinta(Currency::fromRaw(125000));
+            p.Save();
+        };
+        tee(QStringLiteral("Kevät"), laskupohja::Perus);
+        tee(QStringLiteral("Perheet"), laskupohja::Perhe);
+
+        frmMaksujenLuonti w;
+        w.setAttribute(Qt::WA_DeleteOnClose, false);
+        QVERIFY(w.Lataa());
+        w.show();
+        w.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&w));
+        QAction *kevat = nullptr;
+        QStringList nimet;
+        for (QAction *a : w.mLaskupohjat->actions())
+            if (a->objectName() == u"mLaskupohjaX") {
+                nimet << a->text();
+                kevat = a;
+            }
+        QCOMPARE(nimet, QStringList{"Kevät"});
+        kevat->trigger();
+        QCOMPARE(w.cmbMaksunOtsake->currentText(), QStringLiteral("Kevätmaksu"));
+        QCOMPARE(w.tLaskunErapaiva->text(), QStringLiteral("15.3.2027"));
+        QVERIFY(w.chkRivi[1]->isChecked() && w.chkJasenmaksu->isChecked());
+        QCOMPARE(w.tSumma->text(), QStringLiteral("12,50 €"));
+        QTest::keyClick(&w, Qt::Key_F2);
+        auto d = db::Database::open(MainModule::DatabasePath);
+        QCOMPARE(testi::maara(*d, QStringLiteral("jm WHERE jmHinta = 125000 AND jmOtsake = 'Kevätmaksu' AND jmErapaiva = '2027-03-15'")),
+                 testi::maara(*d, QStringLiteral("jr")));
+        QVERIFY(dlg.unexpected.isEmpty());
     }
 };
 
