@@ -2,6 +2,7 @@
 
 #include "esittely/EsittelyJasenet.h"
 #include "esittely/EsittelyKirjoitus.h"
+#include "esittely/EsittelyLaskupohjat.h"
 #include "esittely/EsittelyLaskut.h"
 #include "esittely/EsittelyPiirteet.h"
 #include "core/Malli.h"
@@ -125,6 +126,7 @@ void TaytaSeura(db::Database &db, int jasenia, quint32 siemen)
     LuoPiirteet(s, a);
     LuoLaskuhistoria(s, a);
     KirjoitaSeura(db, s);
+    KirjoitaLaskupohjat(db);
     kirjoitaAsetukset(db, s);
     t.commit();
 }

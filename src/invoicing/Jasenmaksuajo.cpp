@@ -38,6 +38,16 @@ std::optional<Laskutusvirhe> tarkistaRivit(const MaksujenLuontiLomake &l, QVecto
 
 } // namespace
 
+QString RivienLoppusumma(const std::array<PerusLaskurivi, 4> &rivit)
+{
+    Currency summa;
+    for (const PerusLaskurivi &r : rivit)
+        if (r.chkRivi)
+            if (const auto hinta = Currency::parse(r.tRiviSumma))
+                summa += *hinta;
+    return summa.toString(2) + QStringLiteral(" €");
+}
+
 QString LisattyViesti(long laskuja)
 {
     return laskuja == 1 ? QStringLiteral("Lisätty 1 lasku.") : QStringLiteral("Lisätty %1 laskua.").arg(laskuja);

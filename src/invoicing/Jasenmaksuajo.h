@@ -20,3 +20,6 @@ Laskutustulos LisaaMyyntilajeittain(const Ajo &ajo, const ProMaksujenLuontiLomak
 
 // "Lisätty 1 lasku." / "Lisätty N laskua."
 QString LisattyViesti(long laskuja);
+
+// The total the window keeps in tSumma: the rows in use whose amount is a number, "12,50 €".
+QString RivienLoppusumma(const std::array<PerusLaskurivi, 4> &rivit);

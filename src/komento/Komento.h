@@ -56,6 +56,7 @@ int Virhe(const QString &teksti, int tila);
 // The verbs.
 namespace komento {
 int Raportti(Yhteys &y);
+int Laskutus(Yhteys &y);
 int Historiaan(Yhteys &y);
 int PoistaLaskut(Yhteys &y);
 }

@@ -8,6 +8,10 @@ const std::vector<Verbi> &Verbit()
         {QStringLiteral("raportti"),
          QStringLiteral("raportti RAPORTTI ULOS.pdf [--valinta KAAVA] [--lajittelu KENTTÄ]... [--kaava 'Nimi= teksti']..."),
          Raportti},
+        {QStringLiteral("laskutus"),
+         QStringLiteral("laskutus --pohja NIMI [--kenelle kaikki|ominaisuus:NIMI|jasen:JRID] [--ei-perheellisille] [--muille] "
+                        "[--laskupaiva PVM] [--erapaiva PVM]"),
+         Laskutus},
         {QStringLiteral("historiaan"), QStringLiteral("historiaan"), Historiaan},
         {QStringLiteral("poista-laskut"), QStringLiteral("poista-laskut"), PoistaLaskut},
     };

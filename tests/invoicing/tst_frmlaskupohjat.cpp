@@ -133,21 +133,26 @@ private slots:
             QVERIFY(w.cTallenna->isEnabled());
             QTest::keyClick(&w, Qt::Key_F3);
             QVERIFY(!w.cTallenna->isEnabled());
-            QCOMPARE(puunNimet(w.tvwLista), QStringList{u"Kevään perhemaksu"_s});
+            // Among the club's own templates, by name.
+            QCOMPARE(puunNimet(w.tvwLista),
+                     (QStringList{u"Jäsenmaksu"_s, u"Kevään perhemaksu"_s, u"Perhemaksu"_s, u"Talkoohyvitys"_s}));
             QCOMPARE(w.tvwLista->currentItem()->text(0), u"Kevään perhemaksu"_s);
             paina(w.cSulje);
             QVERIFY(!w.isVisible());
         }
         QCOMPARE(arvo(u"SELECT Laskupohja_Nimi, Laskutyyppi, LaskunOtsake, LaskunPaivamaara, LaskunErapaiva, Jasenmaksu, "
-                      "Pankkitili1 = ? FROM Laskupohjat"_s,
+                      "Pankkitili1 = ? FROM Laskupohjat WHERE Laskupohja_Nimi = 'Kevään perhemaksu'"_s,
                       {MainModule::RegPankkiyhteys1}),
                  u"Kevään perhemaksu|1|Jäsenmaksu|0|14|1|1"_s);
-        QCOMPARE(arvo(u"SELECT PerhePaalla, PerheAhinta, PerheAiheteksti FROM Laskupohjarivit WHERE Laskutyyppi = 1 AND Jarjestys = 1"_s),
+        const QString uusi = u"Laskupohja_ID = (SELECT MAX(Laskupohja_ID) FROM Laskupohjat)"_s;
+        QCOMPARE(arvo(u"SELECT PerhePaalla, PerheAhinta, PerheAiheteksti FROM Laskupohjarivit WHERE Laskutyyppi = 1 AND Jarjestys = 1 AND "_s
+                      + uusi),
                  u"1|255000|Aikuisen jäsenmaksu"_s);
-        QCOMPARE(testi::maara(*d, u"Laskupohjarivit"_s), 19);
+        QCOMPARE(testi::maara(*d, u"Laskupohjarivit WHERE "_s + uusi), 19);
 
         frmLaskupohjat w;
         QVERIFY(avaa(w));
+        QTest::keyClick(&w, Qt::Key_V, Qt::ControlModifier); // the newest
         QCOMPARE(w.tNimi->text(), u"Kevään perhemaksu"_s);
         QVERIFY(w.optLaskutyyppi[1]->isChecked());
         QCOMPARE(w.tPerheAhinta[1]->text(), u"25,50"_s);

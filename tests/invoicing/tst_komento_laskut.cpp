@@ -67,6 +67,42 @@ private slots:
         QCOMPARE(t.koodi, 2);
         QVERIFY(t.virhe.contains(QStringLiteral("historiaan ei ota valitsimia.")));
     }
+
+    // The demonstration club's templates run as their windows run them: each kind its own run,
+    // the dates and the invoiced from the options.
+    void laskutusPohjalla_data()
+    {
+        QTest::addColumn<QStringList>("valitsimet");
+        QTest::addColumn<int>("koodi");
+        QTest::addColumn<QString>("ehto"); // every open invoice meets it
+        QTest::newRow("plain, everybody") << QStringList{"--pohja", "Jäsenmaksu", "--laskupaiva", "2027-03-01"} << 0
+                                          << "jmHinta = 350000 AND jmErapaiva = '2027-03-15' AND jmPerhe = 0";
+        QTest::newRow("family") << QStringList{"--pohja", "Perhemaksu", "--erapaiva", "31.3.2027"} << 0
+                                << "jmPerhe = 1 AND jmErapaiva = '2027-03-31' AND jmjrID IN (SELECT jrID FROM jr WHERE jrPerheenLaskutettava = 1)";
+        QTest::newRow("attribute") << QStringList{"--pohja", "Talkoohyvitys", "--kenelle", "ominaisuus:Talkoovuorot"} << 0
+                                   << "jmOmin = 1 AND jmjrID IN (SELECT ptjrID FROM pt JOIN pi ON piID = ptpiID WHERE piNimi = 'Talkoovuorot')";
+        QTest::newRow("one member") << QStringList{"--pohja", "Jäsenmaksu", "--kenelle", "jasen:1"} << 0 << "jmjrID = 1";
+        QTest::newRow("no such template") << QStringList{"--pohja", "Syysmaksu"} << 1 << "0";
+        QTest::newRow("no such attribute") << QStringList{"--pohja", "Jäsenmaksu", "--kenelle", "ominaisuus:Golf"} << 1 << "0";
+        QTest::newRow("bad date") << QStringList{"--pohja", "Jäsenmaksu", "--laskupaiva", "31.2.2027"} << 2 << "0";
+    }
+
+    void laskutusPohjalla()
+    {
+        QFETCH(QStringList, valitsimet);
+        QFETCH(int, koodi);
+        QFETCH(QString, ehto);
+        TestEnv env;
+        const QString kanta = seurat::Kopio(150, env.path(QStringLiteral("demo1.mdb")));
+        const Tulos t = aja(QStringList{kanta, QStringLiteral("laskutus")} + valitsimet);
+        QCOMPARE(t.koodi, koodi);
+        auto d = db::Database::open(kanta);
+        const qint64 avoimia = laskuseura::maara(*d, QStringLiteral("jm"));
+        QCOMPARE(avoimia > 0, koodi == 0);
+        QCOMPARE(laskuseura::maara(*d, QStringLiteral("jm WHERE ") + ehto), avoimia);
+        if (koodi == 0)
+            QCOMPARE(t.ulos, avoimia == 1 ? QStringLiteral("Lisätty 1 lasku.\n") : QStringLiteral("Lisätty %1 laskua.\n").arg(avoimia));
+    }
 };
 
 QTEST_GUILESS_MAIN(TestKomentoLaskut)

@@ -106,7 +106,7 @@ private slots:
         QTest::addColumn<int>("koodi");
         QTest::addColumn<QString>("viesti");
         QTest::newRow("ei mitään") << QStringList{} << 2 << u"Käyttö: vonari-komento"_s;
-        QTest::newRow("tuntematon komento") << QStringList{u"KANTA"_s, u"laskutus"_s} << 2 << u"Tuntematon komento laskutus."_s;
+        QTest::newRow("tuntematon komento") << QStringList{u"KANTA"_s, u"laskuta"_s} << 2 << u"Tuntematon komento laskuta."_s;
         QTest::newRow("huono päivä") << QStringList{u"KANTA"_s, u"raportti"_s, u"jrluetlo"_s, u"ULOS"_s, u"--tanaan"_s, u"31.2.2027"_s}
                                      << 2 << u"Päivämäärä 31.2.2027 ei kelpaa"_s;
         QTest::newRow("verbin valitsin") << QStringList{u"KANTA"_s, u"raportti"_s, u"jrluetlo"_s, u"ULOS"_s, u"--selection"_s, u"x"_s}

@@ -111,12 +111,10 @@ Laskutustulos frmMaksujenLuonti::aja(const Ajo &ajo, bool jasenikkunaAuki)
 
 void frmMaksujenLuonti::paivitaSumma()
 {
-    Currency summa;
+    std::array<PerusLaskurivi, 4> rivit;
     for (int i = 0; i < 4; ++i)
-        if (chkRivi[i]->isChecked())
-            if (const auto hinta = Currency::parse(tRiviSumma[i]->text()))
-                summa += *hinta;
-    tSumma->setText(summa.toString(2) + QStringLiteral(" €"));
+        rivit[i] = {chkRivi[i]->isChecked(), QString(), tRiviSumma[i]->text()};
+    tSumma->setText(RivienLoppusumma(rivit));
 }
 
 void frmMaksujenLuonti::riviValittu(int i)
