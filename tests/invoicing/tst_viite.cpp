@@ -10,15 +10,13 @@ private slots:
     {
         QTest::addColumn<QString>("numero");
         QTest::addColumn<QString>("tarkiste");
-        // Known references from the banks' own examples and the classic edge cases.
         QTest::newRow("1234") << "1234" << " 4";
         QTest::newRow("sum ending in 0") << "55" << "0";
-        QTest::newRow("123456") << "123456" << " 1";
-        QTest::newRow("bank example 1") << "55958224329467" << " 1";
-        QTest::newRow("bank example 2") << "7877767965662868" << " 7";
+        QTest::newRow("bank example") << "55958224329467" << " 1";
         QTest::newRow("nineteen digits") << "1234567890123456789" << " 4";
+        // The weights restart every three places: a long number must not overflow.
+        QTest::newRow("63 digits") << QString(QStringLiteral("123456789")).repeated(7) << " 9";
         QTest::newRow("empty") << "" << "0";
-        QTest::newRow("zeros") << "0000" << "0";
         // A character that is not a digit counts 0 but still takes its weight.
         QTest::newRow("blank inside") << "12 34" << " 6";
         QTest::newRow("letter") << "1A" << " 7";
@@ -31,57 +29,31 @@ private slots:
         QCOMPARE(LaskeViitetarkiste(numero), tarkiste);
     }
 
-    void checkDigitIsAlwaysOneDigitAfterTrim()
-    {
-        // The weights restart every three places: a long number must not overflow or change kind.
-        QString n;
-        for (int i = 0; i < 60; ++i) {
-            n += QChar(u'0' + (i * 7 + 3) % 10);
-            const QString t = LaskeViitetarkiste(n);
-            QVERIFY2(t == QLatin1String("0") || (t.size() == 2 && t[0] == u' ' && t[1].isDigit() && t[1] != u'0'),
-                     qPrintable(n + QStringLiteral(" -> '") + t + u'\''));
-        }
-    }
-
-    void referenceFromNumber_data()
+    void reference_data()
     {
         QTest::addColumn<QString>("perus");
-        QTest::addColumn<QString>("viite");
+        QTest::addColumn<QString>("viite"); // empty: the text itself is no valid reference
         QTest::newRow("1234") << "1234" << "12344";
         QTest::newRow("55") << "55" << "550";
-        QTest::newRow("123456") << "123456" << "1234561";
         QTest::newRow("surrounding blanks") << " 999 " << "9991";
+        QTest::newRow("wrong digit") << "12345" << "";
+        QTest::newRow("blank") << "1234 4" << "";
+        QTest::newRow("single digit") << "0" << "";
+        QTest::newRow("empty") << "" << "";
+        QTest::newRow("letters") << "RF341234561" << "";
     }
 
-    void referenceFromNumber()
+    void reference()
     {
         QFETCH(QString, perus);
         QFETCH(QString, viite);
+        if (viite.isEmpty()) {
+            QVERIFY(!ViiteOnKelvollinen(perus));
+            return;
+        }
         QCOMPARE(ViiteNumerosta(perus), viite);
-        bool numeerinen = false;
-        const qint64 n = perus.trimmed().toLongLong(&numeerinen);
-        if (numeerinen)
-            QCOMPARE(ViiteNumerosta(n), viite);
+        QCOMPARE(ViiteNumerosta(perus.trimmed().toLongLong()), viite);
         QVERIFY(ViiteOnKelvollinen(viite));
-    }
-
-    void validity_data()
-    {
-        QTest::addColumn<QString>("viite");
-        QTest::addColumn<bool>("kelvollinen");
-        QTest::newRow("wrong digit") << "12345" << false;
-        QTest::newRow("blank") << "1234 4" << false;
-        QTest::newRow("grouped for print") << "12 34561" << false;
-        QTest::newRow("single digit") << "0" << false;
-        QTest::newRow("empty") << "" << false;
-        QTest::newRow("letters") << "RF341234561" << false;
-    }
-
-    void validity()
-    {
-        QFETCH(QString, viite);
-        QFETCH(bool, kelvollinen);
-        QCOMPARE(ViiteOnKelvollinen(viite), kelvollinen);
     }
 };
 
