@@ -19,7 +19,6 @@ private slots:
     {
         QTest::addColumn<bool>("qr");
         QTest::addColumn<QString>("sisalto");
-        QTest::newRow("viivakoodi, viite") << false << u"RF18539007547034"_s;
         QTest::newRow("viivakoodi, pienet ja välit") << false << u"Jasen 123 / 2026"_s;
         QTest::newRow("qr, ääkköset") << true << u"Jäsenmaksu 2026 – Åke Öhman"_s;
         QTest::newRow("qr, pitkä") << true << u"BCD\n002\n1\nSCT\n\nKylän Kipinä ry\nFI2112345600000785\nEUR25.00"_s;
@@ -49,12 +48,8 @@ private slots:
         QVERIFY(kuva.save(png));
         QProcess z;
         z.start(zbarimg, {u"--quiet"_s, u"--raw"_s, u"-Sbinary"_s, png});
-        QVERIFY(z.waitForFinished(30000));
-        QCOMPARE(z.exitCode(), 0);
-        QString luettu = QString::fromUtf8(z.readAllStandardOutput());
-        if (luettu.endsWith(u'\n'))
-            luettu.chop(1);
-        QCOMPARE(luettu, sisalto);
+        QVERIFY(z.waitForFinished(30000) && z.exitCode() == 0);
+        QCOMPARE(QString::fromUtf8(z.readAllStandardOutput()).trimmed(), sisalto);
     }
 
     // What no symbol can carry is not painted, so that the engine shows it as text instead.
@@ -62,16 +57,14 @@ private slots:
     {
         QImage kuva(100, 100, QImage::Format_RGB32);
         QPainter p(&kuva);
-        Tulostekohde k;
-        k.laji = KohdeLaji::Viivakoodi;
-        k.alue = QRectF(0, 0, 1000, 300);
-        k.teksti = u"Hinta 25 €"_s;
-        QVERIFY(!PiirraKoodi(p, k));
-        k.teksti.clear();
-        QVERIFY(!PiirraKoodi(p, k));
-        k.laji = KohdeLaji::Teksti;
-        k.teksti = u"12345"_s;
-        QVERIFY(!PiirraKoodi(p, k));
+        for (const auto &[laji, teksti] : {std::pair{KohdeLaji::Viivakoodi, u"Hinta 25 €"_s},
+                                           {KohdeLaji::Viivakoodi, QString()}, {KohdeLaji::Teksti, u"12345"_s}}) {
+            Tulostekohde k;
+            k.laji = laji;
+            k.alue = QRectF(0, 0, 1000, 300);
+            k.teksti = teksti;
+            QVERIFY2(!PiirraKoodi(p, k), qPrintable(teksti));
+        }
     }
 };
 
