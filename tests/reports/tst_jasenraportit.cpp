@@ -289,22 +289,6 @@ private slots:
                      qPrintable(alut[i] + u" / "_s + odotetut[i]));
     }
 
-    // The attribute list: every attribute once, with the number of members who have it.
-    void ominaisuusluettelo()
-    {
-        const Asiakirja a = laadi({u"pilista.rpt"_s, {}, {u"Seurannimi= 'Vanhankylän Urheiluseura ry'"_s}, {}});
-        db::Statement s(*d, u"SELECT piNimi, (SELECT count(*) FROM pt WHERE ptpiID = piID) FROM pi ORDER BY piNimi COLLATE FI"_s);
-        const QStringList t = a.tekstit(0);
-        int edellinen = -1;
-        while (s.next()) {
-            const int i = t.indexOf(s.value(0).toString());
-            QVERIFY2(i > edellinen, qPrintable(s.value(0).toString()));
-            QVERIFY(t.mid(i, 8).contains(s.value(1).toString()));
-            edellinen = i;
-        }
-        QVERIFY(edellinen > 0);
-    }
-
     // Every built-in definition reads and lays out on the demonstration club with the formulas
     // the program gives, and the lists with a selection of their own take only their rows.
     void kaikkiMaaritykset()
