@@ -1,5 +1,5 @@
 // Member cards, the label sheet table and a member's register information: the cards and labels
-// as laid out on the page, the compiled text section by section, the windows that drive them.
+// as laid out on the page, the compiled text section by section, the card window.
 #include "core/MainModule.h"
 #include "members/Rekisteritiedot.h"
 #include "raporttiseura.h"
@@ -8,7 +8,6 @@
 #include "reports/jasen/Tarrat.h"
 #include "reports/Tulostus.h"
 #include "reports/jasen/ui/frmJasenkortit.h"
-#include "reports/jasen/ui/frmRekisteritiedot.h"
 #include "reports/ui/frmTulostus.h"
 #include "seurat.h"
 #include "testiapu.h"
@@ -16,8 +15,6 @@
 #include "tulostuskirjaus.h"
 
 #include <QApplication>
-#include <QCheckBox>
-#include <QClipboard>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -199,31 +196,6 @@ private slots:
         QCOMPARE(d->scalar(u"SELECT COUNT(*) FROM Rekisteritiedot"_s).toInt(), 2);
         QCOMPARE(d->scalar(u"SELECT Tiedot FROM Rekisteritiedot WHERE jrID = ?"_s, {lapsi}).toString(),
                  KoostaRekisteritiedot(*d, lapsi, true, false, false, false));
-    }
-
-    // The choice of sections and the text in the clipboard.
-    void rekisteritiedotLeikepoydalle()
-    {
-        MainModule::DatabasePath = env->path(u"seura.mdb"_s);
-        auto d = LuoTyhjaSeura(MainModule::DatabasePath);
-        const qint64 id = LisaaJasen(*d, {u"Nieminen"_s, u"Onni"_s, {}, {}, {}, {}, {}});
-        QTimer::singleShot(0, [] {
-            auto *w = qobject_cast<frmRekisteritiedot *>(QApplication::activeModalWidget());
-            QVERIFY(w);
-            w->chkOminaisuustiedot->setChecked(false);
-            w->chkPerhetiedot->setChecked(true);
-            w->chkMaksutiedot->setChecked(false);
-            testi::paina(w->cSeuraava);
-        });
-        AvaaRekisteritiedot(nullptr, id);
-        QCOMPARE(QApplication::clipboard()->text(), KoostaRekisteritiedot(*d, id, true, false, true, false));
-        QCOMPARE(dlg->messages(), QStringList{u"Jäsenen tiedot koostettu leikepöydälle."_s});
-
-        QApplication::clipboard()->setText(u"ennallaan"_s);
-        QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
-        AvaaRekisteritiedot(nullptr, id); // closed without a choice: nothing composed
-        QCOMPARE(QApplication::clipboard()->text(), u"ennallaan"_s);
-        QCOMPARE(dlg->messages().size(), 1);
     }
 
     // The card window: its defaults, and a print of one member to the preview with its texts.

@@ -1,5 +1,5 @@
 // The print run of the main window: the copies rule of the print settings, section fonts and
-// club formulas, the plain run to the preview and the printer, the choice windows and the
+// club formulas, the plain run to the preview and the printer, the settings window and the
 // preview's PDF button.
 #include "core/MainModule.h"
 #include "reports/RaporttiVirhe.h"
@@ -7,7 +7,6 @@
 #include "reports/ui/Raporttitulostus.h"
 #include "reports/ui/frmEsikatselu.h"
 #include "reports/ui/frmTulostus.h"
-#include "reports/jasen/ui/frmTulostusmuodonvalinta.h"
 #include "seurat.h"
 #include "testiapu.h"
 #include "testipohja.h"
@@ -18,7 +17,6 @@
 #include <QLineEdit>
 #include <QPrinterInfo>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QtTest>
 
 using namespace Qt::Literals::StringLiterals;
@@ -148,22 +146,6 @@ private slots:
         QCOMPARE(w.result(), int(QDialog::Accepted));
         QCOMPARE(int(Kopiot), 1);
         QCOMPARE(int(TulostusLaite), 1);
-    }
-
-    void tulostusmuodonValinta()
-    {
-        // The buttons in their order on screen and the report each one runs.
-        const int odotettu[9] = {0, 3, 4, 2, 5, 6, 7, 8, 1};
-        for (int i = 0; i < 9; ++i) {
-            frmTulostusmuodonvalinta v;
-            v.show();
-            testi::paina(v.optPrintType[i]);
-            testi::paina(v.optTulJarj[2]);
-            testi::paina(v.cSeuraava);
-            QVERIFY(!v.Cancelled);
-            QCOMPARE(v.iPrintType, odotettu[i]);
-            QCOMPARE(v.iTulJarj, 2);
-        }
     }
 
     void esikatselunPdf()
