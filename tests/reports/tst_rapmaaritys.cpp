@@ -20,12 +20,9 @@
 #include "tulostuskirjaus.h"
 #include <QLineEdit>
 #include <QAction>
-#include <QApplication>
 #include <QListWidget>
 #include <QMenu>
-#include <QPointer>
 #include <QPushButton>
-#include <QTimer>
 #include <QtTest>
 
 using namespace Qt::Literals::StringLiterals;
@@ -61,35 +58,6 @@ Asiakirja tuloste(db::Database &d, const RepSettings &r, const HakuParametrit &p
     return LaadiSarakeraportti(d, r, ajo);
 }
 
-
-// Answers the windows a report row opens, each by its kind, and lists the ones it saw: the
-// conditions take the holders of "Kausimaksu 2026", the rest go on as they stand.
-struct Vastaaja {
-    QStringList nahdyt;
-    QTimer ajastin;
-    QPointer<QWidget> edellinen;
-
-    Vastaaja()
-    {
-        QObject::connect(&ajastin, &QTimer::timeout, [this] {
-            QWidget *w = QApplication::activeModalWidget();
-            if (!w || w == edellinen.data())
-                return;
-            edellinen = w;
-            nahdyt << QString::fromLatin1(w->metaObject()->className());
-            if (auto *h = qobject_cast<frmHakuehdot *>(w)) {
-                for (int i = 0; i < h->lstOminaisuudet->count(); ++i)
-                    h->lstOminaisuudet->item(i)->setSelected(h->lstOminaisuudet->item(i)->text() == u"Kausimaksu 2026"_s);
-                testi::paina(h->cSeuraava);
-            } else if (auto *j = qobject_cast<frmTulJarjValinta *>(w)) {
-                testi::paina(j->cSeuraava);
-            } else if (auto *t = qobject_cast<frmTulostus *>(w)) {
-                testi::paina(t->cTulosta);
-            }
-        });
-        ajastin.start(10);
-    }
-};
 
 // The member window on a copy of the demonstration club.
 struct Ikkuna {
@@ -318,12 +286,21 @@ private slots:
         i.w->AloitaMuokkaus();
         if (poistettu)
             i.d->execute(u"DELETE FROM rp WHERE rpID = 3"_s);
-        Vastaaja v;
+        if (viesti.isEmpty()) // the conditions take the holders of "Kausimaksu 2026", the rest go on as they stand
+            testi::kunAuki<frmHakuehdot>([](frmHakuehdot *h) {
+                for (int r = 0; r < h->lstOminaisuudet->count(); ++r)
+                    h->lstOminaisuudet->item(r)->setSelected(h->lstOminaisuudet->item(r)->text() == u"Kausimaksu 2026"_s);
+                testi::kunAuki<frmTulJarjValinta>([](frmTulJarjValinta *j) {
+                    testi::kunAuki<frmTulostus>([](frmTulostus *t) { testi::paina(t->cTulosta); });
+                    testi::paina(j->cSeuraava);
+                });
+                testi::paina(h->cSeuraava);
+            });
         i.w->mMuokattavaRaportti[0]->trigger();
+        QCOMPARE(testi::avaamatta(), 0);
 
         QCOMPARE(i.d->scalar(u"SELECT jrTitteli FROM jr WHERE jrID = ?"_s, {jasen}).toString(), u"FM"_s);
         QCOMPARE(i.dlg.messages(), viesti.isEmpty() ? QStringList() : QStringList{viesti});
-        QCOMPARE(v.nahdyt, viesti.isEmpty() ? QStringList({u"frmHakuehdot"_s, u"frmTulJarjValinta"_s, u"frmTulostus"_s}) : QStringList());
         QCOMPARE(kirjaus.esikatsellut.size(), size_t(viesti.isEmpty()));
         if (viesti.isEmpty())
             QCOMPARE(kirjaus.esikatsellut[0].riveja, i.d->scalar(u"SELECT COUNT(*) FROM pt WHERE ptpiID = ?"_s, {kausimaksu}).toInt());
