@@ -88,14 +88,6 @@ private slots:
         QCOMPARE(KadunNimi(osoite), katu);
     }
 
-    // One club has its own address list.
-    void norvik()
-    {
-        const QString vanha = std::exchange(MainModule::RegName, u"Norvik"_s);
-        QCOMPARE(ListaRaportti(3, 0, {}, {}).tiedosto, u"norvikjros.rpt"_s);
-        MainModule::RegName = vanha;
-    }
-
     // The list in name order: the members in Finnish order, the club, heading and the user's
     // choice on the first page, the total on the last.
     void nimijarjestys()
@@ -195,29 +187,6 @@ private slots:
             QCOMPARE(a.tekstit(0).value(1), otsikko);
             sivunumerot(a);
         }
-    }
-
-    // Labels: the title above the name where the member has one.
-    void tarratTittelilla()
-    {
-        const Asiakirja a = laadi(ListaRaportti(4, 0, {}, {}));
-        QCOMPARE(a.riveja, d->scalar(u"SELECT count(*) FROM jr"_s).toInt());
-        db::Statement s(*d, u"SELECT jrTitteli, trim(jrEtunimi || ' ' || jrSukunimi) FROM jr WHERE coalesce(jrTitteli, '') <> '' "
-                            "AND coalesce(jrYritys, '') = ''"_s);
-        int titteleita = 0;
-        while (s.next()) {
-            // The title line stands in the same label right above the name.
-            bool ylla = false;
-            for (const Sivu &sivu : a.sivut)
-                for (const Tulostekohde &nimi : sivu.kohteet)
-                    if (nimi.teksti == s.value(1).toString())
-                        for (const Tulostekohde &t : sivu.kohteet)
-                            ylla = ylla || (t.teksti == s.value(0).toString() && qAbs(t.alue.left() - nimi.alue.left()) < 1
-                                            && nimi.alue.top() > t.alue.top() && nimi.alue.top() - t.alue.top() < 400);
-            QVERIFY2(ylla, qPrintable(s.value(1).toString()));
-            ++titteleita;
-        }
-        QVERIFY(titteleita > 0);
     }
 
     // Family labels: a selected head gets one label with the names of his selected family

@@ -1,11 +1,9 @@
 // The print run of the main window: the copies rule of the print settings, section fonts and
-// club formulas, the plain run to the preview and the printer, the settings window and the
-// preview's PDF button.
+// club formulas, the plain run to the preview and the printer, and the settings window.
 #include "core/MainModule.h"
 #include "reports/RaporttiVirhe.h"
 #include "reports/Tulostus.h"
 #include "reports/ui/Raporttitulostus.h"
-#include "reports/ui/frmEsikatselu.h"
 #include "reports/ui/frmTulostus.h"
 #include "seurat.h"
 #include "testiapu.h"
@@ -13,7 +11,6 @@
 
 #include "tulostuskirjaus.h"
 #include <QComboBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPrinterInfo>
 #include <QPushButton>
@@ -146,25 +143,6 @@ private slots:
         QCOMPARE(w.result(), int(QDialog::Accepted));
         QCOMPARE(int(Kopiot), 1);
         QCOMPARE(int(TulostusLaite), 1);
-    }
-
-    void esikatselunPdf()
-    {
-        Raporttiajo r;
-        r.ResetReportFormulas(seurat::Kopio(150, env->path(u"demo.mdb"_s)));
-        r.ReportFileName = u"jrluetlo"_s;
-        frmEsikatselu w(r.Laadi(), true);
-        w.resize(800, 900);
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
-        const QString pdf = env->path(u"luettelo.pdf"_s);
-        dlg->choosePath(pdf);
-        testi::paina(w.cPdf);
-        QVERIFY(QFile::exists(pdf));
-        QFile::remove(pdf);
-        dlg->choosePath(QString()); // cancelled: nothing written
-        testi::paina(w.cPdf);
-        QVERIFY(!QFile::exists(pdf));
     }
 };
 
