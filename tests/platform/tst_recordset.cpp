@@ -119,12 +119,7 @@ private slots:
         QCOMPARE(d->scalar(u"SELECT jrSukunimi FROM jr WHERE jrID = 2"_s).toString(), u"D'Aalto; --"_s);
         rs->edit();
         rs->setValue(u"jrSukunimi"_s, QString(51, u'x'));
-        try {
-            rs->update();
-            QFAIL("too long a name was stored");
-        } catch (const db::DbError &e) {
-            QCOMPARE(e.kind(), db::ErrorKind::TooLong);
-        }
+        QVERIFY_THROWS_EXCEPTION(db::DbError, rs->update()); // refused: the edit stays open to mend or cancel
         QCOMPARE(rs->editMode(), Recordset::EditMode::Edit);
         rs->cancelUpdate();
         QCOMPARE(kentta(*rs), u"D'Aalto; --"_s);
@@ -190,12 +185,10 @@ private slots:
             QCOMPARE(nimet(*rs), QStringList({u"Aalto"_s, u"Ärölä"_s}));
             QVERIFY_THROWS_EXCEPTION(db::DbError, rs->edit());
             QVERIFY_THROWS_EXCEPTION(db::DbError, rs->deleteRow());
-            QVERIFY(rs->findFirst(u"jrID = ?"_s, {5}));
             d->execute(u"UPDATE jr SET jrSukunimi = 'Muutettu' WHERE jrID = 5"_s);
-            QCOMPARE(kentta(*rs), u"Ärölä"_s);
+            QCOMPARE(nimet(*rs), QStringList({u"Aalto"_s, u"Ärölä"_s})); // a snapshot until requeried
             rs->requery();
-            QVERIFY(rs->findFirst(u"jrID = 5"_s));
-            QCOMPARE(kentta(*rs), u"Muutettu"_s);
+            QCOMPARE(nimet(*rs), QStringList({u"Aalto"_s, u"Muutettu"_s}));
         }
         QCOMPARE(d->scalar(u"SELECT count(*) FROM sqlite_temp_master"_s).toInt(), 0);
     }
