@@ -129,29 +129,6 @@ private slots:
         QCOMPARE(tarra, (QStringList{ulkoNimi, ulkomainen.osoite, ulkomainen.postinumero + u' ' + ulkomainen.toimipaikka, u"PUOLA"_s}));
     }
 
-    // The name list fills its left column down the page, then the right one, page after page,
-    // and its total comes on the last page.
-    void palstatTayttyvatAlas()
-    {
-        LisaaGeneroidut(*d, 150);
-        const QStringList odotetut = suomeksi(150);
-        const Asiakirja doc = laadi(kanta, u"mvluetl2"_s, u"Seurannimi= 'Seura'"_s);
-        QStringList jarjestyksessa;
-        for (int s = 0; s < int(doc.sivut.size()); ++s) {
-            std::vector<const Tulostekohde *> sivulla;
-            for (const Tulostekohde *k : doc.tekstikohteet(s))
-                if (odotetut.contains(k->teksti))
-                    sivulla.push_back(k);
-            std::stable_sort(sivulla.begin(), sivulla.end(), [](const Tulostekohde *a, const Tulostekohde *b) {
-                return a->alue.left() < b->alue.left() - 1 || (qAbs(a->alue.left() - b->alue.left()) <= 1 && a->alue.top() < b->alue.top());
-            });
-            for (const Tulostekohde *k : sivulla)
-                jarjestyksessa << k->teksti;
-        }
-        QCOMPARE(jarjestyksessa, odotetut);
-        QVERIFY(doc.tekstit(int(doc.sivut.size()) - 1).contains(u"Jäseniä yhteensä: 150"_s));
-    }
-
     // Invoices by member: one group per member with the member's name and count in its header
     // and the sum in its footer, the footer kept at the foot of each member's page.
     void ryhmat_summat_ja_sivunvaihdot()

@@ -1,11 +1,10 @@
-// Member cards, the label sheet table and a member's register information: the cards and labels
-// as laid out on the page, the compiled text section by section, the card window.
+// Member cards and a member's register information: the cards as laid out on the page, the
+// compiled text section by section, the card window.
 #include "core/MainModule.h"
 #include "members/Rekisteritiedot.h"
 #include "raporttiseura.h"
 #include "reports/jasen/Jasenkortit.h"
 #include "reports/Raporttiajo.h"
-#include "reports/jasen/Tarrat.h"
 #include "reports/Tulostus.h"
 #include "reports/jasen/ui/frmJasenkortit.h"
 #include "reports/ui/frmTulostus.h"
@@ -90,51 +89,6 @@ private slots:
         d->execute(u"UPDATE jr SET jrMukaan = 0"_s); // the search conditions' choice is overwritten
         QCOMPARE(Kortit(kanta, KorttienValinta(*d, -piID, true)).riveja, jasenia - haltijat);
         QCOMPARE(Kortit(kanta, KorttienValinta(*d, rivit.last().arvo, false)).riveja, 1);
-    }
-
-    // The label table: the changed flag, edits through the key, removal and the bulk delete; then
-    // 3 × 8 labels to a sheet in the order of insertion.
-    void tarrat()
-    {
-        const QString kanta = env->path(u"seura.mdb"_s);
-        auto d = LuoTyhjaSeura(kanta);
-        cTarra t(kanta);
-        t.setRivi(1, u"Aino ja Eero Virtanen"_s);
-        t.setRivi(7, u"ei seitsemättä riviä"_s);
-        QVERIFY(t.Muuttunut());
-        t.Save();
-        const qint64 id = t.Tarra_ID();
-        QVERIFY(id > 0 && !t.Muuttunut());
-        t.setRivi(2, u"O'Brienin kuja 3"_s);
-        t.Save();
-        QCOMPARE(t.Tarra_ID(), id); // edited through its key, not added again
-        cTarra luettu(kanta);
-        QVERIFY(luettu.ReadById(id));
-        QCOMPARE(luettu.Rivi(1) + u'|' + luettu.Rivi(2) + u'|' + luettu.Rivi(6), u"Aino ja Eero Virtanen|O'Brienin kuja 3|"_s);
-        luettu.Delete();
-        QVERIFY(!luettu.ReadById(id) && luettu.Rivi(1).isEmpty());
-
-        for (int i = 1; i <= 30; ++i) {
-            cTarra u(kanta);
-            u.setRivi(1, u"Tarra %1"_s.arg(i, 2, 10, QChar(u'0')));
-            u.setRivi(3, u"Rantatie %1"_s.arg(i));
-            u.Save();
-        }
-        Raporttiajo r;
-        r.ResetReportFormulas(kanta);
-        r.ReportFileName = u"tarrat.rpt"_s;
-        r.SortFields[0] = u"+{Tarra.Tarra_ID}"_s;
-        const Asiakirja a = r.Laadi();
-        QCOMPARE(int(a.sivut.size()), 2);
-        std::vector<const Tulostekohde *> ekat; // the first line of each label on the first sheet
-        for (const Tulostekohde *k : a.tekstikohteet(0))
-            if (k->teksti.startsWith(u"Tarra "_s))
-                ekat.push_back(k);
-        QCOMPARE(int(ekat.size()), 24);
-        QVERIFY(ekat[1]->teksti == u"Tarra 02"_s && ekat[3]->teksti == u"Tarra 04"_s); // left to right, then down
-        QCOMPARE(a.tekstit(1).filter(u"Tarra "_s).last(), u"Tarra 30"_s);
-        cTarrat(kanta).Tyhjenna();
-        QCOMPARE(d->scalar(u"SELECT COUNT(*) FROM Tarra"_s).toInt(), 0);
     }
 
     // Every line of every section on a member with an attribute, a family and an invoice.
