@@ -66,15 +66,10 @@ inline void LisaaGeneroidut(db::Database &d, int maara)
 
 // The text of a PDF as pdftotext reads it (poppler-utils is a dependency of the tests); empty when
 // the file cannot be read.
-inline QString PdfTeksti(const QString &pdf, bool asettelu = true)
+inline QString PdfTeksti(const QString &pdf)
 {
-    QStringList args;
-    if (asettelu)
-        args << QStringLiteral("-layout");
-    args << pdf << QStringLiteral("-");
     QProcess p;
-    p.start(QStandardPaths::findExecutable(QStringLiteral("pdftotext")), args);
+    p.start(QStandardPaths::findExecutable(QStringLiteral("pdftotext")), {QStringLiteral("-layout"), pdf, QStringLiteral("-")});
     p.waitForFinished(30000);
     return QString::fromUtf8(p.readAllStandardOutput());
 }
-

@@ -101,14 +101,14 @@ private slots:
         Tulos t = aja(m_tyokalu, {kanta, u"jrluetlo.rpt"_s, pdf, u"--selection"_s, u"{jr.jrJasennumero} = '7'"_s, u"--formula"_s,
                                   u"Seurannimi= 'Kyläyhdistys D'Artagnan ry'"_s, u"--sort"_s, u"-{jr.jrSukunimi}"_s});
         QCOMPARE(t.koodi, 0);
-        QString teksti = PdfTeksti(pdf, false);
+        QString teksti = PdfTeksti(pdf);
         QVERIFY2(teksti.contains(u"Kyläyhdistys D'Artagnan ry"_s) && teksti.contains(u"Jäseniä yhteensä: 1"_s), qPrintable(teksti));
 
         t = aja(m_komento, {kanta, u"raportti"_s, u"jrlaajlu"_s, pdf, u"--tanaan"_s, u"3.2.2027"_s, u"--edistyminen"_s,
                             u"--valinta"_s, u"{jr.jrJasennumero} < '20'"_s});
         QCOMPARE(t.koodi, 0);
         QVERIFY2(t.virhe.contains(u"raportti: 0/"_s), qPrintable(t.virhe));
-        teksti = PdfTeksti(pdf, false);
+        teksti = PdfTeksti(pdf);
         QVERIFY2(teksti.contains(u"Tulostettu 3.2.2027"_s), qPrintable(teksti));
     }
 };
