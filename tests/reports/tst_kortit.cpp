@@ -13,11 +13,9 @@
 #include "testipohja.h"
 #include "tulostuskirjaus.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTimer>
 #include <QtTest>
 
 using namespace Qt::Literals::StringLiterals;
@@ -33,12 +31,6 @@ Asiakirja Kortit(const QString &kanta, const QString &valinta)
     r.Formulas[1] = u"Otsaketeksti= 'Jäsenkortti 2026'"_s;
     r.SelectionFormula = valinta;
     return r.Laadi();
-}
-
-qint64 LisaaOminaisuus(db::Database &d, const QString &nimi, const QString &kuvaus)
-{
-    d.execute(u"INSERT INTO pi (piNimi, piKuvaus) VALUES (?, ?)"_s, {nimi, kuvaus});
-    return d.lastInsertId();
 }
 
 } // namespace
@@ -103,7 +95,8 @@ private slots:
                    "jrMuistio = 'O''Brienin ystävä' WHERE jrID = ?"_s, {paa});
         d->execute(u"UPDATE jr SET jrPerheenLaskutettava = NULL, jrEmailLasku = NULL WHERE jrID = ?"_s, {lapsi});
         d->execute(u"INSERT INTO jrPerhe (jrPMID, jrPSubID) VALUES (?, ?)"_s, {paa, lapsi});
-        const qint64 pi = LisaaOminaisuus(*d, u"Hallitus"_s, u"Hallituksen jäsen"_s);
+        d->execute(u"INSERT INTO pi (piNimi, piKuvaus) VALUES ('Hallitus', 'Hallituksen jäsen')"_s);
+        const qint64 pi = d->lastInsertId();
         d->execute(u"INSERT INTO pt (ptjrID, ptpiID, ptValDate, ptValLong, ptValCurrency, ptValMemo) VALUES (?, ?, ?, ?, ?, ?)"_s,
                    {paa, pi, u"2024-01-15"_s, 3, Currency::fromRaw(125000).raw(), u"puheenjohtaja"_s});
         d->execute(u"INSERT INTO jmhist (jmhjmjrID, jmhjmLaskunumero, jmhjmLaskupaiva, jmhjmErapaiva, jmhjmViitenumero, "
