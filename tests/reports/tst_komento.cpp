@@ -53,8 +53,6 @@ private slots:
         QTest::newRow("tuntematon valitsin") << false << r + QStringList{u"--valinta"_s, u"x"_s} << 2 << u"Tuntematon valitsin --valinta."_s;
         QTest::newRow("kaava ei lue") << false << r + QStringList{u"--selection"_s, u"{jr.jrID} >"_s} << 1
                                       << u"Raportti jrluetlo.rpt, valintakaava: kaavaa \"{jr.jrID} >\" ei voi lukea"_s;
-        QTest::newRow("ei ketään") << false << r + QStringList{u"--selection"_s, u"{jr.jrID} < 0"_s} << 1
-                                   << u"Raportille ei löytynyt yhtään tulostettavaa tietoa."_s;
         QTest::newRow("ei tietokantaa") << false << QStringList{u"EIOLE"_s, u"jrluetlo"_s, u"ULOS"_s} << 1 << u"ei voi avata"_s;
         QTest::newRow("ei raporttia") << false << QStringList{u"KANTA"_s, u"eiole"_s, u"ULOS"_s} << 1 << u"Raporttia eiole.rpt ei löydy"_s;
         QTest::newRow("komento: ei mitään") << true << QStringList{} << 2 << u"Käyttö: vonari-komento"_s;
