@@ -74,12 +74,9 @@ private slots:
                               u"GF1;Liberation Serif;11;X;X;X;X"_s, u"GF2;Liberation Serif;11;X;X;X;X"_s, {}, {}, {}}));
         AsetaOsioFontit(false, false);
         QCOMPARE(Raportti().SectionFont[0], u"ALL;Liberation Serif;11;X;X;X;X"_s);
-
-        RegName = u"Kylän Urheilijat ry"_s;
         RegPuhelin = u"09 123"_s;
         RegFax = u"09 456"_s;
         AsetaMuistutusKaavat();
-        QCOMPARE(Raportti().Formulas[0], u"Seurannimi= 'Kylän Urheilijat ry'"_s);
         QCOMPARE(Raportti().Formulas[7], u"SeuranPuhelinJaFax= 'Puh: 09 123  Fax: 09 456'"_s);
     }
 
