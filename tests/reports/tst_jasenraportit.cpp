@@ -180,22 +180,20 @@ private slots:
     void perhetarrat()
     {
         auto k = LuoTyhjaSeura(env->path(u"perheet.mdb"_s));
-        auto jasen = [&](const QString &etu, const QString &suku, const QString &osoite, bool paa, bool mukaan) {
+        // A member, in the family of `perhe` when given (0: the new member's own family).
+        auto jasen = [&](const QString &etu, const QString &suku, const QString &osoite, bool paa, bool mukaan, qint64 perhe = -1) {
             const qint64 id = LisaaJasen(*k, {suku, etu, osoite, u"00100"_s, u"Helsinki"_s, {}, {}});
             k->execute(u"UPDATE jr SET jrPerheenLaskutettava = ?, jrMukaan = ? WHERE jrID = ?"_s, {paa, mukaan, id});
+            if (perhe >= 0)
+                k->execute(u"INSERT INTO jrPerhe (jrPMID, jrPSubID) VALUES (?, ?)"_s, {perhe ? perhe : id, id});
             return id;
         };
-        auto perheeseen = [&](qint64 paa, qint64 jasen) {
-            k->execute(u"INSERT INTO jrPerhe (jrPMID, jrPSubID) VALUES (?, ?)"_s, {paa, jasen});
-        };
-        const qint64 a = jasen(u"Aino"_s, u"Virtanen"_s, u"Koulukatu 1"_s, true, true);
-        perheeseen(a, a);
-        perheeseen(a, jasen(u"Eero"_s, u"Virtanen"_s, u"Koulukatu 1"_s, false, true));
-        perheeseen(a, jasen(u"Kaisa"_s, u"Virtanen"_s, u"Koulukatu 1"_s, false, false));
-        perheeseen(a, jasen(u"Väinö Kristian"_s, u"Virtanen-Åberg"_s, u"Koulukatu 1"_s, false, true));
-        const qint64 b = jasen(u"Juha"_s, u"O'Brien"_s, u"Rantatie 2"_s, true, false);
-        perheeseen(b, b);
-        perheeseen(b, jasen(u"Maija"_s, u"O'Brien"_s, u"Rantatie 3"_s, false, true));
+        const qint64 a = jasen(u"Aino"_s, u"Virtanen"_s, u"Koulukatu 1"_s, true, true, 0);
+        jasen(u"Eero"_s, u"Virtanen"_s, u"Koulukatu 1"_s, false, true, a);
+        jasen(u"Kaisa"_s, u"Virtanen"_s, u"Koulukatu 1"_s, false, false, a);
+        jasen(u"Väinö Kristian"_s, u"Virtanen-Åberg"_s, u"Koulukatu 1"_s, false, true, a);
+        const qint64 b = jasen(u"Juha"_s, u"O'Brien"_s, u"Rantatie 2"_s, true, false, 0);
+        jasen(u"Maija"_s, u"O'Brien"_s, u"Rantatie 3"_s, false, true, b);
         jasen(u"Onni"_s, u"Laine"_s, u"Pajakuja 4"_s, false, true);
         // A head left out of his own family's links still gets a label with his name.
         jasen(u"Pirjo"_s, u"Ojala"_s, u"Harjutie 5"_s, true, true);
