@@ -17,21 +17,6 @@ using namespace Qt::Literals::StringLiterals;
 
 Q_DECLARE_METATYPE(JasenRaportti)
 
-namespace {
-
-// Members (surname + first name) in Finnish name order.
-QStringList nimet(db::Database &d)
-{
-    QStringList t;
-    for (db::Statement s(d, u"SELECT trim(coalesce(jrSukunimi, '') || ' ' || coalesce(jrEtunimi, '')) FROM jr "
-                            "ORDER BY jrSukunimi COLLATE FI, jrEtunimi COLLATE FI, jrID"_s);
-         s.next();)
-        t << s.value(0).toString();
-    return t;
-}
-
-} // namespace
-
 class TestJasenraportit : public QObject {
     Q_OBJECT
     std::unique_ptr<TestEnv> env;
@@ -74,7 +59,11 @@ private slots:
     // choice on the first page, the total on the last.
     void nimijarjestys()
     {
-        const QStringList odotetut = nimet(*d);
+        QStringList odotetut; // surname and first name in Finnish name order
+        for (db::Statement s(*d, u"SELECT trim(coalesce(jrSukunimi, '') || ' ' || coalesce(jrEtunimi, '')) FROM jr "
+                                 "ORDER BY jrSukunimi COLLATE FI, jrEtunimi COLLATE FI, jrID"_s);
+             s.next();)
+            odotetut << s.value(0).toString();
         const Asiakirja a = laadi(ListaRaportti(0, 0, {}, u"Kaikki jäsenet"_s));
         const QSet<QString> joukko(odotetut.begin(), odotetut.end());
         QStringList nakyvat; // a name too long for its column is cut with dots and cannot be recognised
