@@ -1,4 +1,4 @@
-// A club for the report tests and benchmarks: an upgraded database with members whose names,
+// A club for the report tests: an upgraded database with members whose names,
 // addresses and dates are known, so that a test can tell which rows a report must show.
 #pragma once
 
