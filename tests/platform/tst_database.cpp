@@ -54,7 +54,8 @@ private slots:
     }
 
     // Prepared statements are kept for their next use: a kept one answers like a new one, two of the
-    // same text can run at once, a kept one of a dropped table fails when run.
+    // same text can run at once, a kept one of a dropped table fails when run, one may outlive
+    // its connection.
     void keptStatementsAnswerLikeNew()
     {
         auto d = fresh();
@@ -77,14 +78,9 @@ private slots:
         d->executeScript(u"CREATE TABLE u (a INTEGER); INSERT INTO u VALUES (7);"_s);
         QVERIFY_THROWS_EXCEPTION(db::DbError, db::Statement(*d, u"SELECT a FROM u WHERE a = ?"_s, {}));
         QCOMPARE(d->scalar(u"SELECT a FROM u WHERE a = ?"_s, {7}).toInt(), 7);
-    }
-
-    // Nothing to compare: the sanitizer build fails this case on a use after free.
-    void statementOutlivesItsConnection()
-    {
-        auto d = fresh();
-        d->scalar(u"SELECT count(*) FROM jr"_s); // one kept statement
-        auto s = std::make_unique<db::Statement>(*d, u"SELECT jrID FROM jr"_s);
+        // A statement outliving its connection among kept ones: the sanitizer build fails here on
+        // a use after free.
+        auto s = std::make_unique<db::Statement>(*d, u"SELECT a FROM u"_s);
         d.reset();
         s.reset();
     }
