@@ -1,4 +1,4 @@
-// A club for the report tests and benchmarks: an upgraded database with members whose names,
+// A club for the report tests: an upgraded database with members whose names,
 // addresses and dates are known, so that a test can tell which rows a report must show.
 #pragma once
 
@@ -33,26 +33,15 @@ inline qint64 LisaaJasen(db::Database &d, const TestiJasen &j)
 // lengths, so every combination is believable and the same i always gives the same member.
 inline TestiJasen GeneroituJasen(int i)
 {
-    static const QStringList suku = {QStringLiteral("Virtanen"), QStringLiteral("Korhonen"), QStringLiteral("Mäkinen"),
-                                     QStringLiteral("Nieminen"), QStringLiteral("Hämäläinen"), QStringLiteral("Laine"),
-                                     QStringLiteral("Heikkinen"), QStringLiteral("Koskinen"), QStringLiteral("Järvinen"),
-                                     QStringLiteral("Lehtonen"), QStringLiteral("Saarinen"), QStringLiteral("Salminen"),
-                                     QStringLiteral("Öhman"), QStringLiteral("Åberg"), QStringLiteral("Ahonen"),
-                                     QStringLiteral("Zetterberg"), QStringLiteral("Ääritalo"), QStringLiteral("Väisänen"),
-                                     QStringLiteral("Turunen"), QStringLiteral("Rantanen"), QStringLiteral("Ojala"),
-                                     QStringLiteral("Kinnunen"), QStringLiteral("Lindqvist")};
-    static const QStringList etu = {QStringLiteral("Aino"),  QStringLiteral("Eero"),   QStringLiteral("Helmi"),
-                                    QStringLiteral("Juha"),  QStringLiteral("Kaisa"),  QStringLiteral("Lauri"),
-                                    QStringLiteral("Maija"), QStringLiteral("Onni"),   QStringLiteral("Pirjo"),
-                                    QStringLiteral("Sami"),  QStringLiteral("Tuula"),  QStringLiteral("Väinö"),
-                                    QStringLiteral("Ilona"), QStringLiteral("Matti"),  QStringLiteral("Elina"),
-                                    QStringLiteral("Ville"), QStringLiteral("Anneli")};
-    static const QStringList kadut = {QStringLiteral("Koulukatu"), QStringLiteral("Rantatie"), QStringLiteral("Mäntypolku"),
-                                      QStringLiteral("Kirkkokatu"), QStringLiteral("Pajakuja"), QStringLiteral("Harjutie"),
-                                      QStringLiteral("Satamakatu")};
-    static const QStringList paikat = {QStringLiteral("00100 Helsinki"), QStringLiteral("33100 Tampere"),
-                                       QStringLiteral("20100 Turku"), QStringLiteral("90100 Oulu"),
-                                       QStringLiteral("40100 Jyväskylä"), QStringLiteral("70100 Kuopio")};
+    static const QStringList suku = QStringLiteral("Virtanen Korhonen Mäkinen Nieminen Hämäläinen Laine Heikkinen Koskinen "
+                                                   "Järvinen Lehtonen Saarinen Salminen Öhman Åberg Ahonen Zetterberg "
+                                                   "Ääritalo Väisänen Turunen Rantanen Ojala Kinnunen Lindqvist").split(u' ');
+    static const QStringList etu = QStringLiteral("Aino Eero Helmi Juha Kaisa Lauri Maija Onni Pirjo Sami Tuula Väinö Ilona "
+                                                  "Matti Elina Ville Anneli").split(u' ');
+    static const QStringList kadut =
+        QStringLiteral("Koulukatu Rantatie Mäntypolku Kirkkokatu Pajakuja Harjutie Satamakatu").split(u' ');
+    static const QStringList paikat = QStringLiteral("00100 Helsinki,33100 Tampere,20100 Turku,90100 Oulu,40100 Jyväskylä,"
+                                                     "70100 Kuopio").split(u',');
     TestiJasen j;
     j.sukunimi = suku[i % suku.size()];
     j.etunimi = etu[(i * 7) % etu.size()];
@@ -77,15 +66,10 @@ inline void LisaaGeneroidut(db::Database &d, int maara)
 
 // The text of a PDF as pdftotext reads it (poppler-utils is a dependency of the tests); empty when
 // the file cannot be read.
-inline QString PdfTeksti(const QString &pdf, bool asettelu = true)
+inline QString PdfTeksti(const QString &pdf)
 {
-    QStringList args;
-    if (asettelu)
-        args << QStringLiteral("-layout");
-    args << pdf << QStringLiteral("-");
     QProcess p;
-    p.start(QStandardPaths::findExecutable(QStringLiteral("pdftotext")), args);
+    p.start(QStandardPaths::findExecutable(QStringLiteral("pdftotext")), {QStringLiteral("-layout"), pdf, QStringLiteral("-")});
     p.waitForFinished(30000);
     return QString::fromUtf8(p.readAllStandardOutput());
 }
-

@@ -1,6 +1,6 @@
 // The member window's printouts on the demonstration club: which report and formulas each
 // command gives, the street names of the list by street, and the laid-out documents: the right
-// members in the right order, headings, page numbers and label sheets; one PDF per family.
+// members in the right order, headings, page numbers and label sheets.
 #include "esittely/Esittelyseura.h"
 #include "core/MainModule.h"
 #include "members/JasenRaportit.h"
@@ -11,59 +11,11 @@
 #include "testenv.h"
 
 #include <QDir>
-#include <QProcess>
-#include <QStandardPaths>
 #include <QtTest>
 
 using namespace Qt::Literals::StringLiterals;
 
 Q_DECLARE_METATYPE(JasenRaportti)
-
-namespace {
-
-// Members (surname + first name) as the database orders them for `jarjestys`.
-QStringList nimet(db::Database &d, const QString &ehto, const QString &jarjestys)
-{
-    QStringList t;
-    db::Statement s(d, u"SELECT trim(coalesce(jrSukunimi, '') || ' ' || coalesce(jrEtunimi, '')) FROM jr WHERE "_s + ehto
-                           + u" ORDER BY "_s + jarjestys);
-    while (s.next())
-        t << s.value(0).toString();
-    return t;
-}
-
-QStringList loydetyt(const Asiakirja &a, const QStringList &haettavat)
-{
-    const QSet<QString> joukko(haettavat.begin(), haettavat.end());
-    QStringList t;
-    for (int i = 0; i < int(a.sivut.size()); ++i)
-        for (const QString &s : a.tekstit(i))
-            if (joukko.contains(s))
-                t << s;
-    return t;
-}
-
-// Labels on a page: the texts that are a member's name as a label writes it.
-int tarroja(db::Database &d, const Asiakirja &a, int sivu)
-{
-    QSet<QString> nimet;
-    db::Statement s(d, u"SELECT trim(coalesce(jrEtunimi, '') || ' ' || coalesce(jrSukunimi, '')) FROM jr"_s);
-    while (s.next())
-        nimet.insert(s.value(0).toString());
-    int n = 0;
-    for (const QString &t : a.tekstit(sivu))
-        n += nimet.contains(t);
-    return n;
-}
-
-void sivunumerot(const Asiakirja &a)
-{
-    const int n = int(a.sivut.size());
-    for (int i = 0; i < n; ++i)
-        QVERIFY2(a.tekstit(i).contains(u"sivu %1 / %2"_s.arg(i + 1).arg(n)), qPrintable(u"sivu %1"_s.arg(i + 1)));
-}
-
-} // namespace
 
 class TestJasenraportit : public QObject {
     Q_OBJECT
@@ -91,9 +43,7 @@ private slots:
     {
         QTest::addColumn<QString>("osoite");
         QTest::addColumn<QString>("katu");
-        QTest::newRow("numero ja kirjain") << u"Koulukatu 12 B 4"_s << u"Koulukatu"_s;
         QTest::newRow("kaksisanainen") << u"Vanha Porvoontie 3"_s << u"Vanha Porvoontie"_s;
-        QTest::newRow("pelkkä katu") << u"Rantatie"_s << u"Rantatie"_s;
         QTest::newRow("ensimmäisessä numero") << u"2. linja 5"_s << u"2. linja"_s;
         QTest::newRow("tyhjä") << QString() << QString();
         QTest::newRow("välilyönnit") << u"  Mäntypolku  7"_s << u"Mäntypolku"_s;
@@ -105,90 +55,55 @@ private slots:
         QCOMPARE(KadunNimi(osoite), katu);
     }
 
-    void jarjestysJaNorvik()
+    // The list in name order: the members in Finnish order, the club, heading and the user's
+    // choice on the first page, the total on the last.
+    void nimijarjestys()
     {
-        QCOMPARE(ListaRaportti(0, 0, {}, {}).lajittelu, (QStringList{u"+{jr.jrSukunimi}"_s, u"+{jr.jrEtunimi}"_s}));
-        QCOMPARE(ListaRaportti(3, 1, {}, {}).lajittelu, QStringList{u"+{jr.jrPostinumero}"_s});
-        QCOMPARE(ListaRaportti(2, 2, {}, {}).lajittelu, QStringList{u"+{jr.jrSyntyma}"_s});
-        const QString vanha = MainModule::RegName;
-        MainModule::RegName = u"Norvik"_s;
-        QCOMPARE(ListaRaportti(3, 0, {}, {}).tiedosto, u"norvikjros.rpt"_s);
-        MainModule::RegName = vanha;
-    }
-
-    // Every list on the whole club and on the unpaid: the members in the order asked, the club
-    // and heading on the first page, page numbers on every page.
-    void luettelot_data()
-    {
-        QTest::addColumn<int>("tyyppi");
-        QTest::addColumn<int>("jarjestys");
-        QTest::addColumn<QString>("valinta");
-        QTest::addColumn<QString>("ehto");
-        QTest::addColumn<QString>("otsikko");
-        const QString maksamatta = u"{jr.jrJasenmaksu} = False"_s;
-        const QString maksamattaSql = u"coalesce(jrJasenmaksu, 0) = 0"_s;
-        QTest::newRow("luettelo") << 0 << 0 << QString() << u"1"_s << u"Jäsenluettelo"_s;
-        QTest::newRow("laaja postinumeroittain") << 2 << 1 << QString() << u"1"_s << u"Jäsenluettelo"_s;
-        QTest::newRow("jäsenluettelo syntymän mukaan") << 6 << 2 << maksamatta << maksamattaSql << u"Jäsenluettelo"_s;
-    }
-    void luettelot()
-    {
-        QFETCH(int, tyyppi);
-        QFETCH(int, jarjestys);
-        QFETCH(QString, valinta);
-        QFETCH(QString, ehto);
-        QFETCH(QString, otsikko);
-        static const QStringList sqlJarjestys = {u"jrSukunimi COLLATE FI, jrEtunimi COLLATE FI, jrID"_s,
-                                                 u"jrPostinumero, jrID"_s, u"jrSyntyma, jrID"_s};
-        const QStringList odotetut = nimet(*d, ehto, sqlJarjestys[jarjestys]);
-        QVERIFY(odotetut.size() > 10);
-        const Asiakirja a = laadi(ListaRaportti(tyyppi, jarjestys, valinta, u"Kaikki jäsenet"_s));
-        QCOMPARE(a.riveja, odotetut.size());
-        // A name too long for its column is cut with dots and cannot be recognised.
-        const QStringList nakyvat = loydetyt(a, odotetut);
+        QStringList odotetut; // surname and first name in Finnish name order
+        for (db::Statement s(*d, u"SELECT trim(coalesce(jrSukunimi, '') || ' ' || coalesce(jrEtunimi, '')) FROM jr "
+                                 "ORDER BY jrSukunimi COLLATE FI, jrEtunimi COLLATE FI, jrID"_s);
+             s.next();)
+            odotetut << s.value(0).toString();
+        const Asiakirja a = laadi(ListaRaportti(0, 0, {}, u"Kaikki jäsenet"_s));
+        const QSet<QString> joukko(odotetut.begin(), odotetut.end());
+        QStringList nakyvat; // a name too long for its column is cut with dots and cannot be recognised
+        for (int i = 0; i < int(a.sivut.size()); ++i)
+            for (const QString &t : a.tekstit(i))
+                if (joukko.contains(t))
+                    nakyvat << t;
         QVERIFY(nakyvat.size() >= odotetut.size() - 2);
-        if (jarjestys == 0) {
-            QStringList jarjestyksessa;
-            for (const QString &n : odotetut)
-                if (nakyvat.contains(n))
-                    jarjestyksessa << n;
-            QCOMPARE(nakyvat, jarjestyksessa);
-        }
-        const QStringList eka = a.tekstit(0);
-        QCOMPARE(eka.value(0), MainModule::RegName);
-        QCOMPARE(eka.value(1), otsikko);
-        QCOMPARE(eka.value(2), u"Kaikki jäsenet"_s);
+        QStringList jarjestyksessa = odotetut;
+        jarjestyksessa.removeIf([&](const QString &n) { return !nakyvat.contains(n); });
+        QCOMPARE(nakyvat, jarjestyksessa);
+        QCOMPARE(a.tekstit(0).mid(0, 3), (QStringList{MainModule::RegName, u"Jäsenluettelo"_s, u"Kaikki jäsenet"_s}));
         QVERIFY(a.tekstit(int(a.sivut.size()) - 1).contains(u"Jäseniä yhteensä: %1"_s.arg(odotetut.size())));
-        sivunumerot(a);
     }
 
-    // The list by street: street names are made first, and every member stands under his street.
+    // The list by street: street names are made first, every member stands under his street, a
+    // street's heading never ends a page without a member under it, and its count of members
+    // never starts a page without one above it.
     void kaduittain()
     {
         PaivitaKadut(*d);
-        QMultiHash<QString, QString> katu;
-        QStringList kadut;
-        {
-            db::Statement s(*d, u"SELECT trim(coalesce(jrSukunimi,'') || ' ' || coalesce(jrEtunimi,'')), jrKatu, jrOsoite FROM jr"_s);
-            while (s.next()) {
-                katu.insert(s.value(0).toString(), s.value(1).toString());
-                QCOMPARE(s.value(1).toString(), KadunNimi(s.value(2).toString()));
-                if (!kadut.contains(s.value(1).toString()) && !s.value(1).toString().isEmpty())
-                    kadut << s.value(1).toString();
-            }
+        QMultiHash<QString, QString> katu; // member's name -> street; two members may share a name
+        QSet<QString> kadut;
+        for (db::Statement s(*d, u"SELECT trim(coalesce(jrSukunimi,'') || ' ' || coalesce(jrEtunimi,'')), jrKatu, jrOsoite FROM jr"_s);
+             s.next();) {
+            QCOMPARE(s.value(1).toString(), KadunNimi(s.value(2).toString()));
+            katu.insert(s.value(0).toString(), s.value(1).toString());
+            kadut << s.value(1).toString();
         }
+        kadut.remove(QString());
         const Asiakirja a = laadi(ListaRaportti(8, 0, {}, u"Kaikki jäsenet"_s));
         QString nyt;
         int tarkistettu = 0;
         for (int i = 0; i < int(a.sivut.size()); ++i) {
-            // A street's heading never ends a page without a member under it, and its count of
-            // members never starts a page without one above it.
             bool otsikkoYksin = false, jasenia = false;
             for (const QString &t : a.tekstit(i)) {
                 if (kadut.contains(t)) {
                     nyt = t;
                     otsikkoYksin = true;
-                } else if (katu.contains(t) && !katu.value(t).isEmpty()) {
+                } else if (!katu.value(t).isEmpty()) {
                     QVERIFY2(katu.values(t).contains(nyt), qPrintable(t));
                     ++tarkistettu;
                     otsikkoYksin = false;
@@ -200,7 +115,6 @@ private slots:
             QVERIFY2(!otsikkoYksin, qPrintable(u"sivu %1: %2"_s.arg(i + 1).arg(nyt)));
         }
         QVERIFY(tarkistettu > 10);
-        sivunumerot(a);
     }
 
     // Printouts judged by their rows: each takes exactly the rows its query names, and those with
@@ -213,10 +127,11 @@ private slots:
         const QString perheet = u"SELECT count(*) FROM jr WHERE coalesce(jrJasenmaksu, 0) = %1 AND coalesce(jrPerheenLaskutettava, 0) = 1"_s;
         const qint64 jr = d->scalar(u"SELECT jmhjmjrID FROM jmhist GROUP BY jmhjmjrID ORDER BY count(*) DESC LIMIT 1"_s).toLongLong();
         const qint64 pi = d->scalar(u"SELECT ptpiID FROM pt JOIN jmhist ON jmhjmjrID = ptjrID LIMIT 1"_s).toLongLong();
+        QTest::newRow("syntymän mukaan, maksamatta") << ListaRaportti(6, 2, u"{jr.jrJasenmaksu} = False"_s, {})
+                                                     << u"SELECT count(*) FROM jr WHERE coalesce(jrJasenmaksu, 0) = 0"_s << u"Jäsenluettelo"_s;
         QTest::newRow("maksamattomat perheet") << MaksamattomatPerheet(false) << perheet.arg(0) << u"Maksamattomat perheet"_s;
         QTest::newRow("maksamattomien perheiden tarrat") << MaksamattomatPerheet(true) << perheet.arg(0) << QString();
         QTest::newRow("maksaneet perheet") << MaksaneetPerheet(false) << perheet.arg(1) << u"Maksaneet perheet"_s;
-        QTest::newRow("maksaneiden perheiden tarrat") << MaksaneetPerheet(true) << perheet.arg(1) << QString();
         // Each member once per attribute.
         QTest::newRow("ominaisuuksineen") << ListaRaportti(1, 0, {}, u"Kaikki jäsenet"_s)
                                           << u"SELECT count(*) FROM jr LEFT JOIN pt ON ptjrID = jrID LEFT JOIN pi ON piID = ptpiID"_s
@@ -244,44 +159,9 @@ private slots:
         if (!otsikko.isEmpty()) {
             QCOMPARE(a.tekstit(0).value(0), MainModule::RegName);
             QCOMPARE(a.tekstit(0).value(1), otsikko);
-            sivunumerot(a);
+            for (int i = 0, n = int(a.sivut.size()); i < n; ++i)
+                QVERIFY2(a.tekstit(i).contains(u"sivu %1 / %2"_s.arg(i + 1).arg(n)), qPrintable(u"sivu %1"_s.arg(i + 1)));
         }
-    }
-
-    // Labels: 24 to a sheet, the title above the name where the member has one.
-    void tarratTittelilla()
-    {
-        const int n = d->scalar(u"SELECT count(*) FROM jr"_s).toInt();
-        const Asiakirja a = laadi(ListaRaportti(4, 0, {}, {}));
-        QCOMPARE(a.riveja, n);
-        QCOMPARE(int(a.sivut.size()), (n + 23) / 24);
-        for (int i = 0; i + 1 < int(a.sivut.size()); ++i)
-            QCOMPARE(tarroja(*d, a, i), 24);
-        db::Statement s(*d, u"SELECT jrTitteli, trim(jrEtunimi || ' ' || jrSukunimi) FROM jr WHERE coalesce(jrTitteli, '') <> '' "
-                            "AND coalesce(jrYritys, '') = ''"_s);
-        int titteleita = 0;
-        while (s.next()) {
-            // The title line stands in the same label right above the name.
-            bool ylla = false;
-            for (const Sivu &sivu : a.sivut)
-                for (const Tulostekohde &nimi : sivu.kohteet)
-                    if (nimi.teksti == s.value(1).toString())
-                        for (const Tulostekohde &t : sivu.kohteet)
-                            ylla = ylla || (t.teksti == s.value(0).toString() && qAbs(t.alue.left() - nimi.alue.left()) < 1
-                                            && nimi.alue.top() > t.alue.top() && nimi.alue.top() - t.alue.top() < 400);
-            QVERIFY2(ylla, qPrintable(s.value(1).toString()));
-            ++titteleita;
-        }
-        QVERIFY(titteleita > 0);
-    }
-
-    // The address sheet: one member on each page, the club as the sender.
-    void osoiteArkille()
-    {
-        const int n = d->scalar(u"SELECT count(*) FROM jr WHERE coalesce(jrJasenmaksu, 0) = 0"_s).toInt();
-        const Asiakirja a = laadi(ListaRaportti(5, 0, u"{jr.jrJasenmaksu} = False"_s, {}));
-        QCOMPARE(int(a.sivut.size()), n);
-        QCOMPARE(a.tekstit(n - 1).value(0), MainModule::RegName);
     }
 
     // Family labels: a selected head gets one label with the names of his selected family
@@ -289,22 +169,20 @@ private slots:
     void perhetarrat()
     {
         auto k = LuoTyhjaSeura(env->path(u"perheet.mdb"_s));
-        auto jasen = [&](const QString &etu, const QString &suku, const QString &osoite, bool paa, bool mukaan) {
+        // A member, in the family of `perhe` when given (0: the new member's own family).
+        auto jasen = [&](const QString &etu, const QString &suku, const QString &osoite, bool paa, bool mukaan, qint64 perhe = -1) {
             const qint64 id = LisaaJasen(*k, {suku, etu, osoite, u"00100"_s, u"Helsinki"_s, {}, {}});
             k->execute(u"UPDATE jr SET jrPerheenLaskutettava = ?, jrMukaan = ? WHERE jrID = ?"_s, {paa, mukaan, id});
+            if (perhe >= 0)
+                k->execute(u"INSERT INTO jrPerhe (jrPMID, jrPSubID) VALUES (?, ?)"_s, {perhe ? perhe : id, id});
             return id;
         };
-        auto perheeseen = [&](qint64 paa, qint64 jasen) {
-            k->execute(u"INSERT INTO jrPerhe (jrPMID, jrPSubID) VALUES (?, ?)"_s, {paa, jasen});
-        };
-        const qint64 a = jasen(u"Aino"_s, u"Virtanen"_s, u"Koulukatu 1"_s, true, true);
-        perheeseen(a, a);
-        perheeseen(a, jasen(u"Eero"_s, u"Virtanen"_s, u"Koulukatu 1"_s, false, true));
-        perheeseen(a, jasen(u"Kaisa"_s, u"Virtanen"_s, u"Koulukatu 1"_s, false, false));
-        perheeseen(a, jasen(u"Väinö Kristian"_s, u"Virtanen-Åberg"_s, u"Koulukatu 1"_s, false, true));
-        const qint64 b = jasen(u"Juha"_s, u"O'Brien"_s, u"Rantatie 2"_s, true, false);
-        perheeseen(b, b);
-        perheeseen(b, jasen(u"Maija"_s, u"O'Brien"_s, u"Rantatie 3"_s, false, true));
+        const qint64 a = jasen(u"Aino"_s, u"Virtanen"_s, u"Koulukatu 1"_s, true, true, 0);
+        jasen(u"Eero"_s, u"Virtanen"_s, u"Koulukatu 1"_s, false, true, a);
+        jasen(u"Kaisa"_s, u"Virtanen"_s, u"Koulukatu 1"_s, false, false, a);
+        jasen(u"Väinö Kristian"_s, u"Virtanen-Åberg"_s, u"Koulukatu 1"_s, false, true, a);
+        const qint64 b = jasen(u"Juha"_s, u"O'Brien"_s, u"Rantatie 2"_s, true, false, 0);
+        jasen(u"Maija"_s, u"O'Brien"_s, u"Rantatie 3"_s, false, true, b);
         jasen(u"Onni"_s, u"Laine"_s, u"Pajakuja 4"_s, false, true);
         // A head left out of his own family's links still gets a label with his name.
         jasen(u"Pirjo"_s, u"Ojala"_s, u"Harjutie 5"_s, true, true);
@@ -319,65 +197,15 @@ private slots:
                                       u"Pirjo Ojala | Harjutie 5 | 00100 Helsinki"_s,
                                       u"Maija O'Brien | Rantatie 3 | 00100 Helsinki"_s,
                                       u"Onni Laine | Pajakuja 4 | 00100 Helsinki"_s}));
-        QCOMPARE(k->scalar(u"SELECT count(*) FROM jr WHERE jrMukaan = 1"_s).toInt(), 0);
+        QCOMPARE(k->scalar(u"SELECT count(*) FROM jr WHERE jrMukaan = 1"_s).toInt(), 0); // the choice is used up
 
         // On the sheet the long name line wraps inside its label instead of losing names.
-        const QString vanha = MainModule::DatabasePath;
-        MainModule::DatabasePath = env->path(u"perheet.mdb"_s);
-        ValmisteleJasenRaportti(Perhetarrat());
-        QCOMPARE(Raportti().MarginLeft, 0);
-        const Asiakirja sivu = Raportti().Laadi();
+        const QString vanha = std::exchange(MainModule::DatabasePath, env->path(u"perheet.mdb"_s));
+        const QString rivit = laadi(Perhetarrat()).tekstit(0).join(u' ');
         MainModule::DatabasePath = vanha;
-        const QStringList rivit = sivu.tekstit(0);
         for (const QString &sana : tarrat[0].section(u" | "_s, 0, 0).split(u' '))
-            QVERIFY2(rivit.join(u' ').split(u' ').contains(sana), qPrintable(sana));
-        QVERIFY(!rivit.join(u' ').contains(u"…"_s));
-        for (const Tulostekohde *t : sivu.tekstikohteet(0))
-            QVERIFY(t->alue.right() < 70 * yksikko::TwipsiaMillilla || t->alue.left() >= 70 * yksikko::TwipsiaMillilla);
-    }
-
-    // The register information: the table is filled for every member, and each selected member's
-    // extract starts a page of its own under his name.
-    void rekisteritiedot()
-    {
-        cRekisteritietovalinta v;
-        v.Ominaisuustiedot = v.Perhetiedot = v.Maksutiedot = true;
-        TaytaRekisteritiedot(*d, v);
-        QCOMPARE(d->scalar(u"SELECT count(*) FROM Rekisteritiedot"_s).toInt(), d->scalar(u"SELECT count(*) FROM jr"_s).toInt());
-        const QStringList odotetut = nimet(*d, u"coalesce(jrJasenmaksu, 0) = 0"_s, u"jrSukunimi COLLATE FI, jrEtunimi COLLATE FI, jrID"_s);
-        const Asiakirja a = laadi(ListaRaportti(7, 0, u"{jr.jrJasenmaksu} = False"_s, {}));
-        QCOMPARE(a.riveja, odotetut.size());
-        QStringList alut;
-        for (int i = 0; i < int(a.sivut.size()); ++i) {
-            const QStringList t = a.tekstit(i);
-            if (!t.contains(u"Rekisteriote"_s))
-                continue;
-            QCOMPARE(t.value(0), MainModule::RegName);
-            QVERIFY(t.contains(u"Yhteystiedot:"_s));
-            alut << t.value(t.indexOf(u"Yhteystiedot:"_s) - 2);
-        }
-        QCOMPARE(alut.size(), odotetut.size());
-        for (int i = 0; i < alut.size(); ++i) {
-            const QStringList osat = odotetut[i].split(u' ');
-            QVERIFY2(alut[i].contains(osat.mid(1).join(u' ')) && alut[i].endsWith(osat[0]), qPrintable(alut[i] + u" / "_s + odotetut[i]));
-        }
-        sivunumerot(a);
-    }
-
-    // The attribute list: every attribute once, with the number of members who have it.
-    void ominaisuusluettelo()
-    {
-        const Asiakirja a = laadi({u"pilista.rpt"_s, {}, {u"Seurannimi= 'Vanhankylän Urheiluseura ry'"_s}, {}});
-        db::Statement s(*d, u"SELECT piNimi, (SELECT count(*) FROM pt WHERE ptpiID = piID) FROM pi ORDER BY piNimi COLLATE FI"_s);
-        const QStringList t = a.tekstit(0);
-        int edellinen = -1;
-        while (s.next()) {
-            const int i = t.indexOf(s.value(0).toString());
-            QVERIFY2(i > edellinen, qPrintable(s.value(0).toString()));
-            QVERIFY(t.mid(i, 8).contains(s.value(1).toString()));
-            edellinen = i;
-        }
-        QVERIFY(edellinen > 0);
+            QVERIFY2(rivit.split(u' ').contains(sana), qPrintable(sana));
+        QVERIFY(!rivit.contains(u"…"_s));
     }
 
     // Every built-in definition reads and lays out on the demonstration club with the formulas
@@ -393,8 +221,7 @@ private slots:
         const QStringList tiedostot = QDir(u":/raportit"_s).entryList({u"*.rpt"_s});
         QVERIFY(tiedostot.size() >= 24);
         for (const QString &t : tiedostot) {
-            JasenRaportti r{t, {}, {u"Seurannimi= 'Vanhankylän Urheiluseura ry'"_s}, {}};
-            const Asiakirja a = laadi(r);
+            const Asiakirja a = laadi({t, {}, {u"Seurannimi= 'Vanhankylän Urheiluseura ry'"_s}, {}});
             QVERIFY2(a.riveja > 0 && !a.sivut.empty(), qPrintable(t));
         }
         const int maksamatta = d->scalar(u"SELECT count(*) FROM jmhist WHERE jmhjmJasMak = 1 AND jmhjmMaksettu = 0"_s).toInt();
@@ -403,47 +230,8 @@ private slots:
         // The program's selection narrows the report's own.
         QCOMPARE(laadi({u"jmlmksma.rpt"_s, u"{jmhist.jmhjmLaskunumero} < 0"_s, {}, {}}).riveja, 0);
         const Asiakirja lista = laadi({u"jmllista.rpt"_s, {}, {}, {u"+{jmhist.jmhjmLaskunumero}"_s}});
-        const QString yhteensa = u"Laskuja %1, yhteensä "_s.arg(d->scalar(u"SELECT count(*) FROM jmhist"_s).toInt());
-        const QStringList viimeinen = lista.tekstit(int(lista.sivut.size()) - 1);
-        QVERIFY(std::any_of(viimeinen.begin(), viimeinen.end(), [&](const QString &x) { return x.startsWith(yhteensa); }));
-    }
-
-    // Each kind of printout reaches its PDF (lists, labels, grouped and one-member-a-page ones):
-    // the heading and the club where it has them, and the member it is about. RAPORTTI_PDF_KANSIO keeps the files for a look.
-    void pdf_data()
-    {
-        QTest::addColumn<JasenRaportti>("raportti");
-        QTest::addColumn<QString>("otsikko"); // empty: a label sheet, names only
-        QTest::addColumn<QString>("nimi");
-        const QString eka = d->scalar(u"SELECT jrSukunimi FROM jr ORDER BY jrSukunimi COLLATE FI LIMIT 1"_s).toString();
-        const qint64 jr = d->scalar(u"SELECT jmhjmjrID FROM jmhist LIMIT 1"_s).toLongLong();
-        const QString sukunimi = d->scalar(u"SELECT jrSukunimi FROM jr WHERE jrID = ?"_s, {jr}).toString();
-        const QStringList seura{u"Seurannimi= 'Vanhankylän Urheiluseura ry'"_s};
-        QTest::newRow("luettelo") << ListaRaportti(2, 0, {}, u"Kaikki jäsenet"_s) << u"Jäsenluettelo"_s << eka;
-        QTest::newRow("tarrat") << ListaRaportti(4, 0, {}, u"Kaikki jäsenet"_s) << QString() << eka;
-        QTest::newRow("maksuhistoria") << MaksuhistoriaJasenelle(jr) << u"Maksuhistoria"_s << sukunimi;
-        QTest::newRow("jäsenmaksut") << JasenRaportti{u"jrjasmak.rpt"_s, {}, seura, {}} << u"Jäsenmaksutilanne"_s << QString();
-        QTest::newRow("rekisteriote") << ListaRaportti(7, 0, {}, {}) << u"Rekisteriote"_s << sukunimi;
-    }
-    void pdf()
-    {
-        QFETCH(JasenRaportti, raportti);
-        QFETCH(QString, otsikko);
-        QFETCH(QString, nimi);
-        PaivitaKadut(*d);
-        TaytaRekisteritiedot(*d, {true, true, true, true});
-        ValmisteleJasenRaportti(raportti);
-        Raportti().Destination = Raporttiajo::PdfTiedosto;
-        Raportti().PrintFileName = env->path(raportti.tiedosto + u".pdf"_s);
-        Raportti().setAction(1);
-        const QString t = PdfTeksti(Raportti().PrintFileName);
-        QVERIFY2(nimi.isEmpty() || t.contains(nimi), qPrintable(t.left(400)));
-        if (!otsikko.isEmpty()) {
-            QVERIFY(t.contains(MainModule::RegName));
-            QVERIFY(t.contains(otsikko));
-        }
-        if (const QByteArray kansio = qgetenv("RAPORTTI_PDF_KANSIO"); !kansio.isEmpty())
-            QFile::copy(Raportti().PrintFileName, QString::fromLocal8Bit(kansio) + u"/"_s + raportti.tiedosto + u".pdf"_s);
+        QVERIFY(lista.tekstit(int(lista.sivut.size()) - 1).join(u'|').contains(
+            u"Laskuja %1, yhteensä "_s.arg(d->scalar(u"SELECT count(*) FROM jmhist"_s).toInt())));
     }
 };
 

@@ -10,7 +10,6 @@
 #include "reports/RaporttiVirhe.h"
 #include "reports/jasen/RapMaaritys.h"
 #include "reports/jasen/Sarakeraportti.h"
-#include "reports/Tulostus.h"
 #include "reports/jasen/ui/frmTulJarjValinta.h"
 #include "reports/ui/frmTulostus.h"
 #include "scripteddialogs.h"
@@ -19,14 +18,11 @@
 #include "testiapu.h"
 
 #include "tulostuskirjaus.h"
-#include <QAction>
-#include <QApplication>
 #include <QLineEdit>
+#include <QAction>
 #include <QListWidget>
 #include <QMenu>
-#include <QPointer>
 #include <QPushButton>
-#include <QTimer>
 #include <QtTest>
 
 using namespace Qt::Literals::StringLiterals;
@@ -48,51 +44,9 @@ RepSettings maaritys(const QString &nimi, QVector<RapSarake> sarakkeet, RepSetti
 }
 
 const QVector<RapSarake> KausiSarakkeet = {{u"jrSukunimi"_s, u"Sukunimi"_s, 40}, {u"jrEtunimi"_s, u"Etunimi"_s, 30},
-                                           {u"piNimi"_s, u"Ominaisuus"_s, 40}, {u"ptValCurrency"_s, u"Maksu"_s, 25}};
-
-Asiakirja tuloste(db::Database &d, const RepSettings &r, const HakuParametrit &p, const QString &seura)
-{
-    SarakeraportinAjo ajo;
-    ajo.seura = seura;
-    ajo.rajaus = KoostaRajausteksti(d, p);
-    const ValintaSql v = KoostaValintaSql(d, r.Kenttalista(), p);
-    ajo.sql = v.sql;
-    ajo.arvot = v.arvot;
-    ajo.tanaan = QDate(2026, 3, 5);
-    return LaadiSarakeraportti(d, r, ajo);
-}
+                                           {u"piNimi"_s, u"Ominaisuus"_s, 200}, {u"ptValCurrency"_s, u"Maksu"_s, 25}}; // wider than the paper: narrowed
 
 
-// Answers the windows a report row opens, each by its kind, and lists the ones it saw.
-struct Vastaaja {
-    QString ominaisuus, postinumeroAlku;
-    bool peru = false;
-    QStringList nahdyt;
-    QTimer ajastin;
-    QPointer<QWidget> edellinen;
-
-    Vastaaja()
-    {
-        QObject::connect(&ajastin, &QTimer::timeout, [this] {
-            QWidget *w = QApplication::activeModalWidget();
-            if (!w || w == edellinen.data())
-                return;
-            edellinen = w;
-            nahdyt << QString::fromLatin1(w->metaObject()->className());
-            if (auto *h = qobject_cast<frmHakuehdot *>(w)) {
-                for (int i = 0; i < h->lstOminaisuudet->count(); ++i)
-                    h->lstOminaisuudet->item(i)->setSelected(h->lstOminaisuudet->item(i)->text() == ominaisuus);
-                h->tPostiNumeroAlku->setText(postinumeroAlku);
-                testi::paina(h->cSeuraava);
-            } else if (auto *j = qobject_cast<frmTulJarjValinta *>(w)) {
-                testi::paina(j->cSeuraava);
-            } else if (auto *t = qobject_cast<frmTulostus *>(w)) {
-                testi::paina(peru ? t->cPeruTulostus : t->cTulosta);
-            }
-        });
-        ajastin.start(10);
-    }
-};
 
 // The member window on a copy of the demonstration club.
 struct Ikkuna {
@@ -104,7 +58,6 @@ struct Ikkuna {
     explicit Ikkuna(const QList<std::pair<qint64, QVariant>> &raportit)
     {
         MainModule::DatabasePath = seurat::Kopio(150, env.path(u"seura.mdb"_s));
-        QFile(MainModule::DatabasePath).setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
         d = db::Database::open(MainModule::DatabasePath);
         for (const auto &[id, def] : raportit)
             d->execute(u"INSERT INTO rp (rpID, rpDef) VALUES (?, ?)"_s, {id, def});
@@ -146,17 +99,6 @@ private slots:
         Haku = HakuParametrit();
     }
 
-    void tallennettuMuoto()
-    {
-        RepSettings r = maaritys(u"O'Brienin \"paras\" lista; 100%"_s,
-                                 {{u"jrSukunimi"_s, u"Suku'nimi"_s, 35.5}, {u"piNimi"_s, u"<Om.> & \"arvo\""_s, 0}, {{}, u"Tyhjä"_s, 1e-3}},
-                                 RepSettings::Vaakaan);
-        r.Otsikko = u"Jäsenet ÅÄÖ åäö – € \\n\n"_s;
-        QString virhe = u"ei tyhjennetty"_s;
-        QCOMPARE(RepSettings::fromRapDef(r.RapDef(), &virhe), r);
-        QVERIFY(virhe.isEmpty());
-    }
-
     // Anything that is not a definition of ours reads as a new one, and says why.
     void lukukelvotonTeksti_data()
     {
@@ -164,7 +106,6 @@ private slots:
         QTest::addColumn<QString>("syy"); // empty: a new definition without a fault
         QTest::newRow("tyhjä") << u"  \n "_s << QString();
         QTest::newRow("roskaa") << u"Raportti 1;jrSukunimi;30"_s << u"ei ole raporttipohja"_s;
-        QTest::newRow("ei versiota") << u"{\"nimi\":\"A\"}"_s << u"ei ole raporttipohja"_s;
         QTest::newRow("uudempi") << u"{\"versio\":2}"_s << u"uudemmalla versiolla"_s;
         QTest::newRow("leveys") << u"{\"versio\":1,\"sarakkeet\":[{\"leveys\":\"leveä\"}]}"_s << u"leveys"_s;
         QTest::newRow("nollamerkki") << QString::fromLatin1("\0\xff\x01", 3) << u"ei ole raporttipohja"_s;
@@ -189,18 +130,21 @@ private slots:
         QVERIFY_THROWS_EXCEPTION(RaporttiVirhe, maaritys({}, {{u"jrID; DROP TABLE jr"_s, {}, 1}}).Kenttalista());
     }
 
+    // A definition saved, updated under its id, read back whole, stored again when deleted
+    // meanwhile, and deleted.
     void tallennusLukuJaPoisto()
     {
-        TestEnv e;
-        auto d = LuoTyhjaSeura(e.path(u"seura.mdb"_s));
+        auto d = LuoTyhjaSeura(env->path(u"seura.mdb"_s));
         cRapMaaritys a(*d), b(*d);
-        a.oRepSettings = maaritys(u"Hallitus's"_s, {{u"jrSukunimi"_s, u"Nimi"_s, 40}});
+        // Every text and width comes back as written: quotes, markup, Finnish letters, a new line.
+        a.oRepSettings = maaritys(u"O'Brienin \"paras\" lista; 100%"_s, {{u"jrSukunimi"_s, u"Suku'nimi"_s, 35.5},
+                                 {u"piNimi"_s, u"<Om.> & \"arvo\""_s, 0}, {{}, u"Tyhjä"_s, 1e-3}}, RepSettings::Vaakaan);
+        a.oRepSettings.Otsikko = u"Jäsenet ÅÄÖ åäö – € \\n\n"_s;
         a.Save();
         QVERIFY(a.Id() > 0);
         a.oRepSettings.Sarakkeet.append({u"jrEtunimi"_s, u"Etunimi"_s, 30});
         a.Save(); // updated under the same id
-        QVERIFY(b.ReadById(a.Id()));
-        QCOMPARE(b.oRepSettings, a.oRepSettings);
+        QVERIFY(b.ReadById(a.Id()) && b.oRepSettings == a.oRepSettings);
         QCOMPARE(d->scalar(u"SELECT COUNT(*) FROM rp"_s).toInt(), 1);
 
         d->execute(u"DELETE FROM rp"_s); // deleted by someone meanwhile: stored again, not lost
@@ -208,173 +152,110 @@ private slots:
         b.Save();
         QVERIFY(b.Id() > vanha);
         b.Delete();
-        QCOMPARE(b.Id(), 0);
         QCOMPARE(d->scalar(u"SELECT COUNT(*) FROM rp"_s).toInt(), 0);
         QVERIFY(!a.ReadById(vanha)); // a missing row: the initial state
-        QCOMPARE(a.Id(), 0);
-        QCOMPARE(a.oRepSettings, RepSettings());
+        QVERIFY(a.Id() == 0 && a.oRepSettings == RepSettings());
     }
 
-    // An attribute column on the demonstration club: one row per holder of the attribute in
-    // surname order across the pages, headings on the first page, headers, date and page
-    // numbers on every page.
+    // An attribute column on the demonstration club, landscape: one row per holder of the
+    // attribute in surname order across the pages, the user's headings on the first page, column
+    // headers, date and page numbers on every page; columns too wide for the paper narrowed.
     void ominaisuussarake()
     {
         HakuParametrit p;
         p.ValitutOminaisuudet[0] = kausimaksu;
-        RepSettings r = maaritys(u"Kausi"_s, KausiSarakkeet);
-        r.Otsikko = u"Kausimaksut"_s;
-        const Asiakirja a = tuloste(*demo, r, p, u"Kylän Kipinä ry"_s);
+        RepSettings r = maaritys(u"Kausi"_s, KausiSarakkeet, RepSettings::Vaakaan);
+        r.Sarakkeet[2].Header = u"<b>Omi'naisuus</b>"_s;
+        r.Otsikko = u"\"Kausi\" 2026 & <muut>\x01"_s;
+        SarakeraportinAjo ajo;
+        ajo.seura = u"Kylän 'Kipinä' & Co"_s;
+        ajo.rajaus = KoostaRajausteksti(*demo, p);
+        const ValintaSql v = KoostaValintaSql(*demo, r.Kenttalista(), p);
+        ajo.sql = v.sql;
+        ajo.arvot = v.arvot;
+        ajo.tanaan = QDate(2026, 3, 5);
+        const Asiakirja a = LaadiSarakeraportti(*demo, r, ajo);
 
         QStringList odotetut;
         db::Statement s(*demo, u"SELECT jrSukunimi, ptValCurrency FROM jr JOIN pt ON ptjrID = jrID WHERE ptpiID = ? "
                                "ORDER BY jrSukunimi COLLATE FI"_s, {kausimaksu});
         while (s.next())
-            odotetut << s.value(0).toString() + u' ' + Currency::fromRaw(s.value(1).toLongLong()).toString();
+            odotetut << s.value(0).toString() + u" Kausimaksu 2026 "_s + Currency::fromRaw(s.value(1).toLongLong()).toString();
         QVERIFY(odotetut.size() > 20);
         QCOMPARE(a.riveja, odotetut.size());
-        QCOMPARE(a.tekstit(0).mid(0, 7), (QStringList{u"Kylän Kipinä ry"_s, u"Kausimaksut"_s, u"Kausimaksu 2026"_s, u"Sukunimi"_s,
-                                                      u"Etunimi"_s, u"Ominaisuus"_s, u"Maksu"_s}));
+        // The user's texts print as typed: quotes, markup characters, a control character as a blank.
+        QCOMPARE(a.tekstit(0).mid(0, 7), (QStringList{u"Kylän 'Kipinä' & Co"_s, u"\"Kausi\" 2026 & <muut> "_s, u"Kausimaksu 2026"_s,
+                                                      u"Sukunimi"_s, u"Etunimi"_s, u"<b>Omi'naisuus</b>"_s, u"Maksu"_s}));
         QStringList rivit;
         const int n = int(a.sivut.size());
-        QVERIFY(n >= 2);
         for (int i = 0; i < n; ++i) {
             const QStringList t = a.tekstit(i);
             QVERIFY(t.contains(u"Maksu"_s) && t.contains(u"Tulostettu 5.3.2026"_s) && t.contains(u"sivu %1 / %2"_s.arg(i + 1).arg(n)));
-            // A row reads surname, first name, attribute, amount.
-            for (qsizetype j = t.indexOf(u"Maksu"_s) + 1; j + 3 < t.size(); j += 4) {
-                QCOMPARE(t[j + 2], u"Kausimaksu 2026"_s);
-                rivit << t[j] + u' ' + t[j + 3];
-            }
+            for (qsizetype j = t.indexOf(u"Maksu"_s) + 1; j + 3 < t.size(); j += 4) // surname, first name, attribute, amount
+                rivit << t[j] + u' ' + t[j + 2] + u' ' + t[j + 3];
         }
         QCOMPARE(rivit, odotetut);
-    }
-
-    // Columns stand at their widths from the margin, narrowed in proportion when the paper is
-    // too narrow; nothing on a page overlaps or crosses the margins.
-    void sarakkeidenPaikat_data()
-    {
-        QTest::addColumn<int>("suunta");
-        QTest::addColumn<QList<double>>("leveydet");
-        QTest::addColumn<double>("vasen"); // margin from the settings, mm; 0 the report's own
-        QTest::addColumn<QList<double>>("paikat");
-        QTest::newRow("pysty") << 0 << QList<double>{40, 0, 50} << 0.0 << QList<double>{15, 55, 85};
-        QTest::newRow("pysty kavennettu") << 0 << QList<double>{100, 100, 100, 60} << 0.0 << QList<double>{15, 65, 115, 165};
-        QTest::newRow("vaaka") << 1 << QList<double>{60, 60, 60, 60} << 0.0 << QList<double>{15, 75, 135, 195};
-        QTest::newRow("vaaka kavennettu") << 1 << QList<double>{100, 100, 100, 60} << 0.0 << QList<double>{15, 89.1667, 163.333, 237.5};
-        QTest::newRow("asetusten marginaali") << 0 << QList<double>{90, 90} << 25.4 << QList<double>{25.4, 110.2};
-    }
-    void sarakkeidenPaikat()
-    {
-        QFETCH(int, suunta);
-        QFETCH(QList<double>, leveydet);
-        QFETCH(double, vasen);
-        QFETCH(QList<double>, paikat);
-        static const QStringList kentat = {u"jrSukunimi"_s, u"jrEtunimi"_s, u"jrOsoite"_s, u"jrJasennumero"_s};
-        RepSettings r = maaritys(u"Paikat"_s, {}, RepSettings::Suunta(suunta));
-        for (int i = 0; i < leveydet.size(); ++i)
-            r.Sarakkeet.append({kentat[i], u"Otsake %1"_s.arg(i), leveydet[i]});
-        SarakeraportinAjo ajo;
-        ajo.sql = u"SELECT * FROM jr"_s;
-        ajo.reunat = QMarginsF(vasen * Mm, 0, 0, 0);
-        const Asiakirja a = LaadiSarakeraportti(*demo, r, ajo);
-        QCOMPARE(a.koko.width() > a.koko.height(), suunta == 1);
-        const auto kohteet = a.tekstikohteet(0);
+        QVERIFY(a.koko.width() > a.koko.height());
+        const auto kohteet = a.tekstikohteet(0); // nothing overlaps, nothing crosses the margins
         for (const Tulostekohde *k : kohteet) {
-            if (k->teksti.startsWith(u"Otsake "_s))
-                QVERIFY(qAbs(k->alue.left() / Mm - paikat[k->teksti.mid(7).toInt()]) < 0.05);
-            QVERIFY(k->alue.left() >= paikat[0] * Mm - 1 && k->alue.right() <= a.koko.width() - 15 * Mm + 1);
+            QVERIFY(k->alue.left() >= 15 * Mm - 1 && k->alue.right() <= a.koko.width() - 15 * Mm + 1);
             for (const Tulostekohde *m : kohteet)
                 QVERIFY2(k == m || !k->alue.intersects(m->alue), qPrintable(k->teksti + u" / "_s + m->teksti));
         }
     }
 
-    // No attribute chosen: every member who has not paid, once, with the attribute column
-    // empty; the user's texts print as typed (quotes, markup characters, a control character).
-    void kaikkiJasenetJaTekstit()
-    {
-        HakuParametrit p;
-        p.lJasenmaksunTila = 1;
-        RepSettings r = maaritys(u"Nimi"_s, {{u"jrSukunimi"_s, u"<b>Suku'nimi</b>"_s, 50}, {u"piNimi"_s, {}, 40}});
-        r.Otsikko = u"\"Vuosi\" 2026 & <muut>\x01"_s;
-        const Asiakirja a = tuloste(*demo, r, p, u"Kylän 'Kipinä' & Co"_s);
-        QCOMPARE(a.riveja, demo->scalar(u"SELECT COUNT(*) FROM jr WHERE coalesce(jrJasenmaksu, 0) = 0"_s).toInt());
-        QCOMPARE(a.tekstit(0).mid(0, 4), (QStringList{u"Kylän 'Kipinä' & Co"_s, u"\"Vuosi\" 2026 & <muut> "_s,
-                                                      u"Jäsenmaksu maksamatta"_s, u"<b>Suku'nimi</b>"_s}));
-        QCOMPARE(a.tekstit(0).filter(u"Kausimaksu"_s), QStringList());
-    }
-
-    // Rows at load and at each rebuild, in rpID order, under "Muokkaa raportteja"; a nameless or
-    // unreadable definition by its place; an empty table leaves the single row hidden.
-    void valikonRivit()
-    {
-        Ikkuna i({{9, maaritys(u"Yhdeksäs"_s, {}).RapDef()}, {2, QVariant()}, {5, u"roskaa"_s}});
-        QCOMPARE(i.rivit(), (QStringList{u"Raportti 1 #2"_s, u"Raportti 2 #5"_s, u"Yhdeksäs #9"_s}));
-        i.d->execute(u"DELETE FROM rp WHERE rpID <> 9"_s);
-        i.d->execute(u"INSERT INTO rp (rpID, rpDef) VALUES (7, ?)"_s, {maaritys(u"Hallitus & toimikunnat"_s, {}).RapDef()});
-        i.w->PaivitaMuokattavatRaportit();
-        QCOMPARE(i.rivit(), (QStringList{u"Hallitus && toimikunnat #7"_s, u"Yhdeksäs #9"_s}));
-        i.d->execute(u"DELETE FROM rp"_s);
-        i.w->PaivitaMuokattavatRaportit();
-        QCOMPARE(i.rivit(), QStringList());
-        QCOMPARE(i.w->mMuokattavaRaportti.size(), 1);
-        QCOMPARE(i.w->mRaportit->actions().last(), i.w->mMuokattavaRaportti[0]);
-    }
-
     // A click saves the pending edit, then asks the conditions, order and print settings and
-    // previews the printout; each way of stopping says so in Finnish and previews nothing.
+    // previews the printout; a definition that cannot print says so in Finnish and previews
+    // nothing; one deleted since the menu was built is told, and its row goes.
     void rivinTulostus_data()
     {
         QTest::addColumn<QVariant>("rpDef");
-        QTest::addColumn<QString>("postinumero");
-        QTest::addColumn<bool>("peru");
-        QTest::addColumn<int>("ikkunoita");
+        QTest::addColumn<bool>("poistettu");
         QTest::addColumn<QString>("viesti");
-        const QVariant kausi = maaritys(u"Kausi"_s, KausiSarakkeet).RapDef();
-        QTest::newRow("esikatseluun") << kausi << QString() << false << 3 << QString();
-        QTest::newRow("ei ketään") << kausi << u"99999"_s << false << 3 << Virhe + u"Raportille ei löytynyt yhtään tulostettavaa tietoa."_s;
-        QTest::newRow("peruttu") << kausi << QString() << true << 3 << QString();
-        QTest::newRow("lukukelvoton") << QVariant(u"Kausi;jrSukunimi"_s) << QString() << false << 0
-                                      << Virhe + u"Raporttipohjaa ei voi lukea: teksti ei ole raporttipohja."_s;
-        QTest::newRow("ei kenttiä") << QVariant(maaritys(u"Tyhjä"_s, {{{}, u"Otsake"_s, 30}}).RapDef()) << QString() << false << 0
-                                    << u"Raporttipohjassa ei ole yhtään kenttää tulostettavaksi."_s;
+        QTest::addColumn<QString>("rivi"); // the row's caption in the menu
+        const QVariant kausi = maaritys(u"Kausi & muut"_s, KausiSarakkeet).RapDef();
+        QTest::newRow("esikatseluun") << kausi << false << QString() << u"Kausi && muut"_s;
+        QTest::newRow("lukukelvoton") << QVariant(u"Kausi;jrSukunimi"_s) << false
+                                      << Virhe + u"Raporttipohjaa ei voi lukea: teksti ei ole raporttipohja."_s << u"Raportti 1"_s;
+        QTest::newRow("ei kenttiä") << QVariant(maaritys(u"Tyhjä"_s, {{{}, u"Otsake"_s, 30}}).RapDef()) << false
+                                    << u"Raporttipohjassa ei ole yhtään kenttää tulostettavaksi."_s << u"Tyhjä"_s;
+        QTest::newRow("poistettu") << kausi << true << u"Raporttipohjaa ei enää ole. Raporttien luettelo päivitetään."_s
+                                   << u"Kausi && muut"_s;
     }
     void rivinTulostus()
     {
         QFETCH(QVariant, rpDef);
-        QFETCH(QString, postinumero);
-        QFETCH(bool, peru);
-        QFETCH(int, ikkunoita);
+        QFETCH(bool, poistettu);
         QFETCH(QString, viesti);
-        Ikkuna i({{3, rpDef}});
+        QFETCH(QString, rivi);
+        Ikkuna i({{5, maaritys(u"Jää"_s, {}).RapDef()}, {3, rpDef}});
+        QCOMPARE(i.rivit(), (QStringList{rivi + u" #3"_s, u"Jää #5"_s})); // in rpID order; an unreadable one by its place
         Kirjaus kirjaus;
         AsetaTulostuskohde(&kirjaus);
         const qint64 jasen = i.w->NykyinenId();
         i.w->tYhteystiedot[iTitteli]->setText(u"FM"_s);
         i.w->AloitaMuokkaus();
-        Vastaaja v;
-        v.ominaisuus = u"Kausimaksu 2026"_s;
-        v.postinumeroAlku = postinumero;
-        v.peru = peru;
+        if (poistettu)
+            i.d->execute(u"DELETE FROM rp WHERE rpID = 3"_s);
+        if (viesti.isEmpty()) // the conditions take the holders of "Kausimaksu 2026", the rest go on as they stand
+            testi::kunAuki<frmHakuehdot>([](frmHakuehdot *h) {
+                for (int r = 0; r < h->lstOminaisuudet->count(); ++r)
+                    h->lstOminaisuudet->item(r)->setSelected(h->lstOminaisuudet->item(r)->text() == u"Kausimaksu 2026"_s);
+                testi::kunAuki<frmTulJarjValinta>([](frmTulJarjValinta *j) {
+                    testi::kunAuki<frmTulostus>([](frmTulostus *t) { testi::paina(t->cTulosta); });
+                    testi::paina(j->cSeuraava);
+                });
+                testi::paina(h->cSeuraava);
+            });
         i.w->mMuokattavaRaportti[0]->trigger();
+        QCOMPARE(testi::avaamatta(), 0);
 
         QCOMPARE(i.d->scalar(u"SELECT jrTitteli FROM jr WHERE jrID = ?"_s, {jasen}).toString(), u"FM"_s);
-        QCOMPARE(v.nahdyt, QStringList({u"frmHakuehdot"_s, u"frmTulJarjValinta"_s, u"frmTulostus"_s}).mid(0, ikkunoita));
         QCOMPARE(i.dlg.messages(), viesti.isEmpty() ? QStringList() : QStringList{viesti});
-        const bool tulostettu = ikkunoita == 3 && viesti.isEmpty() && !peru;
-        QCOMPARE(kirjaus.esikatsellut.size(), size_t(tulostettu));
-        if (tulostettu)
+        QCOMPARE(kirjaus.esikatsellut.size(), size_t(viesti.isEmpty()));
+        if (viesti.isEmpty())
             QCOMPARE(kirjaus.esikatsellut[0].riveja, i.d->scalar(u"SELECT COUNT(*) FROM pt WHERE ptpiID = ?"_s, {kausimaksu}).toInt());
-    }
-
-    // A definition deleted since the menu was built is told, and its row goes.
-    void poistettuMaaritys()
-    {
-        Ikkuna i({{3, maaritys(u"Poistuva"_s, {}).RapDef()}, {5, maaritys(u"Jää"_s, {}).RapDef()}});
-        i.d->execute(u"DELETE FROM rp WHERE rpID = 3"_s);
-        i.w->mMuokattavaRaportti[0]->trigger();
-        QCOMPARE(i.dlg.messages(), QStringList{u"Raporttipohjaa ei enää ole. Raporttien luettelo päivitetään."_s});
-        QCOMPARE(i.rivit(), QStringList{u"Jää #5"_s});
+        QCOMPARE(i.rivit(), poistettu ? QStringList{u"Jää #5"_s} : QStringList({rivi + u" #3"_s, u"Jää #5"_s}));
     }
 };
 
