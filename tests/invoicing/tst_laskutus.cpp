@@ -5,6 +5,8 @@
 #include "invoicing/Jasenmaksuajo.h"
 #include "invoicing/Laskuera.h"
 #include "invoicing/Laskujentulostus.h"
+#include "invoicing/Laskurivit.h"
+#include "invoicing/Laskut.h"
 #include "invoicing/Laskutettavat.h"
 #include "laskuseura.h"
 #include "scripteddialogs.h"
@@ -234,6 +236,15 @@ private slots:
         QCOMPARE(MainModule::Laskunro, 102L);
         QCOMPARE(KantaStore(*m_db).readString(QStringLiteral("Laskunro")), QStringLiteral("102"));
         QCOMPARE(maara(*m_db, QStringLiteral("me")), 1);
+
+        // The rows as an e-mail invoice takes them; a row without an amount shows none.
+        const qint64 jmID = NullLong(m_db->scalar(QStringLiteral("SELECT jmID FROM jm WHERE jmLaskunumero = 100")));
+        LisaaLaskurivi(*m_db, aalto, jmID, 0, QDate(2027, 3, 1), std::nullopt, QStringLiteral("Tervehdys"));
+        QStringList sahkopostiin;
+        for (const cInvoiceRow &r : LaskunRivit(*m_db, jmID))
+            sahkopostiin << r.Paiva + u'|' + r.Teksti + u'|' + r.Summa;
+        QCOMPARE(sahkopostiin, (QStringList{"1.3.2027|Vuosimaksu|25,00", "1.3.2027|Lehti|1234,50", "1.3.2027|Ilmainen|0,00",
+                                            "1.3.2027|Tervehdys|"}));
     }
 
     void viitteet_data()
