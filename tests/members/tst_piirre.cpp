@@ -352,18 +352,6 @@ private slots:
         QCOMPARE(maara(*d, u"pi"_s), 2);
     }
 
-    void keskeytynytAjoEiJataMitaan()
-    {
-        const qint64 a = uusiJasen(*d, u"A"_s, u"1980-01-01"_s);
-        const qint64 b = uusiJasen(*d, u"B"_s, u"1981-01-01"_s);
-        const qint64 pi = uusiPiirre(*d, u"Kausi"_s);
-        d->execute(QStringLiteral("CREATE TRIGGER este BEFORE INSERT ON pt WHEN NEW.ptjrID = %1 "
-                                  "BEGIN SELECT RAISE(ABORT, 'keskeytys'); END")
-                       .arg(b));
-        QVERIFY_THROWS_EXCEPTION(db::DbError, Moniliitos(*d, pi, {a, b}, {}, false));
-        QVERIFY_THROWS_EXCEPTION(db::DbError, LisaaSyntymapaivanPerusteella(*d, pi, QDate(1970, 1, 1), {}, {}, false));
-        QCOMPARE(maara(*d, u"pt"_s), 0);
-    }
 };
 
 QTEST_GUILESS_MAIN(tst_piirre)
