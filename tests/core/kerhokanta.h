@@ -87,8 +87,6 @@ inline QByteArray sisalto(const QString &polku)
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
-inline void kirjoita(const QString &polku, const QByteArray &tavut) { testi::tiedosto(polku, tavut); }
-
 // Overwrites `maara` bytes at `kohta` with garbage, as a failing disk would.
 inline void turmele(const QString &polku, qint64 kohta, int maara)
 {

@@ -1,7 +1,5 @@
-// The shared helpers other windows lean on: Null-safe readers, the pointer guard, window
-// placement, the demonstration club's name and file filters.
-#include "core/Kaynnistys.h"
-#include "platform/arvot.h"
+// The shared helpers other windows lean on: the pointer guard, window
+// placement and file filters.
 #include "core/ui/uihelpers.h"
 #include "platform/ui/QtDialogs.h"
 #include "ydinapu.h"
@@ -42,17 +40,8 @@ private slots:
         }
     }
 
-    void demonstrationDatabase()
+    void fileFilters()
     {
-        for (const auto &[polku, demo] : {std::pair{"c:\\x\\demo1.mdb", true}, {"/home/a/Demo1.Mdb", true},
-                                          {"DEMO1.MDB", false}, {"/home/a/demo2.mdb", false}, {"", false}})
-            QVERIFY2(IsDemoDatabase(QString::fromUtf8(polku)) == demo, polku);
-    }
-
-    void textHelpers()
-    {
-        QCOMPARE(NullText(QVariant(), u"x"_s), u"x"_s);
-        QCOMPARE(NullText(u"Virtanen"_s, u"x"_s), u"Virtanen"_s);
         QCOMPARE(dlg::qtFilter(u"Database (*.mdb)|*.mdb"_s), u"Database (*.mdb)"_s);
         QCOMPARE(dlg::qtFilter(u"Aineisto|*.txt;*.dat|Kaikki tiedostot (*.*)|*.*"_s),
                  u"Aineisto (*.txt *.dat);;Kaikki tiedostot (*)"_s);

@@ -198,7 +198,7 @@ private slots:
         QFETCH(QByteArray, tavut);
         QFETCH(QString, kerrotaan);
         const QString polku = env->path(u"vanha.mdb"_s);
-        kerho::kirjoita(polku, tavut);
+        testi::tiedosto(polku, tavut);
         QVERIFY(TallennaAsetukset(hyvat(polku, env->path(u"v"_s))).valmis);
         QCOMPARE(dlg->shown.size(), 1);
         QCOMPARE(dlg->shown[0].icon, dlg::Icon::Stop);
@@ -246,21 +246,6 @@ private slots:
         QCOMPARE(dlg->allTexts(), tekstit);
     }
 
-    // The domain of the address is asked, as typed; a name that cannot exist gives nothing,
-    // whether or not there is a network.
-    void mxKysyySahkopostinVerkkotunnusta()
-    {
-        QStringList kysytyt;
-        mx::setResolver([&](const QString &domain) {
-            kysytyt << domain;
-            return u"mx1.example.fi"_s;
-        });
-        QCOMPARE(mx::mailServerFor(u" sihteeri@Example.fi "_s), u"mx1.example.fi"_s);
-        QCOMPARE(mx::mailServerFor(u"ei-osoite"_s) + mx::mailServerFor(u"sihteeri@"_s), QString());
-        QCOMPARE(kysytyt, QStringList{u"Example.fi"_s});
-        mx::setResolver({});
-        QCOMPARE(mx::preferredExchange(u"ei-ole.invalid"_s, 2000) + mx::preferredExchange(QString()), QString());
-    }
 };
 
 QTEST_MAIN(TestAsetustenTallennus)

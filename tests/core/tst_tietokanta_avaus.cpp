@@ -183,7 +183,7 @@ private slots:
         QFETCH(QByteArray, tavut);
         QFETCH(QString, kerrotaan);
         QFile::remove(kanta);
-        kerho::kirjoita(kanta, tavut);
+        testi::tiedosto(kanta, tavut);
         dlg->no();
         QVERIFY(!avaa());
         QCOMPARE(dlg->shown.size(), 2);

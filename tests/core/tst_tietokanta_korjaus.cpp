@@ -167,7 +167,7 @@ private slots:
     {
         QFETCH(QByteArray, tavut);
         QFETCH(QString, kerrotaan);
-        kerho::kirjoita(kanta, tavut);
+        testi::tiedosto(kanta, tavut);
         QVERIFY(!KorjaaTietokanta(true));
         QCOMPARE(dlg->shown.size(), 1);
         QCOMPARE(dlg->shown.first().icon, dlg::Icon::Stop);

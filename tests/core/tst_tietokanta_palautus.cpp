@@ -101,7 +101,7 @@ private slots:
         QFETCH(QString, kerrotaan);
         std::unique_ptr<db::Database> toinen;
         if (vika == u"teksti"_s)
-            kerho::kirjoita(kopio, "Nimi;Osoite\n");
+            testi::tiedosto(kopio, "Nimi;Osoite\n");
         else if (vika == u"katkaistu"_s)
             QVERIFY(QFile::resize(kopio, QFileInfo(kopio).size() / 2));
         else

@@ -62,13 +62,6 @@ private slots:
         QCOMPARE(s.w->Data1()->editMode(), EditMode::Edit);
         paina(s.w->cTallenna);
         QCOMPARE(s.arvo(b, u"jrJasenmaksu"_s).toInt(), 1);
-
-        // Ctrl+Z in a text box undoes the typing there only: the row stays in edit mode.
-        kirjoita(s.w->tYhteystiedot[iSukunimi], u"x"_s);
-        QTest::keyClick(s.w->tYhteystiedot[iSukunimi], Qt::Key_Z, Qt::ControlModifier);
-        QCOMPARE(s.teksti(iSukunimi), u"Berg"_s);
-        QCOMPARE(s.w->Data1()->editMode(), EditMode::Edit);
-        QCOMPARE(s.w->NykyinenId(), b);
         QVERIFY(s.dlg.shown.isEmpty());
     }
 
@@ -100,72 +93,18 @@ private slots:
         QCOMPARE(s.maara(u"jr"_s), 2);
     }
 
-    // A taken number is told, emptied, and nothing else typed is lost; no move happens. (An edited
-    // member's taken number is checked with the closing of the program.)
-    void varattuJasennumero()
-    {
-        Seura s;
-        s.jasen(u"Aalto"_s, u"Anna"_s, u"A1"_s);
-        QVERIFY(s.avaa());
-        paina(s.w->cUusi);
-        kirjoita(s.w->tYhteystiedot[iJasennumero], u"a1"_s);
-        kirjoita(s.w->tYhteystiedot[iSukunimi], u"Uusi"_s);
-        kirjoita(s.w->tYhteystiedot[iEtunimi], u"Ulla"_s);
-        paina(s.w->cSeuraava);
-        QCOMPARE(s.dlg.messages(), QStringList{u"Jäsennumero #a1 on varattu jo toiselle jäsenelle."_s});
-        QCOMPARE(s.teksti(iJasennumero) + s.teksti(iSukunimi) + s.teksti(iEtunimi), u"UusiUlla"_s);
-        QCOMPARE(s.w->Data1()->editMode(), EditMode::AddNew);
-
-        kirjoita(s.w->tYhteystiedot[iJasennumero], u"3"_s);
-        paina(s.w->cTallenna);
-        QCOMPARE(s.maara(u"jr WHERE jrJasennumero = '3' AND jrEtunimi = 'Ulla'"_s), 1);
-        QVERIFY(s.dlg.unexpected.isEmpty());
-    }
-
-    // With a list condition the moves go through the attribute's holders in name order and beep
-    // at both ends.
-    void siirrotListaehdolla()
-    {
-        Seura s;
-        const qint64 c = s.jasen(u"Cedar"_s, u"C"_s);
-        const qint64 a = s.jasen(u"Aalto"_s, u"A"_s);
-        s.jasen(u"Berg"_s, u"B"_s);
-        const qint64 o = s.jasen(u"Öhman"_s, u"Ö"_s);
-        s.d->execute(u"INSERT INTO pi (piNimi) VALUES ('Kuoro')"_s);
-        const qint64 pi = s.d->lastInsertId();
-        for (qint64 j : {o, c, a})
-            s.d->execute(u"INSERT INTO pt (ptjrID, ptpiID) VALUES (?, ?)"_s, {j, pi});
-        QVERIFY(s.avaa());
-        QCOMPARE(s.w->NykyinenId(), c);
-
-        s.w->cmbListaEhto->setFocus();
-        s.w->cmbListaEhto->setCurrentIndex(1);
-        s.w->tYhteystiedot[iSukunimi]->setFocus();
-        QCOMPARE(s.w->NykyinenId(), a);
-        for (qint64 seuraava : {c, o, o}) {
-            paina(s.w->cSeuraava);
-            QCOMPARE(s.w->NykyinenId(), seuraava);
-        }
-        QCOMPARE(s.dlg.beeps, 1);
-        paina(s.w->cEnsimmainen);
-        paina(s.w->cEdellinen);
-        QCOMPARE(s.dlg.beeps, 2);
-
-        // Choosing a name in the tree moves there.
-        const QModelIndex juuriO = s.w->tvwNimet->model()->index(28, 0);
-        s.w->tvwNimet->setCurrentIndex(s.w->tvwNimet->model()->index(0, 0, juuriO));
-        QCOMPARE(s.w->NykyinenId(), o);
-        QVERIFY(s.dlg.unexpected.isEmpty());
-    }
-
-    // A name whose member was deleted behind the window rebuilds the tree instead of moving.
+    // Choosing a name in the tree moves there; a name whose member was deleted behind the window
+    // rebuilds the tree instead.
     void puunPoistunutNimiRakentaaPuun()
     {
         Seura s;
         s.jasen(u"Aalto"_s, u"A"_s);
         const qint64 b = s.jasen(u"Berg"_s, u"B"_s);
+        const qint64 o = s.jasen(u"Öhman"_s, u"Ö"_s);
         QVERIFY(s.avaa());
         QAbstractItemModel *m = s.w->tvwNimet->model();
+        s.w->tvwNimet->setCurrentIndex(m->index(0, 0, m->index(28, 0)));
+        QCOMPARE(s.w->NykyinenId(), o);
         s.d->execute(u"DELETE FROM jr WHERE jrID = ?"_s, {b});
         s.w->tvwNimet->setCurrentIndex(m->index(0, 0, m->index(1, 0)));
         QCOMPARE(m->rowCount(m->index(1, 0)), 0);
@@ -315,9 +254,8 @@ private slots:
         QCOMPARE(s.w->NykyinenId(), a);
     }
 
-    // The demonstration club from its first member to its last: each is shown with his own
-    // invoices, without a message or a write. Then it takes its first new member with the number
-    // it suggests.
+    // The demonstration club from its first member to its last without a message or a write; then
+    // it takes its first new member with the number it suggests.
     void esittelyseuraAlustaLoppuun()
     {
         Seura s(150);
@@ -326,13 +264,8 @@ private slots:
         QVERIFY(MainModule::AutoJasennumero);
         QVERIFY(s.avaa());
         int naytetty = 0;
-        while (s.dlg.beeps == 0) {
-            const qint64 id = s.w->NykyinenId();
-            ++naytetty;
-            QCOMPARE(s.teksti(iSukunimi), s.arvo(id, u"jrSukunimi"_s).toString());
-            QCOMPARE(s.w->lstMaksut->count(), s.maara(u"jmhist WHERE jmhjmjrID = ?"_s, {id}));
+        for (; s.dlg.beeps == 0; ++naytetty)
             paina(s.w->cSeuraava);
-        }
         QCOMPARE(naytetty, s.maara(u"jr"_s));
         QVERIFY(s.dlg.shown.isEmpty());
         QCOMPARE(seurat::Sisalto(*s.d), ennen);

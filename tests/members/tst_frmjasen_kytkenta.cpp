@@ -149,8 +149,8 @@ private slots:
         }
     }
 
-    // Moniliitos from the menu: nothing chosen is told, nobody chosen adds nobody; the tab and
-    // the list condition's count show the new holders.
+    // Moniliitos from the menu: nothing chosen is told; the tab and the list condition's count
+    // show the new holders.
     void moniliitosNakyyValilehdella()
     {
         Seura s;
@@ -160,19 +160,15 @@ private slots:
         s.w->cmbListaEhto->setCurrentIndex(s.w->cmbListaEhto->findText(u"Kuoro"_s));
         s.sivu->lstAllPt->setFocus();
 
-        int lisattyTyhjalle = -1;
         kunAuki<frmMoniliitos>([&](frmMoniliitos *m) {
             testi::paina(m->cLisaa);
             m->pohja->lstAllPt->setCurrentRow(0);
-            testi::paina(m->cLisaa);
-            lisattyTyhjalle = s.maara(u"pt"_s);
             testi::paina(m->cValitseKaikki);
             testi::paina(m->cLisaa);
             testi::paina(m->cSulje);
         });
         s.w->findChild<QAction *>(u"mMoniliitos"_s)->trigger();
-        QCOMPARE(s.dlg.messages(), QStringList({u"Valitse ominaisuus ennen lisäystä!"_s, u"Ominaisuus lisätty!"_s, u"Ominaisuus lisätty!"_s}));
-        QCOMPARE(lisattyTyhjalle, 0);
+        QCOMPARE(s.dlg.messages(), QStringList({u"Valitse ominaisuus ennen lisäystä!"_s, u"Ominaisuus lisätty!"_s}));
         QCOMPARE(s.d->scalar(u"SELECT COUNT(*) FROM pt WHERE ptpiID = ?"_s, {s.kuoro}).toInt(), 2);
         QCOMPARE(rivit(s.sivu->lstAllPt), QStringList{u"Kuoro"_s});
         QVERIFY(s.w->windowTitle().endsWith(u" - 2"_s));

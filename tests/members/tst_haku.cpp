@@ -79,30 +79,6 @@ private slots:
         }
     }
 
-    // The pattern is read once per statement: one statement run again with each pattern must
-    // agree with the plain meaning of LIKE, in its direct and general forms.
-    void likeAgreesOverRowsAndReruns()
-    {
-        auto like = db::Database::create(env->path(u"like.mdb"_s));
-        like->executeScript(u"CREATE TABLE t (id INTEGER PRIMARY KEY, s TEXT);"
-                            "INSERT INTO t (s) VALUES ('Mäkinen'), ('kiki'), ('Ärrinen'), ('5% ale'), ('55 ale'), (NULL), ('\u212Aalle');"_s);
-        db::Statement st(*like, u"SELECT s FROM t WHERE s LIKE ? ESCAPE '\\' ORDER BY id"_s, {u"%zz%"_s});
-        QVERIFY(!st.next());
-        const std::pair<QString, QStringList> tapaukset[] = {
-            {u"%KI%"_s, {u"Mäkinen"_s, u"kiki"_s}},
-            {u"%5\\%%"_s, {u"5% ale"_s}},
-            {u"%k_k%"_s, {u"kiki"_s}},
-            {u"kalle"_s, {u"\u212Aalle"_s}}, // the Kelvin sign is a k
-            {u"%"_s, {u"Mäkinen"_s, u"kiki"_s, u"Ärrinen"_s, u"5% ale"_s, u"55 ale"_s, u"\u212Aalle"_s}}};
-        for (const auto &[kuvio, osuvat] : tapaukset) {
-            st.reset({kuvio});
-            QStringList saatu;
-            while (st.next())
-                saatu << st.value(0).toString();
-            QVERIFY2(saatu == osuvat, qPrintable(kuvio + u": "_s + saatu.join(u',')));
-        }
-    }
-
     void memberNumberIsComparedAsText()
     {
         const qint64 n12 = hakuseura::lisaa(*db, {u"A"_s, {}, {}, u"12"_s});

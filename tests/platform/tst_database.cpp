@@ -152,6 +152,16 @@ private slots:
             d->execute(u"INSERT INTO jr (jrSukunimi) VALUES (?)"_s, {n});
         QCOMPARE(nimet(*d, u"jrSukunimi COLLATE FI"_s).join(u','), u"aalto,Berg,Zetterberg,Åberg,Äijälä,Öhman"_s);
         QCOMPARE(d->scalar(u"SELECT upper('äö')"_s).toString(), u"ÄÖ"_s);
+        // LIKE keeps its pattern for the statement: one statement run again with each pattern.
+        d->executeScript(u"CREATE TABLE k (s TEXT); INSERT INTO k VALUES ('Mäkinen'), ('kiki'), ('5% ale'), ('55 ale'), (NULL), ('\u212Aalle');"_s);
+        db::Statement st(*d, u"SELECT group_concat(s, '|') FROM k WHERE s LIKE ? ESCAPE '\\'"_s, {u"%zz%"_s});
+        const std::pair<QString, QString> kuviot[] = {{u"%zz%"_s, {}}, {u"%KI%"_s, u"Mäkinen|kiki"_s}, {u"%5\\%%"_s, u"5% ale"_s},
+                                                      {u"%k_k%"_s, u"kiki"_s}, {u"kalle"_s, u"\u212Aalle"_s}}; // the Kelvin sign is a k
+        for (const auto &[kuvio, osuvat] : kuviot) {
+            st.reset({kuvio});
+            QVERIFY(st.next());
+            QCOMPARE(st.value(0).toString(), osuvat);
+        }
         QCOMPARE(d->scalar(u"SELECT count(*) FROM jr WHERE jrSukunimi LIKE 'ÄI%'"_s).toInt(), 1);
         QCOMPARE(d->scalar(u"SELECT year('1987-03-04')"_s).toInt(), 1987);
     }

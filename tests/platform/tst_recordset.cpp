@@ -169,21 +169,6 @@ private slots:
         QCOMPARE(kentta(*rajattu, u"jrEtunimi"_s), u"Mary"_s);
     }
 
-    void tilannekuva()
-    {
-        {
-            auto rs = Recordset::openSnapshot(*d, u"SELECT jr.* FROM jr LEFT JOIN pt ON jr.jrID = pt.ptjrID "
-                                                  "WHERE pt.ptArvo = ? ORDER BY jr.jrSukunimi COLLATE FI;"_s, {u"laulu"_s});
-            QCOMPARE(nimet(*rs), QStringList({u"Aalto"_s, u"Ärölä"_s}));
-            QVERIFY_THROWS_EXCEPTION(db::DbError, rs->edit());
-            QVERIFY_THROWS_EXCEPTION(db::DbError, rs->deleteRow());
-            d->execute(u"UPDATE jr SET jrSukunimi = 'Muutettu' WHERE jrID = 5"_s);
-            QCOMPARE(nimet(*rs), QStringList({u"Aalto"_s, u"Ärölä"_s})); // a snapshot until requeried
-            rs->requery();
-            QCOMPARE(nimet(*rs), QStringList({u"Aalto"_s, u"Muutettu"_s}));
-        }
-        QCOMPARE(d->scalar(u"SELECT count(*) FROM sqlite_temp_master"_s).toInt(), 0);
-    }
 };
 
 QTEST_GUILESS_MAIN(TestRecordset)

@@ -255,7 +255,6 @@ private slots:
                                            << u"virhe.rpt, kohde \"Nimi\": kenttää {jr.jrSukunimmi} ei ole taulussa jr"_s;
         QTest::newRow("tuntematon taulu") << teksti("korkeus=\"5\" lauseke=\"{xx.jrSukunimi}\"")
                                           << u"virhe.rpt, <teksti> rivillä 1: taulu xx ei kuulu raportin tietoihin"_s;
-        QTest::newRow("kaava ei lue") << teksti("korkeus=\"5\" lauseke=\"{jr.jrSukunimi} +\"") << u"Raportin määrittely virhe.rpt, rivi 1"_s;
         QTest::newRow("summa summassa") << teksti("korkeus=\"5\" lauseke=\"Sum(Sum({jr.jrID}))\"") << u"toisen summan sisällä"_s;
         QTest::newRow("kirjoitusvirhe ominaisuudessa") << teksti("korkus=\"5\"") << u"ei ole ominaisuutta \"korkus\""_s;
         QTest::newRow("rikki oleva XML") << QByteArray("<raportti><lahde taulu=\"jr\"></raportti>") << u"XML-virhe"_s;

@@ -103,7 +103,6 @@ private slots:
         auto nimetty = [](const char *nimi, const QString &kaava, const QStringList &nimet, const QString &osa = {}) {
             QTest::newRow(nimi) << u"{jr.jrSukunimi} = {@Nimi}"_s << QString() << nimet << osa << kaava;
         };
-        rivi("heittomerkki", u"{jr.jrSukunimi} = \"O'Brien\""_s, {OBrien});
         rivi("heittomerkki pysyy arvona", u"{jr.jrSukunimi} = 'O''Brien; DROP TABLE jr'"_s, {});
         rivi("tyhjä on epätosi", u"{jr.jrJasenmaksu} = False"_s, {Aalto, Ohman});
         rivi("not ja or, suomalainen järjestys", u"not {jr.jrJasenmaksu} or {jr.jrSukunimi} >= 'Ä'"_s, {Aalto, Ohman});

@@ -67,11 +67,6 @@ private slots:
     {
         Fontti = u"Liberation Serif"_s;
         FonttiKoko = 11;
-        AsetaOsioFontit(true, false);
-        QCOMPARE(QStringList(std::begin(Raportti().SectionFont), std::end(Raportti().SectionFont)),
-                 (QStringList{u"DETAIL;Liberation Serif;11;X;X;X;X"_s, u"TITLE;Liberation Serif;12;X;X;X;X"_s,
-                              u"HEADER;Liberation Serif;X;X;X;X;X"_s, u"GH1;Liberation Serif;11;X;X;X;X"_s,
-                              u"GF1;Liberation Serif;11;X;X;X;X"_s, u"GF2;Liberation Serif;11;X;X;X;X"_s, {}, {}, {}}));
         AsetaOsioFontit(false, false);
         QCOMPARE(Raportti().SectionFont[0], u"ALL;Liberation Serif;11;X;X;X;X"_s);
         RegPuhelin = u"09 123"_s;

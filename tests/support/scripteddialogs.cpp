@@ -36,17 +36,8 @@ QString ScriptedDialogs::takePath(const QString &kind, const QString &title)
     return {};
 }
 
-QString ScriptedDialogs::openFile(const dlg::FileRequest &req)
-{
-    fileRequests.append(req);
-    return takePath(QStringLiteral("open"), req.title);
-}
-
-QString ScriptedDialogs::saveFile(const dlg::FileRequest &req)
-{
-    fileRequests.append(req);
-    return takePath(QStringLiteral("save"), req.title);
-}
+QString ScriptedDialogs::openFile(const dlg::FileRequest &req) { return takePath(QStringLiteral("open"), req.title); }
+QString ScriptedDialogs::saveFile(const dlg::FileRequest &req) { return takePath(QStringLiteral("save"), req.title); }
 QString ScriptedDialogs::chooseFolder(const QString &title, const QString &) { return takePath(QStringLiteral("folder"), title); }
 QString ScriptedDialogs::choosePrinter(const QString &title, const QStringList &) { return takePath(QStringLiteral("printer"), title); }
 

@@ -42,7 +42,6 @@ public:
     QStringList messages() const;       // texts of the message boxes, in order
     QStringList allTexts() const;       // texts of everything shown, in order
     QList<Shown> shown;
-    QList<dlg::FileRequest> fileRequests; // every open/save request, in order
     QStringList unexpected;             // prompts nobody scripted
     int beeps = 0;
     int pendingReplies() const { return int(m_replies.size()); }
