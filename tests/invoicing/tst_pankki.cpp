@@ -5,14 +5,14 @@
 #include "invoicing/Maksuviite.h"
 #include "invoicing/Mod97.h"
 #include "invoicing/Pankkiviivakoodi.h"
-#include "invoicing/Viite.h"
+#include "reports/Koodit.h"
 
+#include <QImage>
+#include <QPainter>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QtTest>
-#include <memory>
-#include <zint.h>
 
 namespace {
 
@@ -25,34 +25,29 @@ QString ibanTilista(const QString &bban)
     return QStringLiteral("FI%1").arg(tarkiste, 2, 10, QLatin1Char('0')) + bban;
 }
 
-struct ZintPoistaja {
-    void operator()(zint_symbol *s) const { ZBarcode_Delete(s); }
-};
-using Symboli = std::unique_ptr<zint_symbol, ZintPoistaja>;
-
-// The symbol as the invoice prints it, written to a PNG file.
-Symboli kirjoitaKoodi(int laji, const QByteArray &sisalto, const QString &tiedosto)
+// What a scanner reads from the symbol as the invoice paints it, at 300 dpi.
+QString luettu(KohdeLaji laji, const QString &sisalto, const QString &png)
 {
-    Symboli s(ZBarcode_Create());
-    s->symbology = laji;
-    s->input_mode = DATA_MODE;
-    s->scale = 4;
-    s->output_options |= BARCODE_QUIET_ZONES;
-    if (laji == BARCODE_QRCODE)
-        s->option_1 = 2; // error correction M
-    qstrncpy(s->outfile, QFile::encodeName(tiedosto).constData(), sizeof s->outfile);
-    if (ZBarcode_Encode_and_Print(s.get(), reinterpret_cast<const unsigned char *>(sisalto.constData()), int(sisalto.size()), 0) >= ZINT_ERROR)
-        return nullptr;
-    return s;
-}
-
-QByteArray luePng(const QString &tiedosto)
-{
-    QProcess p;
-    p.start(QStringLiteral("zbarimg"), {QStringLiteral("--raw"), QStringLiteral("-q"), QStringLiteral("-Sbinary"), tiedosto});
-    if (!p.waitForFinished(60000) || p.exitCode() != 0)
-        return {};
-    return p.readAllStandardOutput();
+    Tulostekohde k;
+    k.laji = laji;
+    k.teksti = sisalto;
+    // twips: a 30 × 30 mm QR code, a 105 × 13 mm barcode
+    k.alue = laji == KohdeLaji::QrKoodi ? QRectF(300, 300, 1700, 1700) : QRectF(300, 300, 5953, 737);
+    QImage kuva(1400, 500, QImage::Format_RGB32);
+    kuva.fill(Qt::white);
+    {
+        QPainter p(&kuva);
+        p.scale(300.0 / 1440, 300.0 / 1440);
+        if (!PiirraKoodi(p, k))
+            return QStringLiteral("(not painted)");
+    }
+    if (!kuva.save(png))
+        return QStringLiteral("(not saved)");
+    QProcess z;
+    z.start(QStringLiteral("zbarimg"), {QStringLiteral("--raw"), QStringLiteral("-q"), QStringLiteral("-Sbinary"), png});
+    if (!z.waitForFinished(60000) || z.exitCode() != 0)
+        return QStringLiteral("(not read)");
+    return QString::fromUtf8(z.readAllStandardOutput()).trimmed();
 }
 
 // A payment for the QR code; what is left out is that of a plain membership fee.
@@ -216,38 +211,26 @@ private slots:
     void accountFromText_data()
     {
         QTest::addColumn<QString>("teksti");
-        QTest::addColumn<QString>("iban");
-        QTest::addColumn<QString>("bic");
-        QTest::addColumn<QString>("pankki");
-        QTest::addColumn<QString>("virhe");
-        QTest::newRow("printed with the bank") << "FI21 1234 5600 0007 85 Nordea" << "FI2112345600000785" << "NDEAFIHH" << "Nordea" << "";
-        QTest::newRow("bank before") << "Osuuspankki FI38 5720 0080 0473 66" << "FI3857200080047366" << "OKOYFIHH" << "Osuuspankki" << "";
-        QTest::newRow("BIC in brackets") << "Nordea (NDEAFIHH) FI21 1234 5600 0007 85" << "FI2112345600000785" << "NDEAFIHH" << "Nordea" << "";
-        QTest::newRow("the user's BIC wins") << "Aktia FI21 1234 5600 0007 85 HELSFIHH" << "FI2112345600000785" << "HELSFIHH" << "Aktia" << "";
-        QTest::newRow("old national number") << "Nordea 123456-785" << "FI2112345600000785" << "NDEAFIHH" << "Nordea" << "";
-        QTest::newRow("foreign with BIC") << "DE89 3704 0044 0532 0130 00 Commerzbank COBADEFFXXX" << "DE89370400440532013000"
-                                          << "COBADEFFXXX" << "Commerzbank" << "";
+        QTest::addColumn<QString>("tulos"); // IBAN/BIC/bank, or why there is none
+        QTest::newRow("printed with the bank") << "FI21 1234 5600 0007 85 Nordea" << "FI2112345600000785/NDEAFIHH/Nordea";
+        QTest::newRow("bank before") << "Osuuspankki FI38 5720 0080 0473 66" << "FI3857200080047366/OKOYFIHH/Osuuspankki";
+        QTest::newRow("BIC in brackets") << "Nordea (NDEAFIHH) FI21 1234 5600 0007 85" << "FI2112345600000785/NDEAFIHH/Nordea";
+        QTest::newRow("the user's BIC wins") << "Aktia FI21 1234 5600 0007 85 HELSFIHH" << "FI2112345600000785/HELSFIHH/Aktia";
+        QTest::newRow("old national number") << "Nordea 123456-785" << "FI2112345600000785/NDEAFIHH/Nordea";
+        QTest::newRow("foreign with BIC") << "DE89 3704 0044 0532 0130 00 Commerzbank COBADEFFXXX" << "DE89370400440532013000/COBADEFFXXX/Commerzbank";
         QTest::newRow("second account after a bad one") << "FI22 1234 5600 0007 85 / FI21 1234 5600 0007 85"
-                                                        << "FI2112345600000785" << "NDEAFIHH" << "FI22 1234 5600 0007 85" << "";
-        QTest::newRow("wrong check digits") << "FI22 1234 5600 0007 85 Nordea" << "" << "" << ""
-                                            << "Tilinumeron FI22 1234 5600 0007 85 tarkiste ei täsmää.";
-        QTest::newRow("old number, wrong Luhn digit") << "123456-786 Nordea" << "" << "" << "" << "Tilinumeron 123456-786 tarkiste ei täsmää.";
-        QTest::newRow("bank name only") << "Nordea" << "" << "" << "" << "Tekstissä \"Nordea\" ei ole tilinumeroa.";
-        QTest::newRow("empty") << " " << "" << "" << "" << "Tilinumero puuttuu.";
+                                                        << "FI2112345600000785/NDEAFIHH/FI22 1234 5600 0007 85";
+        QTest::newRow("wrong check digits") << "FI22 1234 5600 0007 85 Nordea" << "Tilinumeron FI22 1234 5600 0007 85 tarkiste ei täsmää.";
+        QTest::newRow("old number, wrong Luhn digit") << "123456-786 Nordea" << "Tilinumeron 123456-786 tarkiste ei täsmää.";
+        QTest::newRow("bank name only") << "Nordea" << "Tekstissä \"Nordea\" ei ole tilinumeroa.";
+        QTest::newRow("empty") << " " << "Tilinumero puuttuu.";
     }
 
     void accountFromText()
     {
         QFETCH(QString, teksti);
-        QFETCH(QString, virhe);
         const PankkitiliTulos t = PankkitiliTekstista(teksti);
-        QCOMPARE(t.virhe, virhe);
-        QCOMPARE(t.onnistui(), virhe.isEmpty());
-        if (!t.onnistui())
-            return;
-        QTEST(t.tili.iban, "iban");
-        QTEST(t.tili.bic, "bic");
-        QTEST(t.tili.pankki, "pankki");
+        QTEST(t.onnistui() ? QStringList({t.tili.iban, t.tili.bic, t.tili.pankki}).join(u'/') : t.virhe, "tulos");
     }
 
     // --- the bank barcode ---
@@ -297,7 +280,6 @@ private slots:
         QFETCH(QString, syy);
         const PankkiviivakoodiTulos t = Pankkiviivakoodi(iban, euroa(summa.toUtf8().constData()), viite, erapaiva);
         QCOMPARE(t.syy, syy);
-        QCOMPARE(t.onnistui(), syy.isEmpty());
         QTEST(t.numerot, "numerot");
         QVERIFY(t.numerot.isEmpty() || t.numerot.size() == 54);
     }
@@ -352,7 +334,6 @@ private slots:
         QFETCH(QString, syy);
         const EpcQrTulos q = EpcQrSisalto(tiedot);
         QCOMPARE(q.syy, syy);
-        QCOMPARE(q.onnistui(), syy.isEmpty());
         QTEST(QString::fromUtf8(q.sisalto), "sisalto");
         QVERIFY(q.sisalto.size() <= 331);
     }
@@ -375,35 +356,26 @@ private slots:
     void printedSymbolsReadBack_data()
     {
         QTest::addColumn<int>("laji");
-        QTest::addColumn<QByteArray>("sisalto");
+        QTest::addColumn<QString>("sisalto");
         const EpcQrTiedot t = qr("NDEAFIHH", "Tampereen Kävely- & Pyöräilyseura 'Polkijat' ry, Ylöjärven ja Nokian osasto",
                                  "FI3715903000000776", "1 234,50", "1234561", "", QDate(2025, 2, 28));
-        QTest::newRow("EPC QR with Finnish letters") << int(BARCODE_QRCODE) << EpcQrSisalto(t).sisalto;
-        QTest::newRow("bank barcode")
-            << int(BARCODE_CODE128)
-            << Pankkiviivakoodi(QStringLiteral("FI58 1017 1000 0001 22"), euroa("482,99"), QStringLiteral("RF06 5595 8224 3294 671"),
-                                QDate(2010, 1, 31))
-                   .numerot.toLatin1();
+        QTest::newRow("EPC QR with Finnish letters") << int(KohdeLaji::QrKoodi) << QString::fromUtf8(EpcQrSisalto(t).sisalto);
+        QTest::newRow("bank barcode") << int(KohdeLaji::Viivakoodi)
+                                      << Pankkiviivakoodi(QStringLiteral("FI58 1017 1000 0001 22"), euroa("482,99"),
+                                                          QStringLiteral("RF06 5595 8224 3294 671"), QDate(2010, 1, 31))
+                                             .numerot;
     }
 
     void printedSymbolsReadBack()
     {
         QFETCH(int, laji);
-        QFETCH(QByteArray, sisalto);
+        QFETCH(QString, sisalto);
         QVERIFY(!sisalto.isEmpty());
         if (QStandardPaths::findExecutable(QStringLiteral("zbarimg")).isEmpty())
             QSKIP("zbarimg (zbar-tools) is not installed, so the printed symbol cannot be read back");
         QTemporaryDir kansio;
         QVERIFY(kansio.isValid());
-        const QString png = kansio.filePath(QStringLiteral("koodi.png"));
-        const Symboli s = kirjoitaKoodi(laji, sisalto, png);
-        QVERIFY(s);
-        if (laji == BARCODE_CODE128) {
-            // Character set C all through: start, 27 digit pairs and the check character at 11
-            // modules each, and the 13-module stop.
-            QCOMPARE(s->width, 11 + 27 * 11 + 11 + 13);
-        }
-        QCOMPARE(luePng(png), sisalto);
+        QCOMPARE(luettu(KohdeLaji(laji), sisalto, kansio.filePath(QStringLiteral("koodi.png"))), sisalto);
     }
 };
 
