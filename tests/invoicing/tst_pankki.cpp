@@ -41,10 +41,9 @@ QString luettu(KohdeLaji laji, const QString &sisalto, const QString &png)
         if (!PiirraKoodi(p, k))
             return QStringLiteral("(not painted)");
     }
-    if (!kuva.save(png))
-        return QStringLiteral("(not saved)");
     QProcess z;
-    z.start(QStringLiteral("zbarimg"), {QStringLiteral("--raw"), QStringLiteral("-q"), QStringLiteral("-Sbinary"), png});
+    if (kuva.save(png))
+        z.start(QStringLiteral("zbarimg"), {QStringLiteral("--raw"), QStringLiteral("-q"), QStringLiteral("-Sbinary"), png});
     if (!z.waitForFinished(60000) || z.exitCode() != 0)
         return QStringLiteral("(not read)");
     return QString::fromUtf8(z.readAllStandardOutput()).trimmed();
@@ -316,10 +315,8 @@ private slots:
         QTest::newRow("bad BIC") << qr("NDEAFI") << "" << ei("BIC-tunnus NDEAFI ei ole kelvollinen.");
         QTest::newRow("bad purpose") << qr("NDEAFIHH", "Seura ry", fi37, "10", "13013", "", {}, "JÄSEN") << ""
                                      << ei("maksun tarkoituskoodi JÄSEN ei ole neljä kirjainta.");
-        QTest::newRow("bad reference") << qr("NDEAFIHH", "Seura ry", fi37, "10", "12345") << ""
-                                       << ei("viitenumero 12345 ei ole kelvollinen.");
-        QTest::newRow("amount too large") << qr("NDEAFIHH", "Seura ry", fi37, "1000000000") << ""
-                                          << ei("summa on yli 999 999 999,99 euroa.");
+        QTest::newRow("bad reference") << qr("NDEAFIHH", "Seura ry", fi37, "10", "12345") << "" << ei("viitenumero 12345 ei ole kelvollinen.");
+        QTest::newRow("amount too large") << qr("NDEAFIHH", "Seura ry", fi37, "1000000000") << "" << ei("summa on yli 999 999 999,99 euroa.");
         QTest::newRow("negative amount") << qr("NDEAFIHH", "Seura ry", fi37, "-1") << "" << ei("summa on negatiivinen.");
         // Seventy two-byte letters in the name and 140 in the message, with no reference.
         QTest::newRow("over 331 bytes") << qr("NDEAFIHH", QString(80, QChar(0x00C4)), fi37, "10", "", QString(150, QChar(0x00E4))) << ""
