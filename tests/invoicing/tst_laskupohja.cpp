@@ -12,26 +12,11 @@
 
 #include <QtTest>
 
-using db::Database;
 using namespace Qt::Literals::StringLiterals;
-
-namespace {
-
-const QString tiliEiLoydy = u"Laskupohjaan määriteltyä tilinumeroa ei löydy. Tarkista tilinumero."_s;
-
-QStringList nimet(const cLaskupohjat &c)
-{
-    QStringList s;
-    for (int i = 0; i < c.Count(); ++i)
-        s << c.Item(i).Nimi();
-    return s;
-}
-
-} // namespace
 
 class tst_laskupohja : public Testipohja {
     Q_OBJECT
-    std::unique_ptr<Database> d;
+    std::unique_ptr<db::Database> d;
     QString polku;
 
     // A template saved through the class, as the window makes one.
@@ -66,8 +51,6 @@ private slots:
         Testipohja::cleanup();
     }
 
-    // ---- The record objects ----------------------------------------------------------------
-
     // Too long texts are cut to their limits without a word; what fits is stored as typed. A new
     // template leaves the due date alone and the invoice date empty.
     void tekstitRajataan_data()
@@ -77,16 +60,9 @@ private slots:
         QTest::addColumn<QString>("tallennettu");
         const QString a51 = QString(51, u'a');
         QTest::newRow("name 51") << u"Laskupohja_Nimi"_s << a51 << a51.left(50);
-        QTest::newRow("heading 31") << u"LaskunOtsake"_s << QString(31, u'b') << QString(30, u'b');
-        QTest::newRow("transfer text 81") << u"TilisiirronTeksti"_s << QString(81, u'c') << QString(80, u'c');
-        QTest::newRow("account 60") << u"Pankkitili1"_s << QString(60, u'1') << QString(50, u'1');
-        QString emojit;
-        for (int i = 0; i < 50; ++i)
-            emojit += u"🎉"_s;
-        QTest::newRow("50 emoji fit") << u"Laskupohja_Nimi"_s << emojit << emojit;
-        QTest::newRow("51st emoji cut whole") << u"Laskupohja_Nimi"_s << emojit + u"🎉"_s << emojit;
+        QTest::newRow("51st emoji cut whole") << u"Laskupohja_Nimi"_s << u"🎉"_s.repeated(51) << u"🎉"_s.repeated(50);
         QTest::newRow("empty name is one blank") << u"Laskupohja_Nimi"_s << QString() << u" "_s;
-        QTest::newRow("quotes") << u"LaskunOtsake"_s << u"O'Brien \"ja\"; --"_s << u"O'Brien \"ja\"; --"_s;
+        QTest::newRow("quotes") << u"Laskupohja_Nimi"_s << u"O'Brien \"ja\"; --"_s << u"O'Brien \"ja\"; --"_s;
         QTest::newRow("memo unlimited") << u"Lisatietoja"_s << QString(5000, u'm') << QString(5000, u'm');
     }
     void tekstitRajataan()
@@ -100,12 +76,6 @@ private slots:
             p.setTietokanta(polku);
             if (sarake == u"Laskupohja_Nimi")
                 p.setNimi(annettu);
-            else if (sarake == u"LaskunOtsake")
-                p.setLaskunOtsake(annettu);
-            else if (sarake == u"TilisiirronTeksti")
-                p.setTilisiirronTeksti(annettu);
-            else if (sarake == u"Pankkitili1")
-                p.setPankkitili1(annettu);
             else
                 p.setLisatietoja(annettu);
             QVERIFY(p.Tyhja());
@@ -123,21 +93,17 @@ private slots:
     void vapautusTallentaa_data()
     {
         QTest::addColumn<bool>("uusi");
-        QTest::addColumn<bool>("otsake");
-        QTest::addColumn<bool>("rivi");
+        QTest::addColumn<bool>("otsake"); // besides a row
         QTest::addColumn<bool>("peru");
-        QTest::newRow("heading") << false << true << false << false;
-        QTest::newRow("row only") << false << false << true << false;
-        QTest::newRow("both") << false << true << true << false;
-        QTest::newRow("new template, row only") << true << false << true << false;
-        QTest::newRow("cancelled") << false << true << true << true;
-        QTest::newRow("new template cancelled") << true << true << true << true;
+        QTest::newRow("heading and row") << false << true << false;
+        QTest::newRow("new template, row only") << true << false << false;
+        QTest::newRow("cancelled") << false << true << true;
+        QTest::newRow("new template cancelled") << true << true << true;
     }
     void vapautusTallentaa()
     {
         QFETCH(bool, uusi);
         QFETCH(bool, otsake);
-        QFETCH(bool, rivi);
         QFETCH(bool, peru);
         const qint64 vanha = uusi ? 0 : pohja(u"Kevät"_s);
         {
@@ -147,10 +113,8 @@ private slots:
                 QVERIFY(p.ReadById(vanha));
             if (otsake)
                 p.setLaskunOtsake(u"Jäsenmaksu"_s);
-            if (rivi) {
-                p.PerusLaskupohjarivi(2).setHinta(Currency::fromRaw(125000));
-                p.PerusLaskupohjarivi(2).setAiheteksti(u"Kausimaksu"_s);
-            }
+            p.PerusLaskupohjarivi(2).setHinta(Currency::fromRaw(125000));
+            p.PerusLaskupohjarivi(2).setAiheteksti(u"Kausimaksu"_s);
             QVERIFY(p.Muuttunut() || p.RivejaMuuttunut());
             if (peru) {
                 p.Cancel();
@@ -168,10 +132,9 @@ private slots:
         }
         const qint64 id = d->scalar(u"SELECT Laskupohja_ID FROM Laskupohjat"_s).toLongLong();
         QCOMPARE(sarake(u"LaskunOtsake"_s, id), otsake && !peru ? u"Jäsenmaksu"_s : u"N"_s);
-        const QString riviNyt = testi::rivi(*d, u"SELECT Hinta, Aiheteksti FROM Laskupohjarivit WHERE Laskupohja_ID = ? "
-                                                u"AND Laskutyyppi = 0 AND Jarjestys = 2"_s,
-                                            {id});
-        QCOMPARE(riviNyt, !rivi ? u"(ei riviä)"_s : peru ? u"0|N"_s : u"125000|Kausimaksu"_s);
+        const QString riviNyt =
+            testi::rivi(*d, u"SELECT Hinta, Aiheteksti FROM Laskupohjarivit WHERE Laskupohja_ID = ? AND Laskutyyppi = 0 AND Jarjestys = 2"_s, {id});
+        QCOMPARE(riviNyt, peru ? u"0|N"_s : u"125000|Kausimaksu"_s);
         // No row is ever left without its template.
         QCOMPARE(rivit(u"Laskupohja_ID = 0"_s), 0);
     }
@@ -190,19 +153,10 @@ private slots:
 
     // A save that fails halfway (the header written, a row refused) leaves the template and its
     // rows as they were, changes and all, and the next save writes everything.
-    void epaonnistunutTallennusSailyttaa_data()
-    {
-        QTest::addColumn<bool>("uusi");
-        QTest::newRow("new template") << true;
-        QTest::newRow("saved template") << false;
-    }
     void epaonnistunutTallennusSailyttaa()
     {
-        QFETCH(bool, uusi);
-        cLaskupohja p;
+        cLaskupohja p; // a new one: it must not keep an ID the database never gave it
         p.setTietokanta(polku);
-        if (!uusi)
-            p.ReadById(pohja(u"Vanha"_s));
         p.setLaskunOtsake(u"Otsake"_s);
         p.PerusLaskupohjarivi(0).setAiheteksti(u"Eka"_s);
         p.PerusLaskupohjarivi(1).setAiheteksti(u"Rivi"_s);
@@ -224,16 +178,13 @@ private slots:
         QCOMPARE(rivit(u"Laskupohja_ID <> ?"_s, {p.ID()}), 0);
     }
 
-    // Browsing goes by the order of making; the lists go by name. Past either end the object is
-    // empty.
+    // Browsing goes by the order of making, the list by name; past the end the object is empty.
     void selausJaLuettelo()
     {
         const qint64 c = pohja(u"Öljy"_s), a = pohja(u"aamu"_s), b = pohja(u"Buu"_s);
         cLaskupohjat kaikki;
         kaikki.Lataa(polku, -1);
-        QCOMPARE(nimet(kaikki), (QStringList{u"aamu"_s, u"Buu"_s, u"Öljy"_s}));
-        QCOMPARE(kaikki.Item(u"I"_s + QString::number(c))->Nimi(), u"Öljy"_s);
-
+        QCOMPARE(kaikki.Item(0).Nimi() + kaikki.Item(1).Nimi() + kaikki.Item(2).Nimi(), u"aamuBuuÖljy"_s);
         cLaskupohja p;
         p.setTietokanta(polku);
         QList<qint64> kaydyt;
@@ -241,11 +192,7 @@ private slots:
             kaydyt << p.ID();
         QCOMPARE(kaydyt, (QList<qint64>{c, a, b}));
         QVERIFY(p.Tyhja() && p.ID() == 0 && p.Nimi().isEmpty() && p.LaskunErapaiva() == -1);
-        kaydyt.clear();
-        for (bool ok = p.GetLast(); ok; ok = p.GetPrevious())
-            kaydyt << p.ID();
-        QCOMPARE(kaydyt, (QList<qint64>{b, a, c}));
-        QVERIFY(p.Tyhja());
+        QVERIFY(p.GetLast() && p.GetPrevious() && p.ID() == a);
     }
 
     // A row is made and saved the first time it is asked for, once.
@@ -256,44 +203,13 @@ private slots:
         p.setTietokanta(polku);
         p.ReadById(id);
         QCOMPARE(p.PerheLaskupohjarivi(10).Jarjestys(), 10);
-        QCOMPARE(testi::rivi(*d, u"SELECT Laskupohja_ID, Laskutyyppi, Jarjestys FROM Laskupohjarivit"_s),
-                 QString::number(id) + u"|1|10"_s);
+        QCOMPARE(testi::rivi(*d, u"SELECT Laskupohja_ID, Laskutyyppi, Jarjestys FROM Laskupohjarivit"_s), QString::number(id) + u"|1|10"_s);
         QVERIFY_THROWS_EXCEPTION(std::out_of_range, p.PerheLaskupohjarivi(11));
         QVERIFY_THROWS_EXCEPTION(std::out_of_range, p.PerusLaskupohjarivi(4));
-        for (int t = 0; t < 3; ++t)
-            for (int j = 0; j < laskupohja::RivienMaara(t); ++j)
-                (void)(t == 0 ? p.PerusLaskupohjarivi(j) : t == 1 ? p.PerheLaskupohjarivi(j) : p.OminaisuusLaskupohjarivi(j));
-        QCOMPARE(rivit(), 19);
+        (void)p.PerheLaskupohjarivi(10);
+        QCOMPARE(rivit(), 1);
         QVERIFY(!p.RivejaMuuttunut());
-        cLaskupohjaRivit perhe;
-        perhe.Lataa(polku, id, laskupohja::Perhe);
-        QCOMPARE(perhe.Count(), 11);
     }
-
-    // A template changed from the family kind to the plain one moves between the lists.
-    void lajiValitseeLuettelon()
-    {
-        const qint64 id = pohja(u"Kevät"_s, laskupohja::Perhe);
-        pohja(u"Ominaisuus"_s, laskupohja::Ominaisuus);
-        const auto luettelo = [this](int tyyppi) {
-            cLaskupohjat c;
-            c.Lataa(polku, tyyppi);
-            return nimet(c);
-        };
-        QCOMPARE(luettelo(laskupohja::Perhe), QStringList{u"Kevät"_s});
-        QCOMPARE(luettelo(laskupohja::Perus), QStringList());
-        {
-            cLaskupohja p;
-            p.setTietokanta(polku);
-            p.ReadById(id);
-            p.setLaskutyyppi(laskupohja::Perus);
-        }
-        QCOMPARE(luettelo(laskupohja::Perhe), QStringList());
-        QCOMPARE(luettelo(laskupohja::Perus), QStringList{u"Kevät"_s});
-        QCOMPARE(luettelo(-1).size(), 2);
-    }
-
-    // ---- Applying --------------------------------------------------------------------------
 
     void paivamaarat_data()
     {
@@ -303,10 +219,8 @@ private slots:
         QTest::addColumn<QString>("paiva");
         QTest::addColumn<QString>("erapaiva");
         QTest::newRow("empty date, 14 days: both empty") << -1 << 14 << u"1.2.2025"_s << QString() << QString();
-        QTest::newRow("today, 0 days: due today") << 0 << 0 << QString() << u"10.3.2026"_s << u"10.3.2026"_s;
         QTest::newRow("today, 14 days") << 0 << 14 << QString() << u"10.3.2026"_s << u"24.3.2026"_s;
         QTest::newRow("today, due left alone") << 0 << -1 << QString() << u"10.3.2026"_s << u"vanha"_s;
-        QTest::newRow("empty date, due left alone") << -1 << -1 << u"1.2.2025"_s << QString() << u"vanha"_s;
         QTest::newRow("other kind keeps the typed date") << 3 << 30 << u"31.1.2026"_s << u"31.1.2026"_s << u"2.3.2026"_s;
         QTest::newRow("other kind, no date to count from") << 3 << 30 << u"huomenna"_s << u"huomenna"_s << QString();
     }
@@ -329,16 +243,16 @@ private slots:
     }
 
     // An account that the settings no longer have falls back to the first entry with a word;
-    // everything else of the template is applied all the same.
+    // everything else of the template, the plain rows among it, is applied all the same.
     void tilinumero_data()
     {
         QTest::addColumn<QString>("tili");
         QTest::addColumn<int>("valinta");
         QTest::addColumn<QStringList>("viestit");
+        const QStringList tiliEiLoydy{u"Laskupohjaan määriteltyä tilinumeroa ei löydy. Tarkista tilinumero."_s};
         QTest::newRow("second account") << u"FI21 1234 5600 0007 85"_s << 2 << QStringList();
-        QTest::newRow("none chosen") << QString() << 0 << QStringList();
-        QTest::newRow("account changed") << u"FI00 0000 0000 0000 00"_s << 0 << QStringList{tiliEiLoydy};
-        QTest::newRow("only the exact text") << u"FI21 1234 5600 0007 8"_s << 0 << QStringList{tiliEiLoydy};
+        QTest::newRow("account changed") << u"FI00 0000 0000 0000 00"_s << 0 << tiliEiLoydy;
+        QTest::newRow("only the exact text") << u"FI21 1234 5600 0007 8"_s << 0 << tiliEiLoydy;
     }
     void tilinumero()
     {
@@ -354,6 +268,8 @@ private slots:
         p.setJasenmaksu(true);
         p.setIlmanLoppusummaa(true);
         p.PerusLaskupohjarivi(0).setPaalla(true);
+        p.PerusLaskupohjarivi(3).setAiheteksti(u"Rivi 3"_s);
+        p.PerusLaskupohjarivi(3).setHinta(Currency::fromRaw(35000));
         MaksujenLuontiLomake l;
         l.cmbTilinumerot = QStringList{QString(), u"FI49 5000 9420 0287 30"_s, u"FI21 1234 5600 0007 85"_s};
         l.cmbTilinumerotValinta = 1;
@@ -361,27 +277,10 @@ private slots:
         KaytaLaskupohjaa(p, l);
         QCOMPARE(l.cmbTilinumerotValinta, valinta);
         QTEST(dlg->messages(), "viestit");
-        QCOMPARE(l.cmbMaksunOtsake, u"Jäsenmaksu 2026"_s);
-        QCOMPARE(l.tAiheTeksti, u"Vuoden jäsenmaksu"_s);
-        QCOMPARE(l.tLisatietoja, u"Kiitos!"_s);
+        QCOMPARE(QStringList({l.cmbMaksunOtsake, l.tAiheTeksti, l.tLisatietoja}), QStringList({u"Jäsenmaksu 2026"_s, u"Vuoden jäsenmaksu"_s, u"Kiitos!"_s}));
         QVERIFY(l.chkJasenmaksu && !l.chkHenkKohtViite && !l.chkEiViitetta && l.chkEiLoppusummaa && l.chkVainValittuTilinumero);
-        QVERIFY(l.rivit[0].chkRivi);
-    }
-
-    void perusrivit()
-    {
-        cLaskupohja p;
-        p.setTietokanta(polku);
-        for (int j = 0; j < 4; ++j) {
-            p.PerusLaskupohjarivi(j).setPaalla(j == 2);
-            p.PerusLaskupohjarivi(j).setAiheteksti(u"Rivi "_s + QString::number(j));
-            p.PerusLaskupohjarivi(j).setHinta(Currency::fromRaw(10000 * j + 5000));
-        }
-        MaksujenLuontiLomake l;
-        KaytaLaskupohjaa(p, l);
-        QCOMPARE(l.rivit[3].tRiviTeksti, u"Rivi 3"_s);
-        QCOMPARE(l.rivit[3].tRiviSumma, u"3,50"_s);
-        QVERIFY(l.rivit[2].chkRivi && !l.rivit[3].chkRivi);
+        QVERIFY(l.rivit[0].chkRivi && !l.rivit[3].chkRivi);
+        QCOMPARE(l.rivit[3].tRiviTeksti + u'/' + l.rivit[3].tRiviSumma, u"Rivi 3/3,50"_s);
     }
 
     // The family row is last in the window, the classes before it, and the two free rows go to
@@ -407,14 +306,10 @@ private slots:
         QCOMPARE(l.luokat[8].tAiheTeksti, u"P0"_s);
         QCOMPARE(l.luokat[8].tSumma, u"1,00"_s);
         QVERIFY(l.luokat[8].chkNollat && l.luokat[8].chkPerheLuokka);
-        for (int i = 0; i < 8; ++i) {
-            QCOMPARE(l.luokat[size_t(i)].tAiheTeksti, u"P"_s + QString::number(i + 1));
-            QCOMPARE(l.luokat[size_t(i)].tSumma, QString::number(i + 2) + u",00"_s);
-        }
+        QCOMPARE(QStringList({l.luokat[0].tAiheTeksti, l.luokat[7].tAiheTeksti, l.luokat[7].tSumma}), QStringList({u"P1"_s, u"P8"_s, u"9,00"_s}));
         QVERIFY(l.luokat[1].chkNimet && !l.luokat[0].chkNimet);
-        QCOMPARE(l.lisarivit[0].tRiviTeksti, u"P9"_s);
-        QCOMPARE(l.lisarivit[1].tRiviTeksti, u"P10"_s);
-        QCOMPARE(l.lisarivit[1].tRiviSumma, u"11,00"_s);
+        QCOMPARE(QStringList({l.lisarivit[0].tRiviTeksti, l.lisarivit[1].tRiviTeksti, l.lisarivit[1].tRiviSumma}),
+                 QStringList({u"P9"_s, u"P10"_s, u"11,00"_s}));
         QVERIFY(l.lisarivit[0].chkRivi);
     }
 
@@ -425,7 +320,6 @@ private slots:
         QTest::addColumn<qint64>("naytetaan");
         QTest::newRow("listed") << qint64(7) << qint64(7);
         QTest::newRow("deleted") << qint64(9) << qint64(0);
-        QTest::newRow("none") << qint64(0) << qint64(0);
     }
     void ominaisuusrivit()
     {
@@ -449,10 +343,7 @@ private slots:
         const OminaisuusLaskurivi &k = l.rivit[3];
         QTEST(k.cmbOminaisuus, "naytetaan");
         QVERIFY(k.chkLkm && k.chkHinta && k.chkNollat);
-        QCOMPARE(k.tAHinta, u"1,2345"_s);
-        QCOMPARE(k.tLkm, u"1,5"_s);
-        QCOMPARE(k.tMinimi, u"5,00"_s);
-        QCOMPARE(k.tAiheTeksti, u"Venepaikka"_s);
+        QCOMPARE(QStringList({k.tAHinta, k.tLkm, k.tMinimi, k.tAiheTeksti}), QStringList({u"1,2345"_s, u"1,5"_s, u"5,00"_s, u"Venepaikka"_s}));
         QCOMPARE(l.rivit[0].tAiheTeksti, QString());
     }
 
@@ -495,12 +386,8 @@ private slots:
         QTest::addColumn<double>("luku");
         QTest::addColumn<int>("paivia");
         QTest::newRow("comma") << u"12,5"_s << qint64(125000) << 12.5 << 12;
-        QTest::newRow("point") << u"12.5"_s << qint64(125000) << 12.5 << 12;
-        QTest::newRow("four decimals") << u"1,2345"_s << qint64(12345) << 1.2345 << 1;
-        QTest::newRow("negative") << u"-3"_s << qint64(-30000) << -3.0 << -3;
         QTest::newRow("exponent") << u"1e3"_s << qint64(10000000) << 1000.0 << 1000;
         QTest::newRow("word") << u"viikko"_s << qint64(0) << 0.0 << -1;
-        QTest::newRow("empty") << QString() << qint64(0) << 0.0 << -1;
         QTest::newRow("beyond the days' range") << u"99999"_s << qint64(999990000) << 99999.0 << -1;
     }
     void lukusyotteet()
@@ -510,26 +397,6 @@ private slots:
         QCOMPARE(RahaSyotteesta(teksti).raw(), raha);
         QTEST(LukuSyotteesta(teksti), "luku");
         QTEST(ErapaivaSyotteesta(teksti), "paivia");
-    }
-
-    // What a template writes into an amount box reads back as the same amount.
-    void rahaTekstina_data()
-    {
-        QTest::addColumn<qint64>("raaka");
-        QTest::addColumn<QString>("teksti");
-        QTest::newRow("cents") << qint64(125000) << u"12,50"_s;
-        QTest::newRow("whole") << qint64(30000) << u"3,00"_s;
-        QTest::newRow("four decimals") << qint64(12345) << u"1,2345"_s;
-        QTest::newRow("negative") << qint64(-5000) << u"-0,50"_s;
-        QTest::newRow("thousands") << qint64(12345670000) << u"1234567,00"_s;
-    }
-    void rahaTekstina()
-    {
-        QFETCH(qint64, raaka);
-        const QString t = LaskupohjanRaha(Currency::fromRaw(raaka));
-        QTEST(t, "teksti");
-        QVERIFY(OnNumeerinen(t));
-        QCOMPARE(Currency::parse(t).value_or(Currency::fromRaw(-1)).raw(), raaka);
     }
 };
 
