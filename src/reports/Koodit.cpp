@@ -19,11 +19,16 @@ bool PiirraKoodi(QPainter &p, const Tulostekohde &k)
     if (!s)
         return false;
     s->symbology = qr ? BARCODE_QRCODE : BARCODE_CODE128;
-    s->input_mode = UNICODE_MODE;
     s->output_options |= BARCODE_QUIET_ZONES;
     s->show_hrt = 0; // the report prints the readable text where it wants it
-    if (qr)
-        s->eci = 26; // tells the reader the bytes are UTF-8, so that ä and ö survive
+    if (qr) {
+        // The text's UTF-8 bytes as they are, without an ECI header: the payment QR names its
+        // character set on its own second line, and some banking apps stop at an ECI header.
+        s->input_mode = DATA_MODE;
+        s->option_1 = 2; // error correction M
+    } else {
+        s->input_mode = UNICODE_MODE; // Code 128 carries Latin-1: a text outside it is refused
+    }
     const QByteArray utf8 = k.teksti.toUtf8();
     if (ZBarcode_Encode(s.get(), reinterpret_cast<const unsigned char *>(utf8.constData()), int(utf8.size())) >= ZINT_ERROR)
         return false;
