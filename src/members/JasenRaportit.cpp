@@ -116,7 +116,7 @@ JasenRaportti MaksaneetPerheet(bool tarrat)
     return {QStringLiteral("jmmkstut.rpt"), valinta, {Seurannimi()}, {}};
 }
 
-JasenRaportti Perhetarrat() { return {QStringLiteral("tarrat.rpt"), QString(), {}, {QStringLiteral("+{Tarra.Tarra_ID}")}, true}; }
+JasenRaportti Perhetarrat() { return {QStringLiteral("tarrat.rpt"), QString(), {}, {QStringLiteral("+{Tarra.Tarra_ID}")}}; }
 
 QString KadunNimi(const QString &osoite)
 {
@@ -158,6 +158,4 @@ void ValmisteleJasenRaportti(const JasenRaportti &r)
     ajo.SelectionFormula = r.valinta;
     for (int i = 0; i < r.lajittelu.size() && i < 6; ++i)
         ajo.SortFields[i] = r.lajittelu[i];
-    if (r.omatReunat)
-        ajo.MarginLeft = ajo.MarginRight = ajo.MarginTop = ajo.MarginBottom = 0;
 }

@@ -12,7 +12,6 @@ struct JasenRaportti {
     QString valinta;       // selection formula; empty: every row
     QStringList kaavat;    // "Name= 'text'", in the order the engine gets them
     QStringList lajittelu; // "+{table.field}"; empty: the report's own order
-    bool omatReunat = false; // the report's own margins, not the settings' (label sheets)
 };
 
 // "Luettelot ja tarrat": the report of print type 0…8 for the order 0 surname, 1 postal code,

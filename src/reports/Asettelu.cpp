@@ -129,7 +129,7 @@ public:
         m_d.suunta = m.suunta;
         m_d.koko = m.sivunKoko();
         m_d.riveja = r.riveja;
-        const QMarginsF &ohitus = v.reunat;
+        const QMarginsF ohitus = m.reunatLukittu ? QMarginsF() : v.reunat;
         m_reunat = QMarginsF(ohitus.left() > 0 ? ohitus.left() : m.reunat.left(), ohitus.top() > 0 ? ohitus.top() : m.reunat.top(),
                              ohitus.right() > 0 ? ohitus.right() : m.reunat.right(),
                              ohitus.bottom() > 0 ? ohitus.bottom() : m.reunat.bottom());

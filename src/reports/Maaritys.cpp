@@ -200,7 +200,8 @@ private:
     void sivu(Maaritys &m)
     {
         attribuutit({QStringLiteral("koko"), QStringLiteral("leveys"), QStringLiteral("korkeus"), QStringLiteral("suunta"),
-                     QStringLiteral("vasen"), QStringLiteral("oikea"), QStringLiteral("yla"), QStringLiteral("ala")});
+                     QStringLiteral("vasen"), QStringLiteral("oikea"), QStringLiteral("yla"), QStringLiteral("ala"),
+                     QStringLiteral("lukittu")});
         if (on("koko")) {
             static const QHash<QString, QPageSize::PageSizeId> koot = {
                 {QStringLiteral("a4"), QPageSize::A4}, {QStringLiteral("a5"), QPageSize::A5},
@@ -227,6 +228,8 @@ private:
         }
         m.reunat = QMarginsF(pituus("vasen", m.reunat.left()), pituus("yla", m.reunat.top()),
                              pituus("oikea", m.reunat.right()), pituus("ala", m.reunat.bottom()));
+        if (auto b = totuus("lukittu"))
+            m.reunatLukittu = *b;
         loppuun();
     }
 

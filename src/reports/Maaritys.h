@@ -86,6 +86,9 @@ struct Maaritys {
     QPageSize sivukoko = QPageSize(QPageSize::A4);
     QPageLayout::Orientation suunta = QPageLayout::Portrait;
     QMarginsF reunat;  // twips
+    // Items fixed to the paper (label sheets, cards, the giro slip): the margin settings do not
+    // move this page.
+    bool reunatLukittu = false;
     QString paataulu, paatauluNimi;
     std::vector<Liitos> liitokset;
     QMap<QString, std::shared_ptr<Solmu>> kaavat; // by name in lower case: the defaults

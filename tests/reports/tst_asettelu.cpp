@@ -133,6 +133,12 @@ private slots:
         }
         QCOMPARE(doc.tekstit(0).value(0), u"Kaisa Ahonen"_s);
         QCOMPARE(tarra, (QStringList{ulkoNimi, ulkomainen.osoite, ulkomainen.postinumero + u' ' + ulkomainen.toimipaikka, u"PUOLA"_s}));
+        // The sheet keeps its labels where the label stock has them, whatever the margin settings say.
+        Raporttiajo r;
+        r.ResetReportFormulas(kanta);
+        r.ReportFileName = u"jrosoite"_s;
+        r.MarginLeft = r.MarginTop = 10 * 48;
+        QCOMPARE(r.Laadi().tekstikohteet(0)[0]->alue, doc.tekstikohteet(0)[0]->alue);
     }
 
     // Invoices by member: one group per member with the member's name and count in its header

@@ -24,9 +24,6 @@ void frmJasen::AjaJasenRaportti(const JasenRaportti &r)
     try {
         ValmisteleJasenRaportti(r);
         Raportti().setAction(1);
-        // A label sheet ran on its own margins; the next run has the settings' again.
-        if (r.omatReunat)
-            ResetReportFormulas();
     } catch (const RaporttiVirhe &e) {
         Tulostusvirhe(e.viesti());
     } catch (const HakuehtoVirhe &e) {
