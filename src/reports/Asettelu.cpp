@@ -313,6 +313,20 @@ private:
         }
         if (teksti.isEmpty())
             return;
+        if (k.kierto != 0) {
+            // One line along the box's height, as the giro slip's vertical title.
+            Tulostekohde t;
+            t.laji = KohdeLaji::Teksti;
+            t.alue = alue;
+            t.teksti = teksti.replace(QLatin1Char('\n'), QLatin1Char(' '));
+            t.fontti = vk.fontti;
+            t.tasaus = int(k.tasaus & Qt::AlignHorizontal_Mask);
+            t.vari = k.vari.rgba();
+            t.kierto = k.kierto;
+            il.kohteet.push_back(t);
+            il.kokonaissivut.push_back(vk.kokonaissivut);
+            return;
+        }
         Mittari &fm = m_mitat[size_t(vk.fontti)];
         const double rivivali = fm.fm().lineSpacing();
         // The mark of TotalPages is measured as if it were three digits wide.

@@ -18,6 +18,7 @@ struct Tulostekohde {
     float paksuus = 0;  // pen width of a line or box, twips
     QRgb vari = qRgb(0, 0, 0);
     QRgb tausta = 0;    // alpha 0: no fill
+    int kierto = 0;     // a text turned 90 (reading upwards) or 270 degrees within alue
 };
 
 struct Sivu {

@@ -375,7 +375,8 @@ private:
                 sallitut << QStringLiteral("tasaus") << QStringLiteral("pysty") << QStringLiteral("fontti")
                          << QStringLiteral("koko") << QStringLiteral("lihava") << QStringLiteral("kursiivi")
                          << QStringLiteral("alleviivattu") << QStringLiteral("muoto") << QStringLiteral("kasvaa")
-                         << QStringLiteral("rivita") << QStringLiteral("osiofontti") << QStringLiteral("tausta");
+                         << QStringLiteral("rivita") << QStringLiteral("osiofontti") << QStringLiteral("tausta")
+                         << QStringLiteral("kierto");
             attribuutit(sallitut);
             k.alue = QRectF(pituus("x"), pituus("y"), pituus("leveys"), pituus("korkeus"));
             if (k.alue.width() <= 0 || k.alue.height() <= 0)
@@ -401,6 +402,13 @@ private:
             k.kasvaa = totuus("kasvaa").value_or(false);
             k.rivita = k.kasvaa || totuus("rivita").value_or(false);
             k.osiofontti = totuus("osiofontti").value_or(true);
+            if (on("kierto")) {
+                k.kierto = arvo("kierto").trimmed().toInt();
+                if (k.kierto != 0 && k.kierto != 90 && k.kierto != 270)
+                    virhe(QStringLiteral("%1: kierto \"%2\" ei käy (0, 90 tai 270)").arg(k.tunnus, arvo("kierto")));
+                if (k.kierto != 0 && k.rivita)
+                    virhe(QStringLiteral("%1: käännetty teksti ei rivity").arg(k.tunnus));
+            }
             const QString kiintea = m_x.readElementText(QXmlStreamReader::ErrorOnUnexpectedElement);
             if (m_x.hasError())
                 virhe(QStringLiteral("XML-virhe: ") + m_x.errorString());

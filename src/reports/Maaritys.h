@@ -42,6 +42,7 @@ struct Kohde {
     bool kasvaa = false;      // a text wraps and grows downwards, the band with it
     bool rivita = false;      // a text wraps within its box (labels); kasvaa implies it
     bool osiofontti = true;   // section fonts handed in at run time apply
+    int kierto = 0;           // 90: a text reads upwards along its box's height, 270 downwards
     double paksuus = 10;      // line width in twips (half a point)
     QColor vari = Qt::black;
     QColor tausta;            // invalid: no fill

@@ -23,14 +23,29 @@ void piirraTeksti(QPainter &p, const Asiakirja &d, const Tulostekohde &k, std::v
     auto &fm = mitat[size_t(k.fontti)];
     if (!fm)
         fm.emplace(d.fontit[size_t(k.fontti)]);
-    double x = k.alue.left();
-    if (k.tasaus & (Qt::AlignRight | Qt::AlignHCenter)) {
-        const double vapaa = k.alue.width() - fm->horizontalAdvance(k.teksti);
-        x += (k.tasaus & Qt::AlignRight) ? vapaa : vapaa / 2;
-    }
     if (p.pen().color().rgba() != k.vari)
         p.setPen(QColor::fromRgba(k.vari));
-    p.drawText(QPointF(x, k.alue.top() + fm->ascent()), k.teksti);
+    // A turned text runs along the box's height; its alignment is along that length.
+    const double pituus = k.kierto ? k.alue.height() : k.alue.width();
+    double x = 0;
+    if (k.tasaus & (Qt::AlignRight | Qt::AlignHCenter)) {
+        const double vapaa = pituus - fm->horizontalAdvance(k.teksti);
+        x += (k.tasaus & Qt::AlignRight) ? vapaa : vapaa / 2;
+    }
+    if (k.kierto == 0) {
+        p.drawText(QPointF(k.alue.left() + x, k.alue.top() + fm->ascent()), k.teksti);
+        return;
+    }
+    p.save();
+    if (k.kierto == 90) {
+        p.translate(k.alue.bottomLeft());
+        p.rotate(-90);
+    } else {
+        p.translate(k.alue.topRight());
+        p.rotate(90);
+    }
+    p.drawText(QPointF(x, fm->ascent()), k.teksti);
+    p.restore();
 }
 
 // Content that no symbol can carry is drawn as text in a frame: it is never left out of the print.

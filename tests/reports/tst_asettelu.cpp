@@ -9,6 +9,8 @@
 #include "testipohja.h"
 
 #include <QCollator>
+#include <QImage>
+#include <QPainter>
 #include <QtTest>
 
 using namespace Qt::Literals::StringLiterals;
@@ -296,6 +298,34 @@ private slots:
             QVERIFY2(e.viesti().contains(osa), qPrintable(e.viesti()));
         }
         QVERIFY(!QFile::exists(r.PrintFileName)); // nothing half-printed
+    }
+
+    // A turned text reads along its box's height: painted upwards it stands tall and narrow.
+    void kaannettyTeksti()
+    {
+        LisaaGeneroidut(*d, 1);
+        const QString maaritys = tiedosto(env->path(u"pysty.rpt"_s), R"xml(<raportti><lahde taulu="jr"/>
+  <rivi korkeus="90"><teksti x="10" y="5" leveys="10" korkeus="80" koko="14" kierto="90">TILISIIRTO. GIRERING</teksti></rivi>
+</raportti>)xml");
+        const Asiakirja doc = laadi(kanta, maaritys);
+        QCOMPARE(doc.tekstit(0), QStringList{u"TILISIIRTO. GIRERING"_s});
+        QImage kuva(QSize(400, 800), QImage::Format_RGB32);
+        kuva.fill(Qt::white);
+        {
+            QPainter p(&kuva);
+            p.scale(100.0 / 1440, 100.0 / 1440);
+            PiirraSivu(p, doc, 0);
+        }
+        QRect muste;
+        for (int y = 0; y < kuva.height(); ++y)
+            for (int x = 0; x < kuva.width(); ++x)
+                if (qGray(kuva.pixel(x, y)) < 128)
+                    muste |= QRect(x, y, 1, 1);
+        QVERIFY2(muste.height() > 4 * muste.width(), qPrintable(u"%1 x %2"_s.arg(muste.width()).arg(muste.height())));
+        // Within its box (the report's own margins 15 and 12 mm), at 100 dots per inch.
+        const double piste = 100.0 / 1440;
+        const QRectF laatikko(mm(15 + 10) * piste, mm(12 + 5) * piste, mm(10) * piste, mm(80) * piste);
+        QVERIFY(laatikko.adjusted(-2, -2, 2, 2).contains(QRectF(muste)));
     }
 };
 
