@@ -247,8 +247,11 @@ private:
                 vk.kuva = k.teksti;
                 if (!vk.kuva.startsWith(QLatin1Char(':')) && QFileInfo(vk.kuva).isRelative())
                     vk.kuva = files::joinPath(files::programFolder(), vk.kuva);
-                if (!QFileInfo(vk.kuva).isFile())
-                    throw RaporttiVirhe(QStringLiteral("%1: kuvaa %2 ei löydy.").arg(missa, k.teksti));
+                if (!QFileInfo(vk.kuva).isFile()) {
+                    if (!k.valinnainen)
+                        throw RaporttiVirhe(QStringLiteral("%1: kuvaa %2 ei löydy.").arg(missa, k.teksti));
+                    continue; // the club has no logo: the page goes without it
+                }
             }
             v.kohteet.push_back(vk);
         }

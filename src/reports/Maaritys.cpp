@@ -368,7 +368,7 @@ private:
             if (k.laji == KohdeLaji::Laatikko)
                 sallitut << QStringLiteral("paksuus") << QStringLiteral("tausta");
             if (k.laji == KohdeLaji::Kuva)
-                sallitut << QStringLiteral("tiedosto");
+                sallitut << QStringLiteral("tiedosto") << QStringLiteral("valinnainen");
             if (k.laji == KohdeLaji::Teksti || k.laji == KohdeLaji::Viivakoodi || k.laji == KohdeLaji::QrKoodi)
                 sallitut << QStringLiteral("lauseke");
             if (k.laji == KohdeLaji::Teksti)
@@ -420,6 +420,8 @@ private:
             virhe(QStringLiteral("%1: lauseke puuttuu").arg(k.tunnus));
         if (k.laji == KohdeLaji::Kuva && k.teksti.isEmpty())
             virhe(QStringLiteral("%1: kuvan tiedosto puuttuu").arg(k.tunnus));
+        if (k.laji == KohdeLaji::Kuva)
+            k.valinnainen = totuus("valinnainen").value_or(false);
         loppuun();
         return k;
     }

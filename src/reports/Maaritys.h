@@ -43,6 +43,7 @@ struct Kohde {
     bool rivita = false;      // a text wraps within its box (labels); kasvaa implies it
     bool osiofontti = true;   // section fonts handed in at run time apply
     int kierto = 0;           // 90: a text reads upwards along its box's height, 270 downwards
+    bool valinnainen = false; // an image that may be missing (a club's logo): then left out
     double paksuus = 10;      // line width in twips (half a point)
     QColor vari = Qt::black;
     QColor tausta;            // invalid: no fill

@@ -247,6 +247,14 @@ private slots:
         QVERIFY(k[1].laji == KohdeLaji::Viivakoodi && k[1].teksti == u"41"_s);
         QVERIFY(k[2].laji == KohdeLaji::QrKoodi && k[2].teksti == GeneroituJasen(0).sukunimi);
         KirjoitaPdf(doc, env->path(u"kortti.pdf"_s)); // codes and images reach the PDF without a fault
+        // A logo the club may not have: without the file the page goes without it.
+        QFile::remove(env->programFolder() + u"/logo.png"_s);
+        tiedosto(env->programFolder() + u"/jrluetlo.rpt"_s,
+            "<raportti><lahde taulu=\"jr\"/><rivi korkeus=\"20\"><kuva x=\"0\" y=\"0\" leveys=\"20\" korkeus=\"10\" "
+            "tiedosto=\"logo.png\" valinnainen=\"kyllä\"/><teksti x=\"0\" y=\"12\" leveys=\"50\" korkeus=\"5\">Lasku</teksti>"
+            "</rivi></raportti>");
+        QCOMPARE(laadi(kanta, u"jrluetlo"_s).tekstit(0), QStringList{u"Lasku"_s});
+        QCOMPARE(int(laadi(kanta, u"jrluetlo"_s).sivut.at(0).kohteet.size()), 1);
     }
 
     // A broken definition is told by file and item; a run with no rows or a missing report
