@@ -48,6 +48,24 @@ QString RivienLoppusumma(const std::array<PerusLaskurivi, 4> &rivit)
     return summa.toString(2) + QStringLiteral(" €");
 }
 
+UusiLasku YhteisetTiedot(const LaskunYlatiedot &y, const LaskunPaivat &paivat, qint64 meID)
+{
+    UusiLasku lasku;
+    lasku.erapaiva = paivat.erapaiva;
+    lasku.laskupaiva = paivat.laskupaiva;
+    lasku.teksti = y.tAiheTeksti;
+    lasku.otsake = y.cmbMaksunOtsake;
+    lasku.meID = meID;
+    lasku.eiViitetta = y.chkEiViitetta;
+    lasku.jasenmaksu = y.chkJasenmaksu;
+    lasku.eiLoppusummaa = y.chkEiLoppusummaa;
+    lasku.kaytaPankkitili1 = y.chkVainValittuTilinumero;
+    lasku.pankkitili1 = y.chkVainValittuTilinumero ? y.valittuTilinumero() : QString();
+    return lasku;
+}
+
+QString EiLaskutettaviaViesti() { return QStringLiteral("Ei löydy jäseniä, joille voi tehdä laskun."); }
+
 QString LisattyViesti(long laskuja)
 {
     return laskuja == 1 ? QStringLiteral("Lisätty 1 lasku.") : QStringLiteral("Lisätty %1 laskua.").arg(laskuja);
@@ -77,7 +95,6 @@ Laskutustulos lisaa(const Ajo &ajo, const MaksujenLuontiLomake &l, bool jasenikk
         tulos.virhe = Laskutusvirhe{QStringLiteral("Syötetyn summan muoto ei ole kelvollinen."), QStringLiteral("tSumma")};
         return tulos;
     }
-    const QString tili = l.chkVainValittuTilinumero ? l.valittuTilinumero() : QString();
 
     db::Transaction tx(db);
     const qint64 meID = LisaaViesti(db, l.tLisatietoja);
@@ -86,22 +103,12 @@ Laskutustulos lisaa(const Ajo &ajo, const MaksujenLuontiLomake &l, bool jasenikk
     const QVector<Laskutettava> henkilot = Laskutettavat(db, l.saajat);
     if (henkilot.isEmpty()) {
         tx.commit();
-        tulos.viesti = QStringLiteral("Ei löydy jäseniä, joille voi tehdä laskun.");
+        tulos.viesti = EiLaskutettaviaViesti();
         return tulos;
     }
 
-    UusiLasku lasku;
-    lasku.erapaiva = paivat.erapaiva;
-    lasku.laskupaiva = paivat.laskupaiva;
+    UusiLasku lasku = YhteisetTiedot(l, paivat, meID);
     lasku.hinta = *yhteensa;
-    lasku.teksti = l.tAiheTeksti;
-    lasku.otsake = l.cmbMaksunOtsake;
-    lasku.meID = meID;
-    lasku.eiViitetta = l.chkEiViitetta;
-    lasku.jasenmaksu = l.chkJasenmaksu;
-    lasku.eiLoppusummaa = l.chkEiLoppusummaa;
-    lasku.kaytaPankkitili1 = l.chkVainValittuTilinumero;
-    lasku.pankkitili1 = tili;
 
     // The counter moves once at the end, inside the same transaction: the numbers given are
     // those it would have given one by one, and a rollback takes them all back.

@@ -3,6 +3,7 @@
 // counter; a run stopped or failed half way leaves the database as it was.
 #pragma once
 
+#include "invoicing/Laskut.h"
 #include "invoicing/Laskutusehdot.h"
 #include "platform/ajo.h"
 
@@ -20,6 +21,14 @@ Laskutustulos LisaaMyyntilajeittain(const Ajo &ajo, const ProMaksujenLuontiLomak
 
 // "Lisätty 1 lasku." / "Lisätty N laskua."
 QString LisattyViesti(long laskuja);
+
+// What every invoice of a run shares, from the window's header: dates, texts, the run's
+// message, the boxes and the chosen account. Each run adds the payer, number, reference, total
+// and its kind.
+UusiLasku YhteisetTiedot(const LaskunYlatiedot &y, const LaskunPaivat &paivat, qint64 meID);
+
+// "Ei löydy jäseniä, joille voi tehdä laskun." — a run that found nobody to invoice.
+QString EiLaskutettaviaViesti();
 
 // The total the window keeps in tSumma: the rows in use whose amount is a number, "12,50 €".
 QString RivienLoppusumma(const std::array<PerusLaskurivi, 4> &rivit);

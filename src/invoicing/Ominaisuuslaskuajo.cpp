@@ -81,21 +81,11 @@ Laskutustulos LisaaOminaisuuslaskut(const Ajo &ajo, const OminaisuusAjo &l, bool
     const QVector<Laskutettava> henkilot = Laskutettavat(db, saajat);
     if (henkilot.isEmpty()) {
         tx.commit();
-        tulos.viesti = QStringLiteral("Ei löydy jäseniä, joille voi tehdä laskun.");
+        tulos.viesti = EiLaskutettaviaViesti();
         return tulos;
     }
-    UusiLasku lasku;
-    lasku.erapaiva = paivat.erapaiva;
-    lasku.laskupaiva = paivat.laskupaiva;
-    lasku.teksti = l.tAiheTeksti;
-    lasku.otsake = l.cmbMaksunOtsake;
-    lasku.meID = meID;
+    UusiLasku lasku = YhteisetTiedot(l, paivat, meID);
     lasku.omin = true;
-    lasku.eiViitetta = l.chkEiViitetta;
-    lasku.jasenmaksu = l.chkJasenmaksu;
-    lasku.eiLoppusummaa = l.chkEiLoppusummaa;
-    lasku.kaytaPankkitili1 = l.chkVainValittuTilinumero;
-    lasku.pankkitili1 = l.chkVainValittuTilinumero ? l.valittuTilinumero() : QString();
 
     Laskukirjoitin kirjoitin(db);
     db::Statement arvot(db, QStringLiteral("SELECT ptValLong, ptValCurrency FROM pt WHERE ptjrID = ? AND ptpiID = ? ORDER BY ptID"),

@@ -114,21 +114,11 @@ Laskutustulos LisaaPerhelaskut(const Ajo &ajo, const PerheLomake &l, bool jaseni
     const QVector<Laskutettava> henkilot = maksajat(db, l.saajat);
     if (henkilot.isEmpty()) {
         tx.commit();
-        tulos.viesti = QStringLiteral("Ei löydy jäseniä, joille voi tehdä laskun.");
+        tulos.viesti = EiLaskutettaviaViesti();
         return tulos;
     }
-    UusiLasku lasku;
-    lasku.erapaiva = paivat.erapaiva;
-    lasku.laskupaiva = paivat.laskupaiva;
-    lasku.teksti = l.tAiheTeksti;
-    lasku.otsake = l.cmbMaksunOtsake;
-    lasku.meID = meID;
+    UusiLasku lasku = YhteisetTiedot(l, paivat, meID);
     lasku.perhe = true;
-    lasku.eiViitetta = l.chkEiViitetta;
-    lasku.jasenmaksu = l.chkJasenmaksu;
-    lasku.eiLoppusummaa = l.chkEiLoppusummaa;
-    lasku.kaytaPankkitili1 = l.chkVainValittuTilinumero;
-    lasku.pankkitili1 = l.chkVainValittuTilinumero ? l.valittuTilinumero() : QString();
 
     const qint64 ensimmainen = MainModule::Laskunro;
     Laskukirjoitin kirjoitin(db);

@@ -105,7 +105,6 @@ int Laskutus(Yhteys &y)
     const auto valmista = [&](auto &lomake) {
         avattuna(lomake, y.ajo.tanaan);
         lomake.saajat = *kenelle;
-        return true;
     };
     if (pohja->Laskutyyppi() == laskupohja::Perhe) {
         PerheLomake l;

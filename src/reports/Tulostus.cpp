@@ -106,7 +106,10 @@ bool HyvaksyTulostusasetukset(int laite, const QString &kopioita)
     return true;
 }
 
-void AjaRaportti(const QString &tiedosto)
+namespace {
+
+// The engine made ready for a report of the program's folder, to the chosen destination.
+Raporttiajo &valmisteleAjo(const QString &tiedosto)
 {
     ResetReportFormulas();
     Raporttiajo &r = Raportti();
@@ -114,6 +117,14 @@ void AjaRaportti(const QString &tiedosto)
     r.CopiesToPrinter = Kopiot;
     r.ReportFileName = files::joinPath(files::programFolder(), tiedosto);
     AsetaOsioFontit(false, false);
+    return r;
+}
+
+} // namespace
+
+void AjaRaportti(const QString &tiedosto)
+{
+    Raporttiajo &r = valmisteleAjo(tiedosto);
     if (SaaSeuranNimen(tiedosto))
         r.Formulas[0] = KaavaTeksti(QStringLiteral("Seurannimi"), RegName);
     r.setAction(1);
@@ -121,12 +132,7 @@ void AjaRaportti(const QString &tiedosto)
 
 void AjaListaraportti(const QString &tiedosto, const QString &otsikko, const QString &lajittelu)
 {
-    ResetReportFormulas();
-    Raporttiajo &r = Raportti();
-    r.Destination = TulostusLaite;
-    r.CopiesToPrinter = Kopiot;
-    r.ReportFileName = files::joinPath(files::programFolder(), tiedosto);
-    AsetaOsioFontit(false, false);
+    Raporttiajo &r = valmisteleAjo(tiedosto);
     r.Formulas[0] = KaavaTeksti(QStringLiteral("Seurannimi"), RegName);
     if (!otsikko.isEmpty())
         r.Formulas[1] = KaavaTeksti(QStringLiteral("Otsikko"), otsikko);

@@ -4,6 +4,7 @@
 #include "core/ui/Tietueikkuna.h"
 #include "invoicing/LaskupohjaKaytto.h"
 #include "invoicing/Laskutuslistat.h"
+#include "invoicing/ui/Lomakekentat.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -13,29 +14,8 @@
 #include <QLineEdit>
 #include <QPointer>
 
-namespace {
-
-QLineEdit *kentta(QWidget *parent, const QString &nimi, int pituus, int leveys = 0)
-{
-    auto *t = new QLineEdit(parent);
-    t->setObjectName(nimi);
-    t->setMaxLength(pituus);
-    if (leveys > 0) {
-        t->setMaximumWidth(leveys);
-        t->setAlignment(Qt::AlignRight);
-    }
-    return t;
-}
-
-QCheckBox *ruutu(QWidget *parent, const QString &nimi, const QString &vihje)
-{
-    auto *c = new QCheckBox(parent);
-    c->setObjectName(nimi);
-    c->setToolTip(vihje);
-    return c;
-}
-
-} // namespace
+using lomake::kentta;
+using lomake::ruutu;
 
 frmOminLasku::frmOminLasku(QWidget *parent)
     : Laskutusikkuna(parent, {"frmOminLasku", QStringLiteral("Ominaisuuslaskutus"), Laskuikkuna::Ominaisuus,
@@ -57,12 +37,12 @@ QWidget *frmOminLasku::rakennaRivit()
         cmbOminaisuus[i]->setObjectName(QStringLiteral("cmbOminaisuus%1").arg(i));
         cmbOminaisuus[i]->setMinimumContentsLength(16);
         cmbOminaisuus[i]->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-        chkLkm[i] = ruutu(ryhma, QStringLiteral("chkLkm%1").arg(i), QStringLiteral("Lukumäärä jäsenen ominaisuudesta, hinta tästä"));
+        chkLkm[i] = ruutu(ryhma, QStringLiteral("chkLkm%1").arg(i), {}, QStringLiteral("Lukumäärä jäsenen ominaisuudesta, hinta tästä"));
         tAHinta[i] = kentta(ryhma, QStringLiteral("tAHinta%1").arg(i), 20, 90);
-        chkHinta[i] = ruutu(ryhma, QStringLiteral("chkHinta%1").arg(i), QStringLiteral("Hinta jäsenen ominaisuudesta, lukumäärä tästä"));
+        chkHinta[i] = ruutu(ryhma, QStringLiteral("chkHinta%1").arg(i), {}, QStringLiteral("Hinta jäsenen ominaisuudesta, lukumäärä tästä"));
         tLkm[i] = kentta(ryhma, QStringLiteral("tLkm%1").arg(i), 20, 70);
         tMinimi[i] = kentta(ryhma, QStringLiteral("tMinimi%1").arg(i), 20, 90);
-        chkNollat[i] = ruutu(ryhma, QStringLiteral("chkNollat%1").arg(i), QStringLiteral("Tee rivi myös, kun sen summa on nolla"));
+        chkNollat[i] = ruutu(ryhma, QStringLiteral("chkNollat%1").arg(i), {}, QStringLiteral("Tee rivi myös, kun sen summa on nolla"));
         tAiheTeksti[i] = kentta(ryhma, QStringLiteral("tAiheTeksti%1").arg(i), 255);
         tAiheTeksti[i]->setToolTip(QStringLiteral("<OM.LKM:0> tuo tekstiin jäsenen lukumäärän ja <OM.ARVO:0> arvon"));
         const int r = i + 1;

@@ -4,6 +4,7 @@
 #include "core/ui/Tietueikkuna.h"
 #include "invoicing/LaskupohjaKaytto.h"
 #include "invoicing/Laskutuslistat.h"
+#include "invoicing/ui/Lomakekentat.h"
 #include "invoicing/Perhelaskuajo.h"
 
 #include <QCheckBox>
@@ -13,28 +14,8 @@
 #include <QLineEdit>
 #include <QPointer>
 
-namespace {
-
-QLineEdit *kentta(QWidget *parent, const QString &nimi, int pituus, int leveys = 0)
-{
-    auto *t = new QLineEdit(parent);
-    t->setObjectName(nimi);
-    t->setMaxLength(pituus);
-    if (leveys > 0) {
-        t->setMaximumWidth(leveys);
-        t->setAlignment(Qt::AlignRight);
-    }
-    return t;
-}
-
-QCheckBox *ruutu(QWidget *parent, const QString &nimi, const QString &teksti = {})
-{
-    auto *c = new QCheckBox(teksti, parent);
-    c->setObjectName(nimi);
-    return c;
-}
-
-} // namespace
+using lomake::kentta;
+using lomake::ruutu;
 
 frmPerhelasku::frmPerhelasku(QWidget *parent)
     : Laskutusikkuna(parent, {"frmPerhelasku", QStringLiteral("Perhelaskutus"), Laskuikkuna::Perhe, QStringLiteral("Perhe:"),
