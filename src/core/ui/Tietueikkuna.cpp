@@ -5,6 +5,7 @@
 #include "platform/dialogs.h"
 #include "platform/recordset.h"
 
+#include <QHBoxLayout>
 #include <QAbstractSpinBox>
 #include <QAction>
 #include <QApplication>
@@ -62,6 +63,20 @@ QToolButton *KomentoPainike(QWidget *ikkuna, QList<QAction *> &komennot, const c
     b->setToolButtonStyle(Qt::ToolButtonTextOnly);
     b->setMinimumWidth(64);
     return b;
+}
+
+QHBoxLayout *KomentoRivi(std::initializer_list<QToolButton *> komennot, std::initializer_list<QToolButton *> siirrot,
+                         QToolButton *sulje)
+{
+    auto *rivi = new QHBoxLayout;
+    for (QToolButton *b : komennot)
+        rivi->addWidget(b);
+    rivi->addSpacing(12);
+    for (QToolButton *b : siirrot)
+        rivi->addWidget(b);
+    rivi->addStretch(1);
+    rivi->addWidget(sulje);
+    return rivi;
 }
 
 std::array<QToolButton *, 4> SiirtoPainikkeet(QWidget *ikkuna, QList<QAction *> &komennot,

@@ -16,6 +16,7 @@
 #include <memory>
 
 class QAction;
+class QHBoxLayout;
 class QToolButton;
 
 namespace db {
@@ -73,6 +74,10 @@ QToolButton *KomentoPainike(QWidget *ikkuna, QList<QAction *> &komennot, const c
 // The four moves as arrow buttons made by KomentoPainike, each running `siirry` with its move.
 std::array<QToolButton *, 4> SiirtoPainikkeet(QWidget *ikkuna, QList<QAction *> &komennot,
                                               const std::function<void(Siirto)> &siirry);
+
+// A record window's row of buttons: its commands, a gap, the four moves, and Sulje at the right.
+QHBoxLayout *KomentoRivi(std::initializer_list<QToolButton *> komennot, std::initializer_list<QToolButton *> siirrot,
+                         QToolButton *sulje);
 
 // One move on a recordset. Previous at the first row and next at the last stay there and beep,
 // as previous and next in an empty set do; first and last in an empty set do nothing.

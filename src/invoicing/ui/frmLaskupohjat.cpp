@@ -90,14 +90,8 @@ void frmLaskupohjat::rakenna()
     connect(tvwLista, &QTreeWidget::currentItemChanged, this, [this] { puustaValittu(tvwLista->currentItem()); },
             Qt::QueuedConnection);
 
-    auto *napit = new QHBoxLayout;
-    for (QToolButton *b : {cUusi, cTallenna, cPoista, cSelaa, cPeru})
-        napit->addWidget(b);
-    napit->addSpacing(12);
-    for (QToolButton *b : {cEnsimmainen, cEdellinen, cSeuraava, cViimeinen})
-        napit->addWidget(b);
-    napit->addStretch(1);
-    napit->addWidget(cSulje);
+    QHBoxLayout *napit = tietue::KomentoRivi({cUusi, cTallenna, cPoista, cSelaa, cPeru},
+                                              {cEnsimmainen, cEdellinen, cSeuraava, cViimeinen}, cSulje);
 
     frameLaskutyypit = new QStackedWidget(this);
     frameLaskutyyppi = {rakennaPerusrivit(), rakennaPerherivit(), rakennaOminaisuusrivit()};

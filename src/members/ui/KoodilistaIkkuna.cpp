@@ -72,14 +72,8 @@ void KoodilistaIkkuna::rakenna(const Tekstit &t)
     connect(tvwLista, &QTreeWidget::currentItemChanged, this, [this] { puustaValittu(tvwLista->currentItem()); },
             Qt::QueuedConnection);
 
-    auto *komennot = new QHBoxLayout;
-    for (QToolButton *b : {cUusi, cTallenna, cPoista, cSelaa, cPeru})
-        komennot->addWidget(b);
-    komennot->addSpacing(12);
-    for (QToolButton *b : {cEnsimmainen, cEdellinen, cSeuraava, cViimeinen})
-        komennot->addWidget(b);
-    komennot->addStretch(1);
-    komennot->addWidget(cSulje);
+    QHBoxLayout *komennot = tietue::KomentoRivi({cUusi, cTallenna, cPoista, cSelaa, cPeru},
+                                              {cEnsimmainen, cEdellinen, cSeuraava, cViimeinen}, cSulje);
 
     m_kentat = new QFormLayout;
     m_kentat->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);

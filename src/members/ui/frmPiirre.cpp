@@ -125,14 +125,8 @@ void frmPiirre::rakenna()
     kentat->addWidget(oletukset, 2, 0, 1, 2);
     kentat->setRowStretch(2, 1);
 
-    auto *napit = new QHBoxLayout;
-    for (QToolButton *b : {cUusi, cTallenna, cPoista, cSelaa, cPeru})
-        napit->addWidget(b);
-    napit->addSpacing(12);
-    for (QToolButton *b : {cEnsimmainen, cEdellinen, cSeuraava, cViimeinen})
-        napit->addWidget(b);
-    napit->addStretch(1);
-    napit->addWidget(cSulje);
+    QHBoxLayout *napit = tietue::KomentoRivi({cUusi, cTallenna, cPoista, cSelaa, cPeru},
+                                              {cEnsimmainen, cEdellinen, cSeuraava, cViimeinen}, cSulje);
 
     auto *runko = new QHBoxLayout;
     runko->addWidget(tvwPiirteet, 2);
