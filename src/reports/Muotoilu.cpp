@@ -1,5 +1,8 @@
 #include "reports/Muotoilu.h"
 
+#include "invoicing/Iban.h"
+#include "invoicing/Maksuviite.h"
+
 #include <QLocale>
 #include <cmath>
 
@@ -9,28 +12,6 @@ const QLocale &suomi()
 {
     static const QLocale l(QLocale::Finnish, QLocale::Finland);
     return l;
-}
-
-QString ryhmittele(const QString &teksti, int koko, bool oikealta)
-{
-    QString tulos;
-    const int n = int(teksti.size());
-    for (int i = 0; i < n; ++i) {
-        const int kohta = oikealta ? n - i : i;
-        if (i > 0 && kohta % koko == 0)
-            tulos += QLatin1Char(' ');
-        tulos += teksti[i];
-    }
-    return tulos;
-}
-
-QString ilmanValeja(const QString &s)
-{
-    QString t;
-    for (QChar c : s)
-        if (!c.isSpace())
-            t += c;
-    return t;
 }
 
 } // namespace
@@ -85,19 +66,6 @@ QString RahaTekstina(const Currency &c)
     return suomi().toString(double(c.roundedToCents().raw()) / Currency::Scale, 'f', 2);
 }
 
-QString ViiteTulosteeseen(const QString &viite)
-{
-    const QString v = ilmanValeja(viite);
-    if (v.startsWith(QLatin1String("RF"), Qt::CaseInsensitive))
-        return ryhmittele(v.toUpper(), 4, false);
-    return ryhmittele(v, 5, true);
-}
-
-QString IbanTulosteeseen(const QString &tili)
-{
-    return ryhmittele(ilmanValeja(tili).toUpper(), 4, false);
-}
-
 QString Muotoile(const Arvo &arvo, Muoto muoto)
 {
     if (onTyhja(arvo))
@@ -121,7 +89,7 @@ QString Muotoile(const Arvo &arvo, Muoto muoto)
     case Muoto::Pvm:
         break; // dates print as d.M.yyyy already; other values as they are
     case Muoto::Viite:
-        return ViiteTulosteeseen(ArvoTekstina(arvo));
+        return MaksuviiteTulosteeseen(ArvoTekstina(arvo));
     case Muoto::Iban:
         return IbanTulosteeseen(ArvoTekstina(arvo));
     case Muoto::Kokonaisluku:

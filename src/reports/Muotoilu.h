@@ -23,7 +23,3 @@ std::optional<Muoto> MuotoNimesta(const QString &nimi);
 QString Muotoile(const Arvo &arvo, Muoto muoto);
 
 QString RahaTekstina(const Currency &c);
-// Digits in groups of five from the right; an RF reference in groups of four from the left.
-QString ViiteTulosteeseen(const QString &viite);
-// Groups of four from the left, spaces removed first.
-QString IbanTulosteeseen(const QString &tili);
