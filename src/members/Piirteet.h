@@ -2,6 +2,7 @@
 // everything attached, and the clean-up of attachments whose definition is gone.
 #pragma once
 
+#include "core/ListaRivi.h"
 #include "members/PiirreArvot.h"
 #include "platform/database.h"
 
@@ -13,11 +14,6 @@ namespace db {
 class Recordset;
 }
 
-// One row of a list: the item data (piID, ptID or jrID) and the text shown.
-struct ListaRivi {
-    qint64 id = 0;
-    QString teksti;
-};
 
 // The definitions by name, as "SELECT * FROM pi ORDER BY piNimi" lists them. With
 // `poistaTyhjat` the blank definitions are deleted first, as the windows that list

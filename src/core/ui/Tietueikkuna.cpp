@@ -5,16 +5,17 @@
 #include "platform/dialogs.h"
 #include "platform/recordset.h"
 
-#include <QHBoxLayout>
 #include <QAbstractSpinBox>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTextEdit>
 #include <QToolButton>
+#include <QTreeWidget>
 
 namespace tietue {
 
@@ -63,6 +64,41 @@ QToolButton *KomentoPainike(QWidget *ikkuna, QList<QAction *> &komennot, const c
     b->setToolButtonStyle(Qt::ToolButtonTextOnly);
     b->setMinimumWidth(64);
     return b;
+}
+
+void TaytaLuettelo(QTreeWidget *puu, const QVector<QPair<QVariant, QString>> &rivit)
+{
+    puu->clear();
+    QList<QTreeWidgetItem *> solmut;
+    solmut.reserve(rivit.size());
+    for (const auto &[avain, teksti] : rivit) {
+        auto *s = new QTreeWidgetItem(QStringList{teksti});
+        s->setData(0, Qt::UserRole, avain);
+        solmut << s;
+    }
+    puu->addTopLevelItems(solmut);
+}
+
+QTreeWidgetItem *LuettelonSolmu(const QTreeWidget *puu, const QVariant &avain)
+{
+    if (!avain.isValid())
+        return nullptr;
+    // As text: a postal code "00100" is not "100".
+    const QString haettu = avain.toString();
+    for (int i = 0; i < puu->topLevelItemCount(); ++i)
+        if (puu->topLevelItem(i)->data(0, Qt::UserRole).toString() == haettu)
+            return puu->topLevelItem(i);
+    return nullptr;
+}
+
+void NaytaLuettelossa(QTreeWidget *puu, const QVariant &avain)
+{
+    QTreeWidgetItem *s = LuettelonSolmu(puu, avain);
+    puu->setCurrentItem(s);
+    if (s)
+        puu->scrollToItem(s);
+    else
+        puu->clearSelection();
 }
 
 QHBoxLayout *KomentoRivi(std::initializer_list<QToolButton *> komennot, std::initializer_list<QToolButton *> siirrot,

@@ -7,8 +7,11 @@
 
 #include <QKeySequence>
 #include <QObject>
+#include <QPair>
 #include <QPointer>
 #include <QStyle>
+#include <QVariant>
+#include <QVector>
 #include <QWidget>
 #include <array>
 #include <exception>
@@ -18,6 +21,8 @@
 class QAction;
 class QHBoxLayout;
 class QToolButton;
+class QTreeWidget;
+class QTreeWidgetItem;
 
 namespace db {
 class Recordset;
@@ -78,6 +83,17 @@ std::array<QToolButton *, 4> SiirtoPainikkeet(QWidget *ikkuna, QList<QAction *> 
 // A record window's row of buttons: its commands, a gap, the four moves, and Sulje at the right.
 QHBoxLayout *KomentoRivi(std::initializer_list<QToolButton *> komennot, std::initializer_list<QToolButton *> siirrot,
                          QToolButton *sulje);
+
+// ---- The list of records beside the fields ---------------------------------------------------
+
+// Fills a flat tree with one node a record: its text, and its key (an id, or a postal code) in
+// Qt::UserRole. The tree's own signals are the caller's to silence.
+void TaytaLuettelo(QTreeWidget *puu, const QVector<QPair<QVariant, QString>> &rivit);
+// The node of a key; nullptr when the record is not listed.
+QTreeWidgetItem *LuettelonSolmu(const QTreeWidget *puu, const QVariant &avain);
+// Makes the record's node current and shows it; an unlisted or unsaved record (invalid key)
+// leaves nothing selected.
+void NaytaLuettelossa(QTreeWidget *puu, const QVariant &avain);
 
 // One move on a recordset. Previous at the first row and next at the last stay there and beep,
 // as previous and next in an empty set do; first and last in an empty set do nothing.

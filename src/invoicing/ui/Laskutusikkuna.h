@@ -19,7 +19,7 @@ class QPlainTextEdit;
 class QProgressBar;
 class QPushButton;
 class QToolButton;
-class Nimimalli;
+class ListaMalli;
 
 class Laskutusikkuna : public QMainWindow {
     Q_OBJECT
@@ -97,7 +97,7 @@ private:
     void poista();
     void tulostaLista(const QString &tiedosto, const QString &otsikko);
 
-    Nimimalli *m_nimet = nullptr;
+    ListaMalli *m_nimet = nullptr;
     bool m_ajossa = false; // a run's transaction is open: no second run, no closing
     QList<QAction *> m_komennot;
     QVector<QWidget *> m_ajonAikanaPois;

@@ -11,7 +11,7 @@
 #include "invoicing/Jasenmaksuajo.h"
 #include "invoicing/Laskuera.h"
 #include "invoicing/Laskutuslistat.h"
-#include "invoicing/ui/Nimimalli.h"
+#include "core/ui/ListaMalli.h"
 #include "members/ui/frmJasen.h"
 #include "platform/arvot.h"
 #include "platform/kello.h"
@@ -181,7 +181,7 @@ void Laskutusikkuna::nimiLahtiessa()
 void Laskutusikkuna::taytaNimet(db::Database &d)
 {
     if (!m_nimet) {
-        m_nimet = new Nimimalli(cmbNimet);
+        m_nimet = new ListaMalli(cmbNimet);
         cmbNimet->setModel(m_nimet);
     }
     m_nimet->aseta(nimet(d));

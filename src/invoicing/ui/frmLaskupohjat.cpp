@@ -28,15 +28,6 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-namespace {
-
-constexpr int IdRooli = Qt::UserRole;
-constexpr int AvainRooli = Qt::UserRole + 1; // the node key: "ID" + id
-
-QString solmuavain(qint64 id) { return QStringLiteral("ID") + QString::number(id); }
-
-} // namespace
-
 frmLaskupohjat::frmLaskupohjat(QWidget *parent) : QDialog(parent), m_pohja(std::make_unique<cLaskupohja>())
 {
     setObjectName(QStringLiteral("frmLaskupohjat"));
@@ -360,39 +351,20 @@ void frmLaskupohjat::rakennaPuu()
     try {
         cLaskupohjat kaikki;
         kaikki.Lataa(MainModule::DatabasePath, -1);
-        QList<QTreeWidgetItem *> solmut;
-        for (int i = 0; i < kaikki.Count(); ++i) {
-            const cLaskupohja &p = kaikki.Item(i);
-            auto *s = new QTreeWidgetItem(QStringList{p.Nimi()});
-            s->setData(0, IdRooli, qlonglong(p.ID()));
-            s->setData(0, AvainRooli, solmuavain(p.ID()));
-            solmut << s;
-        }
-        tvwLista->addTopLevelItems(solmut);
+        QVector<QPair<QVariant, QString>> rivit;
+        for (int i = 0; i < kaikki.Count(); ++i)
+            rivit.append({qlonglong(kaikki.Item(i).ID()), kaikki.Item(i).Nimi()});
+        tietue::TaytaLuettelo(tvwLista, rivit);
     } catch (const std::exception &) {
         Ilmoita(QStringLiteral("Virhe luotaessa hakemistopuuta laskupohjista."));
     }
     m_naytetaan = naytetaan;
 }
 
-QTreeWidgetItem *frmLaskupohjat::solmu(qint64 id) const
-{
-    const QString haettu = solmuavain(id);
-    for (int i = 0; i < tvwLista->topLevelItemCount(); ++i)
-        if (tvwLista->topLevelItem(i)->data(0, AvainRooli).toString() == haettu)
-            return tvwLista->topLevelItem(i);
-    return nullptr;
-}
-
 void frmLaskupohjat::valitseSolmu()
 {
     m_naytetaan = true;
-    QTreeWidgetItem *s = m_pohja->ID() != 0 ? solmu(m_pohja->ID()) : nullptr;
-    tvwLista->setCurrentItem(s);
-    if (s)
-        tvwLista->scrollToItem(s);
-    else
-        tvwLista->clearSelection();
+    tietue::NaytaLuettelossa(tvwLista, m_pohja->ID() != 0 ? QVariant(qlonglong(m_pohja->ID())) : QVariant());
     m_naytetaan = false;
 }
 
@@ -400,7 +372,7 @@ void frmLaskupohjat::nimiMuuttui()
 {
     if (m_pohja->ID() == 0)
         return;
-    if (QTreeWidgetItem *s = solmu(m_pohja->ID()))
+    if (QTreeWidgetItem *s = tietue::LuettelonSolmu(tvwLista, qlonglong(m_pohja->ID())))
         s->setText(0, m_pohja->Nimi());
 }
 
@@ -408,7 +380,7 @@ void frmLaskupohjat::puustaValittu(QTreeWidgetItem *s)
 {
     if (m_naytetaan || !s)
         return;
-    const qint64 id = s->data(0, IdRooli).toLongLong();
+    const qint64 id = s->data(0, Qt::UserRole).toLongLong();
     if (id == m_pohja->ID())
         return;
     if (!tallennaKesken()) {
@@ -465,7 +437,7 @@ void frmLaskupohjat::poista()
     odota.SetCursor(this, Qt::WaitCursor);
     const qint64 id = m_pohja->ID();
     m_pohja->Delete();
-    delete solmu(id);
+    delete tietue::LuettelonSolmu(tvwLista, qlonglong(id));
     m_pohja->GetFirst();
     nayta(true);
 }

@@ -88,7 +88,6 @@ private:
     void naytaLaji(int laskutyyppi);
     void paivitaPainikkeet();
     void rakennaPuu();
-    QTreeWidgetItem *solmu(qint64 id) const;
     void valitseSolmu();
     void nimiMuuttui();
 

@@ -16,15 +16,6 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-namespace {
-
-constexpr int AvainRooli = Qt::UserRole;      // the key as the record object reads it
-constexpr int SolmuRooli = Qt::UserRole + 1;  // the node key: the key followed by "ID"
-
-QString solmuavain(const QVariant &avain) { return avain.toString() + QStringLiteral("ID"); }
-
-} // namespace
-
 KoodilistaIkkuna::KoodilistaIkkuna(QWidget *parent, const char *nimi, const Tekstit &tekstit, cKoodirivi *olio)
     : QWidget(parent, Qt::Window), curMainObject(olio), m_poistokysymys(tekstit.poistokysymys)
 {
@@ -122,27 +113,13 @@ bool KoodilistaIkkuna::lataa()
     });
 }
 
-QTreeWidgetItem *KoodilistaIkkuna::solmu(const QVariant &avain) const
-{
-    const QString haettu = solmuavain(avain);
-    for (int i = 0; i < tvwLista->topLevelItemCount(); ++i)
-        if (tvwLista->topLevelItem(i)->data(0, SolmuRooli).toString() == haettu)
-            return tvwLista->topLevelItem(i);
-    return nullptr;
-}
-
 void KoodilistaIkkuna::rakennaPuu()
 {
     m_naytetaan = true;
-    tvwLista->clear();
-    QList<QTreeWidgetItem *> solmut;
-    for (const KoodilistanRivi &r : curMainObject->Luettelo()) {
-        auto *s = new QTreeWidgetItem(QStringList{r.teksti});
-        s->setData(0, AvainRooli, r.avain);
-        s->setData(0, SolmuRooli, solmuavain(r.avain));
-        solmut << s;
-    }
-    tvwLista->addTopLevelItems(solmut);
+    QVector<QPair<QVariant, QString>> rivit;
+    for (const KoodilistanRivi &r : curMainObject->Luettelo())
+        rivit.append({r.avain, r.teksti});
+    tietue::TaytaLuettelo(tvwLista, rivit);
     m_naytetaan = false;
 }
 
@@ -151,12 +128,7 @@ void KoodilistaIkkuna::nayta()
     m_naytetaan = true;
     naytaKentat();
     const bool tallennettu = curMainObject->Id() != 0;
-    QTreeWidgetItem *s = tallennettu ? solmu(curMainObject->Avain()) : nullptr;
-    tvwLista->setCurrentItem(s);
-    if (s)
-        tvwLista->scrollToItem(s);
-    else
-        tvwLista->clearSelection();
+    tietue::NaytaLuettelossa(tvwLista, tallennettu ? curMainObject->Avain() : QVariant());
     cTallenna->setEnabled(curMainObject->Muuttunut());
     cPeru->setEnabled(curMainObject->Muuttunut());
     cPoista->setEnabled(tallennettu);
@@ -167,7 +139,7 @@ void KoodilistaIkkuna::paivitaSolmu()
 {
     if (curMainObject->Id() == 0)
         return;
-    if (QTreeWidgetItem *s = solmu(curMainObject->Avain()))
+    if (QTreeWidgetItem *s = tietue::LuettelonSolmu(tvwLista, curMainObject->Avain()))
         s->setText(0, curMainObject->Teksti());
 }
 
@@ -227,8 +199,8 @@ void KoodilistaIkkuna::puustaValittu(QTreeWidgetItem *s)
 {
     if (m_naytetaan || !s)
         return;
-    const QVariant avain = s->data(0, AvainRooli);
-    if (curMainObject->Id() != 0 && solmuavain(avain) == solmuavain(curMainObject->Avain()))
+    const QVariant avain = s->data(0, Qt::UserRole);
+    if (curMainObject->Id() != 0 && avain.toString() == curMainObject->Avain().toString())
         return; // the shown row's own node
     tietue::Suojattu([this, avain] {
         if (!tallennaKesken()) {
@@ -248,7 +220,7 @@ void KoodilistaIkkuna::poista()
     odota.SetCursor(this, Qt::WaitCursor);
     const QVariant avain = curMainObject->Avain();
     curMainObject->Delete();
-    delete solmu(avain);
+    delete tietue::LuettelonSolmu(tvwLista, avain);
     if (!curMainObject->GetNext() && !curMainObject->GetPrevious())
         curMainObject->Uusi();
     nayta();

@@ -58,7 +58,6 @@ private:
     void nayta();
     bool tallennaKesken();
     void rakennaPuu();
-    QTreeWidgetItem *solmu(const QVariant &avain) const;
     void paivitaSolmu();
 
     void uusi();

@@ -8,7 +8,7 @@
 #include "platform/ui/Edistymispalkki.h"
 #include "members/ui/Ikkunaapu.h"
 #include "members/ui/LiitosPohja.h"
-#include "members/ui/ListaMalli.h"
+#include "core/ui/ListaMalli.h"
 
 #include <QGridLayout>
 #include <QGroupBox>

@@ -1,10 +1,11 @@
-// A list of rows (item data and text) as a model, so that a view of every member of the largest
-// register fills at once and scrolls without item widgets.
+// A list of rows (item data and text) as a model, so that a view or a list box of every member of
+// the largest register fills at once, scrolls without item widgets, and completes typed text.
 #pragma once
 
-#include "members/Piirteet.h"
+#include "core/ListaRivi.h"
 
 #include <QAbstractListModel>
+#include <QVector>
 
 class ListaMalli : public QAbstractListModel {
 public:
@@ -23,7 +24,7 @@ public:
     {
         if (!index.isValid() || index.row() >= m_rivit.size())
             return {};
-        if (role == Qt::DisplayRole)
+        if (role == Qt::DisplayRole || role == Qt::EditRole)
             return m_rivit[index.row()].teksti;
         if (role == Qt::UserRole)
             return m_rivit[index.row()].id;
