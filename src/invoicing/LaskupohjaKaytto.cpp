@@ -5,23 +5,6 @@
 #include "platform/arvot.h"
 #include "platform/kello.h"
 
-#include <QLocale>
-
-QString LaskupohjanRaha(const Currency &summa)
-{
-    QString s = summa.toString(4);
-    // Trailing zeros beyond the cents say nothing.
-    while (s.endsWith(QLatin1Char('0')) && s.size() - s.indexOf(QLatin1Char(',')) > 3)
-        s.chop(1);
-    return s;
-}
-
-QString LaskupohjanLuku(double luku)
-{
-    QLocale fi(QLocale::Finnish, QLocale::Finland);
-    fi.setNumberOptions(QLocale::OmitGroupSeparator);
-    return fi.toString(luku, 'g', QLocale::FloatingPointShortest);
-}
 
 namespace {
 
@@ -67,7 +50,7 @@ void kaytaYlatiedot(const cLaskupohja &p, LaskunYlatiedot &l)
 void lisariviksi(const cLaskupohjaRivi &r, PerusLaskurivi &kohde)
 {
     kohde.chkRivi = r.PerhePaalla();
-    kohde.tRiviSumma = LaskupohjanRaha(r.PerheAhinta());
+    kohde.tRiviSumma = RahaKenttaan(r.PerheAhinta());
     kohde.tRiviTeksti = r.PerheAiheteksti();
 }
 
@@ -95,7 +78,7 @@ void KaytaLaskupohjaa(const cLaskupohja &pohja, MaksujenLuontiLomake &lomake)
         PerusLaskurivi &k = lomake.rivit[size_t(i)];
         k.chkRivi = r.Paalla();
         k.tRiviTeksti = r.Aiheteksti();
-        k.tRiviSumma = LaskupohjanRaha(r.Hinta());
+        k.tRiviSumma = RahaKenttaan(r.Hinta());
     }
 }
 
@@ -107,7 +90,7 @@ void KaytaLaskupohjaa(const cLaskupohja &pohja, PerheLomake &lomake)
         const cLaskupohjaRivi &r = pohja.PerheLaskupohjarivi(j);
         PerheLuokkarivi &k = lomake.luokat[size_t(j == 0 ? 8 : j - 1)];
         k.chkPerheLuokka = r.PerhePaalla();
-        k.tSumma = LaskupohjanRaha(r.PerheAhinta());
+        k.tSumma = RahaKenttaan(r.PerheAhinta());
         k.tAiheTeksti = r.PerheAiheteksti();
         k.chkNimet = r.PerheNimet();
         k.chkNollat = r.PerheNollat();
@@ -126,9 +109,9 @@ void KaytaLaskupohjaa(const cLaskupohja &pohja, OminaisuusLomake &lomake, const 
         k.chkLkm = r.OmLkm();
         k.chkHinta = r.OmHinta();
         k.chkNollat = r.OmNollat();
-        k.tAHinta = LaskupohjanRaha(r.OmAhinta());
-        k.tLkm = LaskupohjanLuku(r.OmLkmMaara());
-        k.tMinimi = LaskupohjanRaha(r.OmMinimi());
+        k.tAHinta = RahaKenttaan(r.OmAhinta());
+        k.tLkm = LukuKenttaan(r.OmLkmMaara());
+        k.tMinimi = RahaKenttaan(r.OmMinimi());
         k.tAiheTeksti = r.OmAiheteksti();
     }
 }

@@ -32,8 +32,3 @@ bool KaytaValittuaLaskupohjaa(const QString &tietokanta, int indeksi, MaksujenLu
 bool KaytaValittuaLaskupohjaa(const QString &tietokanta, int indeksi, PerheLomake &lomake);
 bool KaytaValittuaLaskupohjaa(const QString &tietokanta, int indeksi, OminaisuusLomake &lomake, const QVector<qint64> &piIdt);
 
-// Money as a template puts it into a text field: a decimal comma, at least two decimals and as
-// many as the amount has (up to four), no grouping: "12,50", "-3,00", "1,2345".
-QString LaskupohjanRaha(const Currency &summa);
-// A quantity the same way: "2", "1,5".
-QString LaskupohjanLuku(double luku);

@@ -1,5 +1,6 @@
 #include "platform/arvot.h"
 
+#include <QLocale>
 #include <QRegularExpression>
 
 QString NullText(const QVariant &v, const QString &substitute)
@@ -117,4 +118,19 @@ QString PaivaTekstina(const QDate &d)
     if (!d.isValid())
         return {};
     return QStringLiteral("%1.%2.%3").arg(d.day()).arg(d.month()).arg(d.year());
+}
+
+QString RahaKenttaan(const Currency &summa)
+{
+    QString s = summa.toString(4);
+    while (s.endsWith(QLatin1Char('0')) && s.size() - s.indexOf(QLatin1Char(',')) > 3)
+        s.chop(1);
+    return s;
+}
+
+QString LukuKenttaan(double luku)
+{
+    QLocale fi(QLocale::Finnish, QLocale::Finland);
+    fi.setNumberOptions(QLocale::OmitGroupSeparator);
+    return fi.toString(luku, 'g', QLocale::FloatingPointShortest);
 }

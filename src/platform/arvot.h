@@ -27,3 +27,9 @@ double NumeroArvo(const QString &text);
 // Parses a Finnish date "d.M.yyyy" (also "d.M.yy", ISO); invalid QDate when it is none.
 QDate ParsePaiva(const QString &text);
 QString PaivaTekstina(const QDate &d); // "d.M.yyyy"
+
+// Money into a field the user edits: a decimal comma, two decimals and more only where the amount
+// has them (up to four), no grouping: "12,50", "-3,00", "1,2345". Read back exactly as typed.
+QString RahaKenttaan(const Currency &summa);
+// A number the same way: "2", "1,5", "7,25".
+QString LukuKenttaan(double luku);

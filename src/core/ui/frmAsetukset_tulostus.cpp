@@ -2,6 +2,7 @@
 #include "core/AsetustenTallennus.h"
 #include "core/MainModule.h"
 #include "core/ui/frmAsetukset.h"
+#include "platform/arvot.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -11,7 +12,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -30,22 +30,6 @@ QWidget *yksikolla(QWidget *field, const QString &unit)
     h->addWidget(new QLabel(unit));
     h->addStretch();
     return w;
-}
-
-// Two decimals, more only where the amount has them, so that a save keeps the value exact.
-QString rahaTekstina(const Currency &c)
-{
-    QString t = c.toString(4);
-    while (t.endsWith(QLatin1Char('0')) && t.indexOf(QLatin1Char(',')) < t.size() - 3)
-        t.chop(1);
-    return t;
-}
-
-QString korkoTekstina(double korko)
-{
-    QLocale fi(QLocale::Finnish, QLocale::Finland);
-    fi.setNumberOptions(QLocale::OmitGroupSeparator);
-    return fi.toString(korko, 'g', QLocale::FloatingPointShortest);
 }
 
 void valitseTaiLisaa(QComboBox *c, const QString &text)
@@ -191,8 +175,8 @@ QWidget *frmAsetukset::teeLaskupohjaSivu()
 
 void frmAsetukset::taytaTulostus()
 {
-    tMuistutuskulut->setText(rahaTekstina(M::Muistutuskulut));
-    tViivastysKorko->setText(korkoTekstina(M::Viivastyskorko));
+    tMuistutuskulut->setText(RahaKenttaan(M::Muistutuskulut));
+    tViivastysKorko->setText(LukuKenttaan(M::Viivastyskorko));
     tMuistutusOtsake->setText(M::MuistutusOtsake);
     tMuistutusAlkuteksti->setPlainText(M::MuistutusAlku);
     tMuistutusLopputeksti->setPlainText(M::MuistutusLoppu);

@@ -1,4 +1,5 @@
 // The three row panels of the template window: what each row control shows and where its edits go.
+#include "platform/arvot.h"
 #include "core/Schema.h"
 #include "invoicing/Laskupohja.h"
 #include "invoicing/LaskupohjaKaytto.h"
@@ -169,13 +170,13 @@ void frmLaskupohjat::naytaRivit()
         const cLaskupohjaRivi &r = p.PerusLaskupohjarivi(i);
         chkPerusPaalla[i]->setChecked(r.Paalla());
         tPerusAiheteksti[i]->setText(r.Aiheteksti());
-        tPerusHinta[i]->setText(LaskupohjanRaha(r.Hinta()));
+        tPerusHinta[i]->setText(RahaKenttaan(r.Hinta()));
     }
     for (int j = 0; j < 11; ++j) {
         const cLaskupohjaRivi &r = p.PerheLaskupohjarivi(j);
         chkPerhePaalla[j]->setChecked(r.PerhePaalla());
         tPerheAiheTeksti[j]->setText(r.PerheAiheteksti());
-        tPerheAhinta[j]->setText(LaskupohjanRaha(r.PerheAhinta()));
+        tPerheAhinta[j]->setText(RahaKenttaan(r.PerheAhinta()));
         chkPerheNimet[j]->setChecked(r.PerheNimet());
         chkPerheNollat[j]->setChecked(r.PerheNollat());
     }
@@ -184,11 +185,11 @@ void frmLaskupohjat::naytaRivit()
         const int k = cmbOminaisuus[i]->findData(qlonglong(r.OmPiId()));
         cmbOminaisuus[i]->setCurrentIndex(k >= 0 ? k : 0);
         tOmAiheTeksti[i]->setText(r.OmAiheteksti());
-        tOmLkmMaara[i]->setText(LaskupohjanLuku(r.OmLkmMaara()));
+        tOmLkmMaara[i]->setText(LukuKenttaan(r.OmLkmMaara()));
         chkOmLkm[i]->setChecked(r.OmLkm());
-        tOmAHinta[i]->setText(LaskupohjanRaha(r.OmAhinta()));
+        tOmAHinta[i]->setText(RahaKenttaan(r.OmAhinta()));
         chkOmHinta[i]->setChecked(r.OmHinta());
-        tOmMinimi[i]->setText(LaskupohjanRaha(r.OmMinimi()));
+        tOmMinimi[i]->setText(RahaKenttaan(r.OmMinimi()));
         chkOmNollat[i]->setChecked(r.OmNollat());
     }
 }
