@@ -385,15 +385,19 @@ private slots:
         QTest::addColumn<bool>("lahetetty");    // Bergman's invoice went by e-mail; the question answered Yes
         QTest::addColumn<QStringList>("tulostetut");
         QTest::addColumn<int>("taukoja");
+        QTest::addColumn<bool>("asiakirja");    // to the preview: one document, no pauses
         const QStringList kaikki{"Aalto", "Berg", "Bergman", "Cederlöf", "Ähönen"};
-        QTest::newRow("all, no pause") << 0 << "-" << false << kaikki << 0;
-        QTest::newRow("pause before every second") << 2 << "-" << false << kaikki << 2;
-        QTest::newRow("pause before every one after the first") << 1 << "-" << false << kaikki << 4;
-        QTest::newRow("from after 101") << 0 << "101" << false << QStringList{"Bergman", "Cederlöf", "Ähönen"} << 0;
-        QTest::newRow("after the last: nothing") << 0 << "104" << false << QStringList{} << 0;
-        QTest::newRow("not a number: nothing") << 0 << "x" << false << QStringList{} << 0;
-        QTest::newRow("empty: all") << 0 << "" << false << kaikki << 0;
-        QTest::newRow("not the e-mailed") << 0 << "-" << true << QStringList{"Aalto", "Berg", "Cederlöf", "Ähönen"} << 0;
+        QTest::newRow("all, no pause") << 0 << "-" << false << kaikki << 0 << false;
+        QTest::newRow("pause before every second") << 2 << "-" << false << kaikki << 2 << false;
+        QTest::newRow("pause before every one after the first") << 1 << "-" << false << kaikki << 4 << false;
+        QTest::newRow("from after 101") << 0 << "101" << false << QStringList{"Bergman", "Cederlöf", "Ähönen"} << 0 << false;
+        QTest::newRow("after the last: nothing") << 0 << "104" << false << QStringList{} << 0 << false;
+        QTest::newRow("not a number: nothing") << 0 << "x" << false << QStringList{} << 0 << false;
+        QTest::newRow("empty: all") << 0 << "" << false << kaikki << 0 << false;
+        QTest::newRow("not the e-mailed") << 0 << "-" << true << QStringList{"Aalto", "Berg", "Cederlöf", "Ähönen"} << 0 << false;
+        QTest::newRow("document: never a pause") << 1 << "-" << false << kaikki << 0 << true;
+        QTest::newRow("document from after 101, not the e-mailed") << 1 << "101" << true << QStringList{"Cederlöf", "Ähönen"} << 0 << true;
+        QTest::newRow("document of nothing") << 0 << "104" << false << QStringList{} << 0 << true;
     }
 
     void tulostus()
@@ -403,12 +407,21 @@ private slots:
         QFETCH(bool, lahetetty);
         QFETCH(QStringList, tulostetut);
         QFETCH(int, taukoja);
+        QFETCH(bool, asiakirja);
         Laskujentulostus t;
         Tulostuskysymykset k;
         QStringList tulostettu;
-        const auto tulosta = [&](const QString &raportti, qint64 jrID) {
+        int asiakirjoja = 0;
+        Laskujentulostajat tulosta;
+        tulosta.henkilon = [&](const QString &raportti, qint64 jrID) {
             QCOMPARE(raportti, QStringLiteral("jrotile2.rpt"));
             tulostettu << m_db->scalar(QStringLiteral("SELECT jrSukunimi FROM jr WHERE jrID = ?"), {jrID}).toString();
+        };
+        tulosta.eran = [&](const QString &raportti, const QVector<qint64> &jmIDt) {
+            QCOMPARE(raportti, QStringLiteral("jrotile2.rpt"));
+            ++asiakirjoja;
+            for (qint64 jmID : jmIDt)
+                tulostettu << m_db->scalar(QStringLiteral("SELECT jrSukunimi FROM jm JOIN jr ON jrID = jmjrID WHERE jmID = ?"), {jmID}).toString();
         };
         QCOMPARE(TulostaLaskut(Ajo(*m_db), t, k, tulosta), 0);
         QCOMPARE(m_dlg->messages(), QStringList{"Laskuja ei ole vielä lisätty. Klikkaa Lisää painiketta luodaksesi laskut ennen tulostusta."});
@@ -425,9 +438,10 @@ private slots:
         }
         k.laskumalli = [] { return Laskumallivalinta{Laskumalli::Tilisiirto, true}; };
         k.jarjestys = [] { return Tulostusjarjestys::Aakkostettu; };
-        k.tulostusasetukset = [] { return true; };
+        k.tulostusasetukset = [asiakirja] { return asiakirja ? Tulostuspaikka::Asiakirja : Tulostuspaikka::Tulostin; };
         QCOMPARE(TulostaLaskut(Ajo(*m_db), t, k, tulosta), tulostetut.size());
         QCOMPARE(tulostettu, tulostetut);
+        QCOMPARE(asiakirjoja, asiakirja && !tulostetut.isEmpty() ? 1 : 0);
         QCOMPARE(m_dlg->messages().count(QStringLiteral("Tulostusraja täynnä, klikkaa Ok, kun haluat jatkaa tulostusta.")), taukoja);
         QCOMPARE(m_dlg->pendingReplies(), 0);
     }
@@ -440,9 +454,10 @@ private slots:
         Tulostuskysymykset k;
         bool jarjestysKysytty = false, peruttu = true;
         k.jarjestys = [&] { jarjestysKysytty = true; return Tulostusjarjestys::Postinumero; };
-        k.tulostusasetukset = [&] { return !peruttu; };
+        k.tulostusasetukset = [&] { return peruttu ? Tulostuspaikka::Peruttu : Tulostuspaikka::Asiakirja; };
         QList<qint64> tulostettu;
-        const auto tulosta = [&](const QString &, qint64 jrID) { tulostettu << jrID; };
+        Laskujentulostajat tulosta;
+        tulosta.henkilon = [&](const QString &, qint64 jrID) { tulostettu << jrID; };
         QCOMPARE(TulostaLaskut(Ajo(*m_db), t, k, tulosta), 0);
         peruttu = false;
         QCOMPARE(TulostaLaskut(Ajo(*m_db), t, k, tulosta), 1);
