@@ -11,6 +11,12 @@
 
 #include <QFileInfo>
 
+Laskumallivalinta &MuistettuLaskumalli()
+{
+    static Laskumallivalinta valinta;
+    return valinta;
+}
+
 QString LaskunRaportti(const Laskumallivalinta &v)
 {
     if (MainModule::LaskupohjaKaytossa)
@@ -136,22 +142,31 @@ struct AjonAikana {
 
 } // namespace
 
-Laskujentulostajat LaskuraportinTulostajat(Raporttiajo &r, const Ajo &ajo, const std::function<void(Raporttiajo &)> &kohde)
+Laskujentulostajat LaskuraportinTulostajat(Raporttiajo &r, const Ajo &ajo, const std::function<void(Raporttiajo &)> &kohde,
+                                          const QString &yksi, const QString &era, const QStringList &kaavat)
 {
-    Laskujentulostajat t;
-    t.henkilon = [&r, &ajo, kohde](const QString &raportti, qint64 jrID) {
-        AjonAikana vahti{r};
+    const auto valmistele = [&r, &ajo, kohde, kaavat](const QString &raportti) {
         ValmisteleLaskuraportti(r, ajo, raportti);
+        for (qsizetype i = 0, paikka = 0; i < kaavat.size(); ++i) {
+            while (paikka < qsizetype(std::size(r.Formulas)) && !r.Formulas[paikka].isEmpty())
+                ++paikka;
+            if (paikka < qsizetype(std::size(r.Formulas)))
+                r.Formulas[paikka] = kaavat[i];
+        }
         kohde(r);
-        r.SelectionFormula = QStringLiteral("{jr.jrID}=") + QString::number(jrID);
+    };
+    Laskujentulostajat t;
+    t.henkilon = [&r, valmistele, yksi](const QString &raportti, qint64 id) {
+        AjonAikana vahti{r};
+        valmistele(raportti);
+        r.SelectionFormula = yksi + QLatin1Char('=') + QString::number(id);
         r.setAction(1);
     };
-    t.eran = [&r, &ajo, kohde](const QString &raportti, const QVector<qint64> &jmIDt) {
+    t.eran = [&r, valmistele, era](const QString &raportti, const QVector<qint64> &idt) {
         AjonAikana vahti{r};
-        ValmisteleLaskuraportti(r, ajo, raportti);
-        kohde(r);
-        r.Rajauskentta = QStringLiteral("{jm.jmID}");
-        r.Rajausavaimet = jmIDt;
+        valmistele(raportti);
+        r.Rajauskentta = era;
+        r.Rajausavaimet = idt;
         r.setAction(1);
     };
     return t;

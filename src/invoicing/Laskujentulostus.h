@@ -17,6 +17,10 @@ struct Laskumallivalinta {
     bool kaksikielinen = false;
 };
 
+// The model chosen last in this session: the model window starts from it, the copies of unpaid
+// invoices set it back to the Finnish giro form.
+Laskumallivalinta &MuistettuLaskumalli();
+
 // The report of the chosen model: jrotile(2).rpt for the giro form, jromak(2).rpt for the others;
 // the club's own layout file whenever it is in use.
 QString LaskunRaportti(const Laskumallivalinta &valinta);
@@ -65,6 +69,9 @@ class Raporttiajo;
 void ValmisteleLaskuraportti(Raporttiajo &r, const Ajo &ajo, const QString &raportti);
 
 // The program's reports for TulostaLaskut on `r`, to the destination `kohde` sets on the engine
-// before each run (the print settings' choice; a PDF file for the command line).
-Laskujentulostajat LaskuraportinTulostajat(Raporttiajo &r, const Ajo &ajo,
-                                          const std::function<void(Raporttiajo &)> &kohde);
+// before each run (the print settings' choice; a PDF file for the command line). One report
+// selects by `yksi` ("{jr.jrID}"), a document keeps the keys of `era` ("{jm.jmID}") in order;
+// `kaavat` are added after the club's.
+Laskujentulostajat LaskuraportinTulostajat(Raporttiajo &r, const Ajo &ajo, const std::function<void(Raporttiajo &)> &kohde,
+                                          const QString &yksi = QStringLiteral("{jr.jrID}"),
+                                          const QString &era = QStringLiteral("{jm.jmID}"), const QStringList &kaavat = {});

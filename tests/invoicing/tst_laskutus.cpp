@@ -5,6 +5,7 @@
 #include "invoicing/Jasenmaksuajo.h"
 #include "invoicing/Laskuera.h"
 #include "invoicing/Laskujentulostus.h"
+#include "invoicing/Laskukopiot.h"
 #include "invoicing/Laskurivit.h"
 #include "invoicing/Laskut.h"
 #include "invoicing/Laskutettavat.h"
@@ -470,6 +471,84 @@ private slots:
         MainModule::LaskupohjaKaytossa = true;
         MainModule::LaskupohjaTiedosto = QStringLiteral("/seura/oma.rpt");
         QCOMPARE(LaskunRaportti({Laskumalli::Tilisiirto, true}), QStringLiteral("/seura/oma.rpt"));
+    }
+
+    // Copies of the unpaid invoices of the history: the range as typed (either end empty, or no
+    // number at all), the paid ones left out, the message naming the range, the pause to a printer
+    // and one document otherwise; the model goes back to the Finnish giro form.
+    void laskukopiot_data()
+    {
+        QTest::addColumn<QString>("alku");
+        QTest::addColumn<QString>("loppu");
+        QTest::addColumn<bool>("asiakirja");
+        QTest::addColumn<QList<int>>("numerot");
+        QTest::addColumn<int>("taukoja");
+        QTest::newRow("all unpaid, printer") << "" << "" << false << QList<int>{100, 102, 103, 104} << 3;
+        QTest::newRow("from 102, document") << "102" << "" << true << QList<int>{102, 103, 104} << 0;
+        QTest::newRow("up to 102") << "" << "102" << false << QList<int>{100, 102} << 1;
+        QTest::newRow("101 to 103") << "101" << "103" << true << QList<int>{102, 103} << 0;
+        QTest::newRow("no number") << "abc" << "" << true << QList<int>{} << 0;
+    }
+    void laskukopiot()
+    {
+        QFETCH(QString, alku);
+        QFETCH(QString, loppu);
+        QFETCH(bool, asiakirja);
+        QFETCH(QList<int>, numerot);
+        QFETCH(int, taukoja);
+        aja(lomake());
+        QCOMPARE(SiirraHistoriaan(Ajo(*m_db), Laskuikkuna::Perus), QStringLiteral("Laskut siirretty historiaan."));
+        m_db->execute(QStringLiteral("UPDATE jmhist SET jmhjmMaksettu = 1 WHERE jmhjmLaskunumero = 101"));
+        MainModule::TulostusEra = 1;
+        MuistettuLaskumalli() = {Laskumalli::Yleislasku, true};
+        QList<int> tulostetut;
+        QString raportti;
+        Laskujentulostajat tulosta;
+        const auto numero = [&](qint64 jmhID) {
+            return int(NullLong(m_db->scalar(QStringLiteral("SELECT jmhjmLaskunumero FROM jmhist WHERE jmhID = ?"), {jmhID})));
+        };
+        tulosta.henkilon = [&](const QString &r, qint64 jmhID) { raportti = r; tulostetut << numero(jmhID); };
+        tulosta.eran = [&](const QString &r, const QVector<qint64> &idt) {
+            raportti = r;
+            for (qint64 id : idt)
+                tulostetut << numero(id);
+        };
+        Tulostuskysymykset k;
+        k.tulostusasetukset = [&] { return asiakirja ? Tulostuspaikka::Asiakirja : Tulostuspaikka::Tulostin; };
+        m_dlg->no();
+        QCOMPARE(TulostaLaskukopiot(Ajo(*m_db), k, tulosta), 0);
+        m_dlg->shown.clear();
+        m_dlg->yes();
+        m_dlg->type(alku);
+        m_dlg->type(loppu);
+        QCOMPARE(TulostaLaskukopiot(Ajo(*m_db), k, tulosta), numerot.size());
+        QCOMPARE(tulostetut, numerot);
+        if (numerot.isEmpty())
+            QVERIFY(m_dlg->messages().contains(QStringLiteral("Ei löydy maksamattomia laskuja väliltä: ") + alku + QStringLiteral(" - ") + loppu));
+        else
+            QCOMPARE(raportti, QStringLiteral("jrphtile.rpt"));
+        QCOMPARE(m_dlg->messages().count(QStringLiteral("Tulostusraja täynnä, klikkaa Ok, kun haluat jatkaa tulostusta.")), taukoja);
+        QCOMPARE(m_dlg->pendingReplies(), 0);
+    }
+
+    // The reprint: nothing fetched is told; the history layout of the chosen model, or the club's own.
+    void laskuUudestaan()
+    {
+        Laskujentulostajat tulosta;
+        QStringList ajot;
+        tulosta.henkilon = [&](const QString &r, qint64 jmhID) { ajot << r + QLatin1Char(':') + QString::number(jmhID); };
+        Tulostuskysymykset k;
+        k.laskumalli = [] { return Laskumallivalinta{Laskumalli::Jasenkortti, true}; };
+        QCOMPARE(TulostaLaskuUudestaan(Ajo(*m_db), 0, k, tulosta), 0);
+        QCOMPARE(m_dlg->messages(), QStringList{"Hae tulostettava lasku viitenumerolla ennen tulostusta"});
+        QCOMPARE(TulostaLaskuUudestaan(Ajo(*m_db), 7, k, tulosta), 1);
+        k.laskumalli = [] { return std::optional<Laskumallivalinta>(); }; // the model window closed
+        QCOMPARE(TulostaLaskuUudestaan(Ajo(*m_db), 7, k, tulosta), 0);
+        MainModule::LaskupohjaHKaytossa = true;
+        MainModule::LaskupohjaHTiedosto = QStringLiteral("/seura/oma-h.rpt");
+        QCOMPARE(TulostaLaskuUudestaan(Ajo(*m_db), 8, k, tulosta), 1);
+        MainModule::LaskupohjaHKaytossa = false;
+        QCOMPARE(ajot, (QStringList{"jrphmak2.rpt:7", "/seura/oma-h.rpt:8"}));
     }
 
     // The two lists of the open batch, by invoice number, under their titles.

@@ -8,8 +8,6 @@
 
 namespace {
 
-Laskumallivalinta g_valinta; // the session's last choice
-
 QGroupBox *kehys(QWidget *parent, const QString &otsikko, const QStringList &nimet, const QString &nimi,
                  QVector<QRadioButton *> &napit, int valittu)
 {
@@ -33,9 +31,9 @@ frmLaskumalli::frmLaskumalli(QWidget *parent) : QDialog(parent)
     setWindowTitle(QStringLiteral("Vonari - Laskumalli"));
     auto *mallit = kehys(this, QStringLiteral("Laskumalli"),
                          {QStringLiteral("Tilisiirto"), QStringLiteral("Yleislasku"), QStringLiteral("Jäsenkortti")},
-                         QStringLiteral("optLaskumalli"), optLaskumalli, int(g_valinta.malli));
+                         QStringLiteral("optLaskumalli"), optLaskumalli, int(MuistettuLaskumalli().malli));
     auto *kielet = kehys(this, QStringLiteral("Kieli"), {QStringLiteral("Suomeksi"), QStringLiteral("Kaksikielinen")},
-                         QStringLiteral("optKieli"), optKieli, g_valinta.kaksikielinen ? 1 : 0);
+                         QStringLiteral("optKieli"), optKieli, MuistettuLaskumalli().kaksikielinen ? 1 : 0);
     cSeuraava = new QPushButton(QStringLiteral("Seuraava >>"), this);
     cSeuraava->setObjectName(QStringLiteral("cSeuraava"));
     cSeuraava->setDefault(true);
@@ -60,7 +58,7 @@ Laskumallivalinta frmLaskumalli::valinta() const
 
 void frmLaskumalli::cSeuraava_Click()
 {
-    g_valinta = valinta();
+    MuistettuLaskumalli() = valinta();
     accept();
 }
 
