@@ -60,4 +60,5 @@ int Laskutus(Yhteys &y);
 int Historiaan(Yhteys &y);
 int PoistaLaskut(Yhteys &y);
 int TulostaLaskuera(Yhteys &y);
+int Maksettu(Yhteys &y);
 }
