@@ -61,4 +61,5 @@ int Historiaan(Yhteys &y);
 int PoistaLaskut(Yhteys &y);
 int TulostaLaskuera(Yhteys &y);
 int Maksettu(Yhteys &y);
+int Muistutukset(Yhteys &y);
 }

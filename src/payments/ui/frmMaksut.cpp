@@ -6,6 +6,7 @@
 #include "invoicing/ui/frmLaskumalli.h"
 #include "payments/Laskulistat.h"
 #include "payments/Maksukirja.h"
+#include "payments/Muistutukset.h"
 #include "payments/ui/frmLaskulistarajaus.h"
 #include "platform/arvot.h"
 #include "platform/database.h"
@@ -118,13 +119,14 @@ frmMaksut::frmMaksut(QWidget *parent) : QMainWindow(parent)
                              QStringLiteral("Tulosta maksamattomista laskuista laskukopiot laskunumeroväliltä"), {},
                              [this] { cKopiot_Click(); });
     cMuistutukset = KomentoPainike(this, m_komennot, "cMuistutukset", QStringLiteral("Muistutukset"),
-                                   QStringLiteral("Tulosta maksamattomista laskuista muistutuslaskut laskunumeroväliltä"), {}, [] {});
+                                   QStringLiteral("Tulosta maksamattomista laskuista muistutuslaskut laskunumeroväliltä"), {},
+                                   [this] { cMuistutukset_Click(); });
     cEmail = KomentoPainike(this, m_komennot, "cEmail", QStringLiteral("Sähköposti"),
                             QStringLiteral("Lähetä muistutuslasku sähköpostitse [F8]"), Qt::Key_F8, [] {});
     cEmailPreview = KomentoPainike(this, m_komennot, "cEmailPreview", QStringLiteral("Esikatselu"),
                                    QStringLiteral("Esikatsele muistutuslaskua"), {}, [] {});
-    // The reminders come with their own run; a command that cannot run is off.
-    for (QToolButton *b : {cMuistutukset, cEmail, cEmailPreview})
+    // The e-mailed reminder comes with the mail; a command that cannot run is off.
+    for (QToolButton *b : {cEmail, cEmailPreview})
         b->defaultAction()->setEnabled(false);
     cSulje = KomentoPainike(this, m_komennot, "cSulje", QStringLiteral("Sulje"), QStringLiteral("Sulje Maksukirja [Alt+F4]"), {},
                             [this] { close(); });
@@ -325,6 +327,16 @@ void frmMaksut::cKopiot_Click()
         Tulostuskysymykset k = kysymykset(this);
         k.laskumalli = nullptr; // the copies are always the Finnish giro form
         TulostaLaskukopiot(ajo, k, LaskuraportinTulostajat(Raportti(), ajo, kohde, avain, avain, {KopioKaava()}));
+    });
+}
+
+void frmMaksut::cMuistutukset_Click()
+{
+    tulostaHistoriasta(QStringLiteral("Maksumuistutuksia lasketaan ja tulostetaan"), [&](const Ajo &ajo) {
+        const QString avain = QStringLiteral("{jmhist.jmhID}");
+        Tulostuskysymykset k = kysymykset(this);
+        k.laskumalli = nullptr;
+        TulostaMuistutukset(ajo, k, LaskuraportinTulostajat(Raportti(), ajo, kohde, avain, avain, MuistutusKaavat()));
     });
 }
 

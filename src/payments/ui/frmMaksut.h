@@ -34,6 +34,7 @@ public:
     void cViitteeksi_Click();
     void cTulosta_Click();
     void cKopiot_Click();
+    void cMuistutukset_Click();
 
 protected:
     bool eventFilter(QObject *kohde, QEvent *e) override;
