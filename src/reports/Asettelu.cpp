@@ -122,7 +122,9 @@ QStringList rivita(const QString &kappale, double leveys, Mittari &fm)
 
 class Asettelija {
 public:
-    Asettelija(const Maaritys &m, const Rivisto &r, const Asetteluvalinnat &v) : m_m(m), m_r(r), m_v(v)
+    // `kokonaismaara`: the pages of the whole report when a counting pass has told them.
+    Asettelija(const Maaritys &m, const Rivisto &r, const Asetteluvalinnat &v, Sivuvirta &ulos, std::optional<int> kokonaismaara)
+        : m_m(m), m_r(r), m_v(v), m_ulos(ulos), m_kokonaismaara(kokonaismaara)
     {
         m_d.nimi = m.nimi.isEmpty() ? m.tiedosto : m.nimi;
         m_d.sivukoko = m.sivukoko;
@@ -137,9 +139,16 @@ public:
         m_arv.kaavat = &v.kaavat;
         m_arv.tanaan = v.tanaan.isValid() ? v.tanaan : v.ajo ? v.ajo->tanaan : kello::tanaan();
         valmistele();
+        for (const Ryhma &r : m.ryhmat)
+            m_omatSivut = m_omatSivut || r.omaSivutus;
     }
 
-    Asiakirja aseta()
+    // TotalPages of the whole report is shown: a first pass must count the pages.
+    bool tarvitseeLaskennan() const { return m_kokonaissivujaKaytetaan && !m_omatSivut && !m_kokonaismaara; }
+
+    // Lays out and hands every page on; gives the number of pages.
+    // `kierros` of `kierroksia` passes over the rows, for the progress shown.
+    int aseta(int kierros = 0, int kierroksia = 1)
     {
         const double alatunniste = m_sivualatunniste.o ? m_sivualatunniste.o->korkeus : 0;
         m_ala = m_d.koko.height() - m_reunat.bottom() - alatunniste;
@@ -150,12 +159,13 @@ public:
         ryhmittele();
         const int n = m_r.riveja;
         m_rivi = n > 0 ? 0 : -1;
+        m_ulos.alku(m_d);
         aloitaSivu(true);
         const int tasoja = int(m_ryhmat.size());
         std::vector<int> alku(size_t(tasoja), 0);
         for (int i = 0; i < n; ++i) {
             if (m_v.ajo)
-                m_v.ajo->askel(i, n);
+                m_v.ajo->askel(qint64(kierros) * n + i, qint64(kierroksia) * n);
             m_rivi = i;
             const int muutos = m_muutos[size_t(i)];
             if (i > 0 && muutos > 0)
@@ -185,8 +195,9 @@ public:
         if (m_raporttialatunniste.o)
             sijoita(m_raporttialatunniste, n - 1, 0, n);
         lopetaSivu();
-        taytaKokonaissivut();
-        return std::move(m_d);
+        suljeJakso();
+        m_ulos.loppu(m_r.riveja);
+        return m_annetut;
     }
 
 private:
@@ -226,6 +237,7 @@ private:
                     TarkistaLauseke(*puu, m_v.kaavat, missa);
                     vk.kokonaissivut = vk.kokonaissivut || KayttaaKokonaissivuja(*puu, m_v.kaavat);
                 }
+            m_kokonaissivujaKaytetaan = m_kokonaissivujaKaytetaan || vk.kokonaissivut;
             if (k.laji == KohdeLaji::Teksti) {
                 FonttiMaaritys f = m_m.fontti;
                 yhdista(f, o->fontti);
@@ -413,7 +425,7 @@ private:
         a.rivi = rivi;
         a.koosteAlku = qMax(0, alku);
         a.koosteLoppu = qMax(a.koosteAlku, loppu);
-        a.sivu = int(m_d.sivut.size());
+        a.sivu = sivuNyt() - m_jaksonAlku + 1;
         return a;
     }
 
@@ -429,8 +441,16 @@ private:
         }
     }
 
-    void aloitaSivu(bool ensimmainen)
+    // The page being laid out, counted from the report's first.
+    int sivuNyt() const { return m_annetut + int(m_d.sivut.size()) - 1; }
+
+    // `uusiJakso`: the page starts a group with pages of its own; the pages before it are final.
+    void aloitaSivu(bool ensimmainen, bool uusiJakso = false)
     {
+        if (uusiJakso) {
+            suljeJakso();
+            m_jaksonAlku = m_annetut;
+        }
         m_d.sivut.emplace_back();
         m_y = m_reunat.top();
         m_sisaltoa = false;
@@ -452,21 +472,45 @@ private:
     void lopetaSivu()
     {
         suljeSarakerivi();
-        if (!m_sivualatunniste.o)
-            return;
-        const Osa &o = *m_sivualatunniste.o;
-        const int viimeinen = m_rivi;
-        const Arviointi a = arviointi(viimeinen, m_sivunEnsimmainen, viimeinen + 1);
-        if (o.nakyy && !ArvioiEhto(*o.nakyy, a))
-            return;
-        Ilmentyma il = rakenna(m_sivualatunniste, a);
-        lisaa(il, m_reunat.left(), m_d.koko.height() - m_reunat.bottom() - o.korkeus);
+        if (m_sivualatunniste.o) {
+            const Osa &o = *m_sivualatunniste.o;
+            const int viimeinen = m_rivi;
+            const Arviointi a = arviointi(viimeinen, m_sivunEnsimmainen, viimeinen + 1);
+            if (!o.nakyy || ArvioiEhto(*o.nakyy, a)) {
+                Ilmentyma il = rakenna(m_sivualatunniste, a);
+                lisaa(il, m_reunat.left(), m_d.koko.height() - m_reunat.bottom() - o.korkeus);
+            }
+        }
+        // A page waits only while its TotalPages is not known.
+        if (!m_kokonaissivujaKaytetaan || m_kokonaismaara)
+            luovuta(m_kokonaismaara.value_or(0));
     }
 
-    void uusiSivu()
+    void uusiSivu(bool uusiJakso = false)
     {
         lopetaSivu();
-        aloitaSivu(false);
+        aloitaSivu(false, uusiJakso);
+    }
+
+    // The finished pages go on, TotalPages filled in with `kokonaismaara`.
+    void luovuta(int kokonaismaara)
+    {
+        const QString n = QString::number(kokonaismaara);
+        for (const auto &[sivu, kohde] : m_kokonaissivut)
+            m_d.sivut[size_t(sivu)].kohteet[size_t(kohde)].teksti.replace(KokonaissivutMerkki, n);
+        m_kokonaissivut.clear();
+        m_annetut += int(m_d.sivut.size());
+        for (Sivu &s : m_d.sivut)
+            m_ulos.sivu(std::move(s));
+        m_d.sivut.clear();
+    }
+
+    // The pages counted together (a group with pages of its own, or the whole report) are all
+    // laid out: their TotalPages is now known.
+    void suljeJakso()
+    {
+        if (!m_d.sivut.empty())
+            luovuta(m_kokonaismaara.value_or(m_annetut + int(m_d.sivut.size()) - m_jaksonAlku));
     }
 
     void suljeSarakerivi()
@@ -603,8 +647,14 @@ private:
     void avaaRyhma(int taso, int rivi)
     {
         const Ryhma &r = m_m.ryhmat[size_t(taso - 1)];
-        if (r.uusiSivu && rivi > 0 && m_sisaltoa)
+        if (r.omaSivutus) {
+            // An inner group that opens with its outer one shares the page the outer one began.
+            if (rivi > 0 && m_jaksonRivi != rivi)
+                uusiSivu(true);
+            m_jaksonRivi = rivi;
+        } else if (r.uusiSivu && rivi > 0 && m_sisaltoa) {
             uusiSivu();
+        }
         const ValmisOsa &vo = m_ryhmat[size_t(taso - 1)].first;
         if (!vo.o)
             return;
@@ -638,17 +688,16 @@ private:
         m_rivi = edellinen;
     }
 
-    void taytaKokonaissivut()
-    {
-        const QString n = QString::number(m_d.sivut.size());
-        for (const auto &[sivu, kohde] : m_kokonaissivut)
-            m_d.sivut[size_t(sivu)].kohteet[size_t(kohde)].teksti.replace(KokonaissivutMerkki, n);
-    }
-
     const Maaritys &m_m;
     const Rivisto &m_r;
     const Asetteluvalinnat &m_v;
-    Asiakirja m_d;
+    Sivuvirta &m_ulos;
+    const std::optional<int> m_kokonaismaara;
+    Asiakirja m_d;                  // the pages not yet handed on
+    int m_annetut = 0;              // pages handed on
+    int m_jaksonAlku = 0;           // the first page that PageNumber counts from
+    int m_jaksonRivi = -1;          // the row whose group began the pages counted together
+    bool m_kokonaissivujaKaytetaan = false, m_omatSivut = false;
     QMarginsF m_reunat;
     Arviointi m_arv;
     QHash<QString, int> m_fontit;
@@ -658,7 +707,7 @@ private:
     double m_pidaMukana = 0; // room the band being placed keeps for the footers after it
     std::vector<int> m_muutos;
     std::vector<std::vector<int>> m_loppu;
-    std::vector<std::pair<int, int>> m_kokonaissivut; // page, item
+    std::vector<std::pair<int, int>> m_kokonaissivut; // page among those not handed on, item
     double m_y = 0, m_ala = 0;
     bool m_sisaltoa = false;
     int m_rivi = -1, m_sivunEnsimmainen = -1;
@@ -702,7 +751,30 @@ std::optional<Osiofontti> JasennaOsiofontti(const QString &teksti)
     return f;
 }
 
+namespace {
+class Laskuri : public Sivuvirta {
+public:
+    void alku(const Asiakirja &) override {}
+    void sivu(Sivu &&) override {}
+    void loppu(int) override {}
+};
+} // namespace
+
+void Aseta(const Maaritys &m, const Rivisto &rivit, const Asetteluvalinnat &v, Sivuvirta &ulos)
+{
+    std::optional<int> sivuja;
+    {
+        Laskuri laskuri;
+        Asettelija ensin(m, rivit, v, laskuri, std::nullopt);
+        if (ensin.tarvitseeLaskennan())
+            sivuja = ensin.aseta(0, 2);
+    }
+    Asettelija(m, rivit, v, ulos, sivuja).aseta(sivuja ? 1 : 0, sivuja ? 2 : 1);
+}
+
 Asiakirja Aseta(const Maaritys &m, const Rivisto &rivit, const Asetteluvalinnat &v)
 {
-    return Asettelija(m, rivit, v).aseta();
+    Keraaja k;
+    Aseta(m, rivit, v, k);
+    return std::move(k.d);
 }

@@ -31,5 +31,10 @@ struct Asetteluvalinnat {
     const Ajo *ajo = nullptr;            // where progress goes and a stop comes from
 };
 
-// Throws RaporttiVirhe for an unknown formula or function, or an image that is not there.
+// Lays out and hands each page to `ulos` as soon as it is final: at once, or when the group whose
+// pages it counts (sivutus="oma") closes. A report that shows its whole TotalPages is laid out
+// twice, the first time only to count the pages. Throws RaporttiVirhe for an unknown formula or
+// function, or an image that is not there; Keskeytetty when the run is stopped.
+void Aseta(const Maaritys &m, const Rivisto &rivit, const Asetteluvalinnat &v, Sivuvirta &ulos);
+// The whole document in memory, for tests and small reports.
 Asiakirja Aseta(const Maaritys &m, const Rivisto &rivit, const Asetteluvalinnat &v);

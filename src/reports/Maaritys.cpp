@@ -280,7 +280,7 @@ private:
 
     void ryhma(Maaritys &m)
     {
-        attribuutit({QStringLiteral("lauseke"), QStringLiteral("uusisivu"), QStringLiteral("jarjestys")});
+        attribuutit({QStringLiteral("lauseke"), QStringLiteral("uusisivu"), QStringLiteral("jarjestys"), QStringLiteral("sivutus")});
         Ryhma r;
         const int taso = int(m.ryhmat.size()) + 1;
         r.lausekeTeksti = arvo("lauseke");
@@ -288,6 +288,11 @@ private:
         if (!r.lauseke)
             virhe(QStringLiteral("ryhmältä puuttuu lauseke"));
         r.uusiSivu = totuus("uusisivu").value_or(false);
+        const QString sivutus = arvo("sivutus").trimmed().toLower();
+        if (sivutus == QLatin1String("oma"))
+            r.omaSivutus = true;
+        else if (!sivutus.isEmpty() && sivutus != QLatin1String("raportti"))
+            virhe(QStringLiteral("ryhmän sivutus \"%1\" on tuntematon (oma tai raportti)").arg(sivutus));
         const QString j = arvo("jarjestys").trimmed().toLower();
         if (j == QLatin1String("laskeva"))
             r.laskeva = true;
