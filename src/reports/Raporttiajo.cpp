@@ -5,6 +5,7 @@
 #include "reports/Asettelu.h"
 #include "reports/Piirto.h"
 #include "reports/RaporttiVirhe.h"
+#include "reports/Sivusto.h"
 #include "reports/Tietolahde.h"
 
 #include <optional>
@@ -34,6 +35,23 @@ void sidoKaikki(Maaritys &m, Tietolahde &lahde, const Kaavat &kaavat)
         lahde.sido(**it, tiedosto + QStringLiteral(", kaava {@") + it.key() + QLatin1Char('}'));
 }
 
+// Refuses a report without rows before its first page goes anywhere.
+class Tulostettava : public Sivuvirta {
+public:
+    explicit Tulostettava(Sivuvirta &ulos) : m_ulos(ulos) {}
+    void alku(const Asiakirja &pohja) override
+    {
+        if (pohja.riveja == 0)
+            throw RaporttiVirhe(QStringLiteral("Raportille ei löytynyt yhtään tulostettavaa tietoa."));
+        m_ulos.alku(pohja);
+    }
+    void sivu(Sivu &&sivu) override { m_ulos.sivu(std::move(sivu)); }
+    void loppu(int riveja) override { m_ulos.loppu(riveja); }
+
+private:
+    Sivuvirta &m_ulos;
+};
+
 } // namespace
 
 void AsetaTulostuskohde(Tulostuskohde *kohde)
@@ -62,6 +80,13 @@ void Raporttiajo::setAction(int arvo)
 }
 
 Asiakirja Raporttiajo::Laadi() const
+{
+    Keraaja k;
+    Laadi(k);
+    return std::move(k.d);
+}
+
+void Raporttiajo::Laadi(Sivuvirta &ulos) const
 {
     const QString polku = EtsiRaportti(ReportFileName);
     Maaritys m = LueMaaritys(polku);
@@ -142,13 +167,30 @@ Asiakirja Raporttiajo::Laadi() const
         return lahde.hae(valinta, jarjestys, jarjestysArvot);
     }();
     m_sql = lahde.sql();
-    return Aseta(m, rivit, v);
+    Aseta(m, rivit, v, ulos);
 }
 
 void Raporttiajo::Aja()
 {
     try {
-        Toimita(Laadi());
+        if (Destination == PdfTiedosto) {
+            PdfVirta pdf(PrintFileName);
+            Tulostettava t(pdf);
+            Laadi(t);
+            return;
+        }
+        if (!g_kohde)
+            throw RaporttiVirhe(QStringLiteral("Esikatselu ja tulostus eivät ole käytettävissä; tallenna raportti PDF-tiedostoksi."));
+        if (Destination == Tulostin) {
+            const std::unique_ptr<Sivuvirta> tulostus = g_kohde->tulostus(PrinterName, CopiesToPrinter);
+            Tulostettava t(*tulostus);
+            Laadi(t);
+            return;
+        }
+        Sivutiedosto sivut;
+        Tulostettava t(sivut);
+        Laadi(t);
+        g_kohde->esikatsele(sivut, WindowState == 2, WindowShowPrintBtn);
     } catch (const Keskeytetty &) {
         if (ajo)
             throw;
@@ -165,8 +207,13 @@ void Raporttiajo::Toimita(const Asiakirja &d)
     }
     if (!g_kohde)
         throw RaporttiVirhe(QStringLiteral("Esikatselu ja tulostus eivät ole käytettävissä; tallenna raportti PDF-tiedostoksi."));
-    if (Destination == Tulostin)
-        g_kohde->tulosta(d, PrinterName, CopiesToPrinter);
-    else
-        g_kohde->esikatsele(d, WindowState == 2, WindowShowPrintBtn);
+    if (Destination == Tulostin) {
+        const std::unique_ptr<Sivuvirta> tulostus = g_kohde->tulostus(PrinterName, CopiesToPrinter);
+        tulostus->alku(d);
+        for (const Sivu &s : d.sivut)
+            tulostus->sivu(Sivu(s));
+        tulostus->loppu(d.riveja);
+    } else {
+        g_kohde->esikatsele(Muistisivusto(d), WindowState == 2, WindowShowPrintBtn);
+    }
 }
