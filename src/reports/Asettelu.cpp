@@ -94,27 +94,47 @@ private:
     std::array<double, 256> m_latin;
 };
 
-// Word wrap to a width; a word wider than the line is cut where it must be.
+// Word wrap to a width; a word wider than the line is cut where it must be. Widths add up
+// character by character (see Mittari), so each character is measured once: a word of ten
+// thousand characters wraps in one pass.
 QStringList rivita(const QString &kappale, double leveys, Mittari &fm)
 {
     QStringList rivit;
     QString rivi;
+    double riviLeveys = 0;
+    const double vali = fm.leveys(QStringLiteral(" "));
     for (const QString &sana : kappale.split(QLatin1Char(' '))) {
-        const QString koe = rivi.isEmpty() ? sana : rivi + QLatin1Char(' ') + sana;
-        if (fm.leveys(koe) <= leveys) {
-            rivi = koe;
+        const double sanaLeveys = fm.leveys(sana);
+        const double koe = rivi.isEmpty() ? sanaLeveys : riviLeveys + vali + sanaLeveys;
+        if (koe <= leveys) {
+            if (!rivi.isEmpty())
+                rivi += QLatin1Char(' ');
+            rivi += sana;
+            riviLeveys = koe;
             continue;
         }
         if (!rivi.isEmpty())
             rivit << rivi;
         rivi = sana;
-        while (rivi.size() > 1 && fm.leveys(rivi) > leveys) {
-            int n = int(rivi.size()) - 1;
-            while (n > 1 && fm.leveys(rivi.left(n)) > leveys)
-                --n;
-            rivit << rivi.left(n);
-            rivi = rivi.mid(n);
+        riviLeveys = sanaLeveys;
+        if (sanaLeveys <= leveys)
+            continue;
+        // Cut the word: each line takes as many characters as fit, and at least one.
+        qsizetype alku = 0;
+        double w = 0;
+        for (qsizetype i = 0; i < sana.size();) {
+            const qsizetype n = sana[i].isHighSurrogate() && i + 1 < sana.size() ? 2 : 1;
+            const double c = fm.leveys(sana.mid(i, n));
+            if (w + c > leveys && i > alku) {
+                rivit << sana.mid(alku, i - alku);
+                alku = i;
+                w = 0;
+            }
+            w += c;
+            i += n;
         }
+        rivi = sana.mid(alku);
+        riviLeveys = w;
     }
     rivit << rivi;
     return rivit;

@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "reports/RaporttiVirhe.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QXmlStreamReader>
@@ -503,7 +504,14 @@ QString EtsiRaportti(const QString &nimiTaiPolku)
         throw RaporttiVirhe(QStringLiteral("Raporttitiedostoa ei ole annettu."));
     if (QFileInfo(annettu).isFile())
         return annettu;
-    QString nimi = files::fileNamePart(QString(annettu).replace(QLatin1Char('\\'), QLatin1Char('/')));
+    const QString polku = QString(annettu).replace(QLatin1Char('\\'), QLatin1Char('/'));
+    // A file the user chose (an invoice layout of the settings) is that file or none: never
+    // silently the built-in one of the same name. The program's own reports come by name or by
+    // a path into the program's folder.
+    if (polku.contains(QLatin1Char('/'))
+        && QDir::cleanPath(QFileInfo(polku).absolutePath()) != QDir::cleanPath(QFileInfo(files::programFolder()).absoluteFilePath()))
+        throw RaporttiVirhe(QStringLiteral("Raporttitiedostoa %1 ei löydy. Tarkista tiedoston nimi ja kansio.").arg(annettu));
+    QString nimi = files::fileNamePart(polku);
     if (!nimi.contains(QLatin1Char('.')))
         nimi += QStringLiteral(".rpt");
     const QString omassa = files::joinPath(files::programFolder(), nimi);
