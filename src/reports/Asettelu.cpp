@@ -143,19 +143,18 @@ QStringList rivita(const QString &kappale, double leveys, Mittari &fm)
 class Asettelija {
 public:
     // `kokonaismaara`: the pages of the whole report when a counting pass has told them.
-    Asettelija(const Maaritys &m, const Rivisto &r, const Asetteluvalinnat &v, Sivuvirta &ulos, std::optional<int> kokonaismaara)
-        : m_m(m), m_r(r), m_v(v), m_ulos(ulos), m_kokonaismaara(kokonaismaara)
+    Asettelija(const Maaritys &m, Rivilahde &r, const Asetteluvalinnat &v, Sivuvirta &ulos, std::optional<int> kokonaismaara)
+        : m_m(m), m_lahde(r), m_v(v), m_ulos(ulos), m_kokonaismaara(kokonaismaara)
     {
         m_d.nimi = m.nimi.isEmpty() ? m.tiedosto : m.nimi;
         m_d.sivukoko = m.sivukoko;
         m_d.suunta = m.suunta;
         m_d.koko = m.sivunKoko();
-        m_d.riveja = r.riveja;
+        m_d.riveja = r.riveja();
         const QMarginsF ohitus = m.reunatLukittu ? QMarginsF() : v.reunat;
         m_reunat = QMarginsF(ohitus.left() > 0 ? ohitus.left() : m.reunat.left(), ohitus.top() > 0 ? ohitus.top() : m.reunat.top(),
                              ohitus.right() > 0 ? ohitus.right() : m.reunat.right(),
                              ohitus.bottom() > 0 ? ohitus.bottom() : m.reunat.bottom());
-        m_arv.rivit = &r;
         m_arv.kaavat = &v.kaavat;
         m_arv.tanaan = v.tanaan.isValid() ? v.tanaan : v.ajo ? v.ajo->tanaan : kello::tanaan();
         valmistele();
@@ -176,16 +175,51 @@ public:
         if (m_ala - m_reunat.top() - otsikko < yksikko::TwipsiaMillilla * 5)
             throw RaporttiVirhe(QStringLiteral("Raportin %1 marginaalit, sivuotsikko ja sivualatunniste ovat niin suuret, "
                                                "ettei sivulle mahdu mitään.").arg(m_m.tiedosto));
-        ryhmittele();
-        const int n = m_r.riveja;
-        m_rivi = n > 0 ? 0 : -1;
+        m_lahde.alusta();
+        const int kaikki = m_lahde.riveja();
+        const Rivisto *ensimmainen = m_lahde.seuraava();
+        otaRivit(ensimmainen ? ensimmainen : &m_tyhja, 0);
+        m_rivi = m_r->riveja > 0 ? 0 : -1;
         m_ulos.alku(m_d);
         aloitaSivu(true);
         const int tasoja = int(m_ryhmat.size());
         std::vector<int> alku(size_t(tasoja), 0);
+        for (;;) {
+            asetaRivit(alku, kierros, kierroksia, kaikki);
+            const int edelliset = m_alkuRivi + m_r->riveja; // the source may reuse the rows it gave
+            const Rivisto *seuraava = m_lahde.lopussa() ? nullptr : m_lahde.seuraava();
+            if (!seuraava)
+                break;
+            otaRivit(seuraava, edelliset);
+        }
+        const int n = m_r->riveja;
+        m_rivi = n - 1;
+        if (m_raporttialatunniste.o)
+            sijoita(m_raporttialatunniste, n - 1, 0, n);
+        lopetaSivu();
+        suljeJakso();
+        m_ulos.loppu(m_alkuRivi + n);
+        return m_annetut;
+    }
+
+private:
+    // The rows at hand: whole outermost groups, the first of them the `alkuRivi`th of the report.
+    void otaRivit(const Rivisto *r, int alkuRivi)
+    {
+        m_r = r;
+        m_arv.rivit = r;
+        m_alkuRivi = alkuRivi;
+        ryhmittele();
+    }
+
+    // Lays out the rows at hand and closes their groups: the next rows, if any, begin a new
+    // outermost group.
+    void asetaRivit(std::vector<int> &alku, int kierros, int kierroksia, int kaikki)
+    {
+        const int n = m_r->riveja, tasoja = int(m_ryhmat.size());
         for (int i = 0; i < n; ++i) {
             if (m_v.ajo)
-                m_v.ajo->askel(qint64(kierros) * n + i, qint64(kierroksia) * n);
+                m_v.ajo->askel(qint64(kierros) * kaikki + m_alkuRivi + i, qint64(kierroksia) * kaikki);
             m_rivi = i;
             const int muutos = m_muutos[size_t(i)];
             if (i > 0 && muutos > 0)
@@ -211,16 +245,8 @@ public:
         if (n > 0)
             for (int t = tasoja; t >= 1; --t)
                 suljeRyhma(t, alku[size_t(t - 1)], n);
-        m_rivi = n - 1;
-        if (m_raporttialatunniste.o)
-            sijoita(m_raporttialatunniste, n - 1, 0, n);
-        lopetaSivu();
-        suljeJakso();
-        m_ulos.loppu(m_r.riveja);
-        return m_annetut;
     }
 
-private:
     // --- preparation ---
     int fontti(const FonttiMaaritys &f)
     {
@@ -307,7 +333,7 @@ private:
     // and for each level where each group that starts at a row ends.
     void ryhmittele()
     {
-        const int n = m_r.riveja, tasoja = int(m_m.ryhmat.size());
+        const int n = m_r->riveja, tasoja = int(m_m.ryhmat.size());
         m_muutos.assign(size_t(n), 0);
         m_loppu.assign(size_t(tasoja), std::vector<int>(size_t(n), n));
         std::vector<Arvo> edelliset(static_cast<size_t>(tasoja));
@@ -446,6 +472,7 @@ private:
         a.koosteAlku = qMax(0, alku);
         a.koosteLoppu = qMax(a.koosteAlku, loppu);
         a.sivu = sivuNyt() - m_jaksonAlku + 1;
+        a.edellisetRivit = m_alkuRivi;
         return a;
     }
 
@@ -477,11 +504,11 @@ private:
         m_sarake = 0;
         m_sivunEnsimmainen = m_rivi;
         if (ensimmainen && m_raporttiotsikko.o)
-            sijoita(m_raporttiotsikko, m_rivi, 0, m_r.riveja);
+            sijoita(m_raporttiotsikko, m_rivi, 0, m_r->riveja);
         if (m_sivuotsikko.o) {
             const Osa &o = *m_sivuotsikko.o;
-            if (!o.nakyy || ArvioiEhto(*o.nakyy, arviointi(m_rivi, 0, m_r.riveja))) {
-                Ilmentyma il = rakenna(m_sivuotsikko, arviointi(m_rivi, 0, m_r.riveja));
+            if (!o.nakyy || ArvioiEhto(*o.nakyy, arviointi(m_rivi, 0, m_r->riveja))) {
+                Ilmentyma il = rakenna(m_sivuotsikko, arviointi(m_rivi, 0, m_r->riveja));
                 lisaa(il, m_reunat.left(), m_y);
                 m_y += il.korkeus;
             }
@@ -667,12 +694,13 @@ private:
     void avaaRyhma(int taso, int rivi)
     {
         const Ryhma &r = m_m.ryhmat[size_t(taso - 1)];
+        const int raportinRivi = m_alkuRivi + rivi;
         if (r.omaSivutus) {
             // An inner group that opens with its outer one shares the page the outer one began.
-            if (rivi > 0 && m_jaksonRivi != rivi)
+            if (raportinRivi > 0 && m_jaksonRivi != raportinRivi)
                 uusiSivu(true);
-            m_jaksonRivi = rivi;
-        } else if (r.uusiSivu && rivi > 0 && m_sisaltoa) {
+            m_jaksonRivi = raportinRivi;
+        } else if (r.uusiSivu && raportinRivi > 0 && m_sisaltoa) {
             uusiSivu();
         }
         const ValmisOsa &vo = m_ryhmat[size_t(taso - 1)].first;
@@ -681,7 +709,7 @@ private:
         // A heading is never left alone at the foot of a page: it goes over with the inner headings
         // and the group's first row.
         auto korkeus = [&](const ValmisOsa &osa, size_t t) {
-            return rakenna(osa, arviointi(rivi, rivi, t < m_loppu.size() ? m_loppu[t][size_t(rivi)] : m_r.riveja)).korkeus;
+            return rakenna(osa, arviointi(rivi, rivi, t < m_loppu.size() ? m_loppu[t][size_t(rivi)] : m_r->riveja)).korkeus;
         };
         double tarve = 0;
         for (size_t t = size_t(taso - 1); t < m_ryhmat.size(); ++t) {
@@ -709,7 +737,10 @@ private:
     }
 
     const Maaritys &m_m;
-    const Rivisto &m_r;
+    Rivilahde &m_lahde;
+    const Rivisto *m_r = nullptr;   // the rows at hand
+    const Rivisto m_tyhja;          // a report without rows
+    int m_alkuRivi = 0;             // how many rows of the report came before those at hand
     const Asetteluvalinnat &m_v;
     Sivuvirta &m_ulos;
     const std::optional<int> m_kokonaismaara;
@@ -781,6 +812,12 @@ public:
 } // namespace
 
 void Aseta(const Maaritys &m, const Rivisto &rivit, const Asetteluvalinnat &v, Sivuvirta &ulos)
+{
+    KokoRivisto lahde(rivit);
+    Aseta(m, lahde, v, ulos);
+}
+
+void Aseta(const Maaritys &m, Rivilahde &rivit, const Asetteluvalinnat &v, Sivuvirta &ulos)
 {
     std::optional<int> sivuja;
     {

@@ -8,6 +8,7 @@
 #include "reports/Sivusto.h"
 #include "reports/Tietolahde.h"
 
+#include <QSet>
 #include <optional>
 
 namespace {
@@ -33,6 +34,47 @@ void sidoKaikki(Maaritys &m, Tietolahde &lahde, const Kaavat &kaavat)
         lahde.sido(*r.lauseke, tiedosto + QStringLiteral(", ryhmä ") + r.lausekeTeksti);
     for (auto it = kaavat.constBegin(); it != kaavat.constEnd(); ++it)
         lahde.sido(**it, tiedosto + QStringLiteral(", kaava {@") + it.key() + QLatin1Char('}'));
+}
+
+// Whether an expression sums or counts rows, itself or through a formula.
+bool koostaa(const Solmu &s, const Kaavat &kaavat, QSet<QString> &kaydyt)
+{
+    if (s.laji == Solmu::Laji::Funktio
+        && (s.teksti.compare(QLatin1String("Sum"), Qt::CaseInsensitive) == 0 || s.teksti.compare(QLatin1String("Count"), Qt::CaseInsensitive) == 0))
+        return true;
+    if (s.laji == Solmu::Laji::Kaava) {
+        const QString nimi = s.teksti.toLower();
+        const auto it = kaavat.constFind(nimi);
+        if (it != kaavat.constEnd() && !kaydyt.contains(nimi)) {
+            kaydyt.insert(nimi);
+            if (koostaa(**it, kaavat, kaydyt))
+                return true;
+        }
+    }
+    for (const auto &l : s.lapset)
+        if (koostaa(*l, kaavat, kaydyt))
+            return true;
+    return false;
+}
+
+// Rows can be read one outermost group at a time when only the groups' bands and the detail
+// sum or count: a report header or footer, or a page's, that sums over more rows needs them all.
+bool voiLukeaRyhmittain(const Maaritys &m, const Kaavat &kaavat)
+{
+    if (m.ryhmat.empty())
+        return false;
+    for (const std::optional<Osa> *o : {&m.raporttiotsikko, &m.sivuotsikko, &m.sivualatunniste, &m.raporttialatunniste}) {
+        if (!*o)
+            continue;
+        QSet<QString> kaydyt;
+        if ((*o)->nakyy && koostaa(*(*o)->nakyy, kaavat, kaydyt))
+            return false;
+        for (const Kohde &k : (*o)->kohteet)
+            for (const auto &puu : {k.lauseke, k.nakyy})
+                if (puu && koostaa(*puu, kaavat, kaydyt))
+                    return false;
+    }
+    return true;
 }
 
 // Refuses a report without rows before its first page goes anywhere.
@@ -162,6 +204,15 @@ void Raporttiajo::Laadi(Sivuvirta &ulos) const
         jarjestysArvot += e.arvot;
     }
 
+    if (voiLukeaRyhmittain(m, v.kaavat)) {
+        const std::unique_ptr<Rivilahde> rivit = [&] {
+            KantaVahti vahti(tk, v.ajo ? v.ajo->edistyminen : nullptr);
+            return lahde.virta(valinta, jarjestys, jarjestysArvot, *m.ryhmat.front().lauseke);
+        }();
+        m_sql = lahde.sql();
+        Aseta(m, *rivit, v, ulos);
+        return;
+    }
     const Rivisto rivit = [&] {
         KantaVahti vahti(tk, v.ajo ? v.ajo->edistyminen : nullptr);
         return lahde.hae(valinta, jarjestys, jarjestysArvot);
