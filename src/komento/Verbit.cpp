@@ -12,8 +12,13 @@ const std::vector<Verbi> &Verbit()
          QStringLiteral("laskutus --pohja NIMI [--kenelle kaikki|ominaisuus:NIMI|jasen:JRID] [--ei-perheellisille] [--muille] "
                         "[--laskupaiva PVM] [--erapaiva PVM]"),
          Laskutus},
+        {QStringLiteral("tulosta-laskut"),
+         QStringLiteral("tulosta-laskut ULOS.pdf [--malli tilisiirto|yleislasku|jasenkortti] [--kaksikielinen] "
+                        "[--jarjestys aakkos|postinumero|syntyma] [--vain-lahettamattomat]"),
+         TulostaLaskuera},
         {QStringLiteral("historiaan"), QStringLiteral("historiaan"), Historiaan},
         {QStringLiteral("poista-laskut"), QStringLiteral("poista-laskut"), PoistaLaskut},
+        {QStringLiteral("maksettu"), QStringLiteral("maksettu VIITENUMERO [--poista-maksettu]"), Maksettu},
     };
     return verbit;
 }
