@@ -5,6 +5,7 @@
 #include "invoicing/ui/frmOminLasku.h"
 #include "invoicing/ui/frmPROMaksujenLuonti.h"
 #include "invoicing/ui/frmPerhelasku.h"
+#include "members/ui/frmPROMyyntilajit.h"
 #include "platform/kello.h"
 #include "scripteddialogs.h"
 #include "seurat.h"
@@ -14,6 +15,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QTreeWidget>
 #include <QtTest>
 
 namespace {
@@ -121,6 +123,20 @@ private slots:
         QCOMPARE(s.viimeinen(), QStringLiteral("Lisätty 1 lasku."));
         QCOMPARE(s.maara(QStringLiteral("jmRivi JOIN jm ON jmID = jmRjmID WHERE jmRTeksti = 'Seuratuote' AND jmRmlID = %1").arg(mlID)), 1);
         QVERIFY(s.dlg.unexpected.isEmpty());
+
+        // The sales types' own window: the rows under their root; the root itself shows nothing.
+        frmPROMyyntilajit lajit;
+        QVERIFY(lajit.lataa());
+        QCOMPARE(lajit.tvwLista->topLevelItemCount(), 1);
+        QTreeWidgetItem *juuri = lajit.tvwLista->topLevelItem(0);
+        QCOMPARE(juuri->text(0), QStringLiteral(" - Myyntilajit - "));
+        QCOMPARE(juuri->childCount(), lajeja);
+        lajit.tvwLista->setCurrentItem(juuri->child(1));
+        QTRY_VERIFY(juuri->child(1)->text(0).endsWith(lajit.tNimi->text()) && !lajit.tNimi->text().isEmpty());
+        const QString nimi = lajit.tNimi->text();
+        lajit.tvwLista->setCurrentItem(juuri);
+        QTest::qWait(20);
+        QCOMPARE(lajit.tNimi->text(), nimi);
     }
 };
 

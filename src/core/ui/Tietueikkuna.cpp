@@ -66,7 +66,7 @@ QToolButton *KomentoPainike(QWidget *ikkuna, QList<QAction *> &komennot, const c
     return b;
 }
 
-void TaytaLuettelo(QTreeWidget *puu, const QVector<QPair<QVariant, QString>> &rivit)
+void TaytaLuettelo(QTreeWidget *puu, const QVector<QPair<QVariant, QString>> &rivit, const QString &juuri)
 {
     puu->clear();
     QList<QTreeWidgetItem *> solmut;
@@ -76,7 +76,13 @@ void TaytaLuettelo(QTreeWidget *puu, const QVector<QPair<QVariant, QString>> &ri
         s->setData(0, Qt::UserRole, avain);
         solmut << s;
     }
-    puu->addTopLevelItems(solmut);
+    if (juuri.isEmpty()) {
+        puu->addTopLevelItems(solmut);
+        return;
+    }
+    auto *j = new QTreeWidgetItem(puu, QStringList{juuri});
+    j->addChildren(solmut);
+    j->setExpanded(true);
 }
 
 QTreeWidgetItem *LuettelonSolmu(const QTreeWidget *puu, const QVariant &avain)
@@ -85,9 +91,14 @@ QTreeWidgetItem *LuettelonSolmu(const QTreeWidget *puu, const QVariant &avain)
         return nullptr;
     // As text: a postal code "00100" is not "100".
     const QString haettu = avain.toString();
-    for (int i = 0; i < puu->topLevelItemCount(); ++i)
-        if (puu->topLevelItem(i)->data(0, Qt::UserRole).toString() == haettu)
-            return puu->topLevelItem(i);
+    for (int i = 0; i < puu->topLevelItemCount(); ++i) {
+        QTreeWidgetItem *t = puu->topLevelItem(i);
+        if (t->data(0, Qt::UserRole).toString() == haettu && t->data(0, Qt::UserRole).isValid())
+            return t;
+        for (int j = 0; j < t->childCount(); ++j) // the rows under a list's root
+            if (t->child(j)->data(0, Qt::UserRole).toString() == haettu)
+                return t->child(j);
+    }
     return nullptr;
 }
 

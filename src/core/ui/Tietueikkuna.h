@@ -88,7 +88,7 @@ QHBoxLayout *KomentoRivi(std::initializer_list<QToolButton *> komennot, std::ini
 
 // Fills a flat tree with one node a record: its text, and its key (an id, or a postal code) in
 // Qt::UserRole. The tree's own signals are the caller's to silence.
-void TaytaLuettelo(QTreeWidget *puu, const QVector<QPair<QVariant, QString>> &rivit);
+void TaytaLuettelo(QTreeWidget *puu, const QVector<QPair<QVariant, QString>> &rivit, const QString &juuri = {});
 // The node of a key; nullptr when the record is not listed.
 QTreeWidgetItem *LuettelonSolmu(const QTreeWidget *puu, const QVariant &avain);
 // Makes the record's node current and shows it; an unlisted or unsaved record (invalid key)

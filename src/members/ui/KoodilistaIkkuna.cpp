@@ -17,7 +17,7 @@
 #include <QVBoxLayout>
 
 KoodilistaIkkuna::KoodilistaIkkuna(QWidget *parent, const char *nimi, const Tekstit &tekstit, cKoodirivi *olio)
-    : QWidget(parent, Qt::Window), curMainObject(olio), m_poistokysymys(tekstit.poistokysymys)
+    : QWidget(parent, Qt::Window), curMainObject(olio), m_poistokysymys(tekstit.poistokysymys), m_juuri(tekstit.juuri)
 {
     setObjectName(QLatin1String(nimi));
     setWindowTitle(MainModule::AppName + QStringLiteral(" - ") + tekstit.otsikko);
@@ -119,7 +119,8 @@ void KoodilistaIkkuna::rakennaPuu()
     QVector<QPair<QVariant, QString>> rivit;
     for (const KoodilistanRivi &r : curMainObject->Luettelo())
         rivit.append({r.avain, r.teksti});
-    tietue::TaytaLuettelo(tvwLista, rivit);
+    tietue::TaytaLuettelo(tvwLista, rivit, m_juuri);
+    tvwLista->setRootIsDecorated(!m_juuri.isEmpty());
     m_naytetaan = false;
 }
 
@@ -200,6 +201,9 @@ void KoodilistaIkkuna::puustaValittu(QTreeWidgetItem *s)
     if (m_naytetaan || !s)
         return;
     const QVariant avain = s->data(0, Qt::UserRole);
+    if (!avain.isValid())
+        return; // the root
+
     if (curMainObject->Id() != 0 && avain.toString() == curMainObject->Avain().toString())
         return; // the shown row's own node
     tietue::Suojattu([this, avain] {

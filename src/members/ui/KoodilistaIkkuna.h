@@ -25,6 +25,7 @@ public:
     struct Tekstit {
         QString otsikko;       // window title after "Vonari - "
         QString poistokysymys; // the question of cPoista
+        QString juuri;         // the tree's root above the rows; none when empty
         QString vihjeTallenna = QStringLiteral("Tallenna näytöllä oleva ominaisuus [F3]");
         QString vihjePoista = QStringLiteral("Poista näytössä oleva ominaisuus [F4]");
         QString vihjeSelaa = QStringLiteral("Selaa ominaisuusluetteloa [F5]");
@@ -70,6 +71,7 @@ private:
     QFormLayout *m_kentat = nullptr;
     QList<QAction *> m_komennot;
     QString m_poistokysymys;
+    QString m_juuri;
     bool m_naytetaan = false; // the window itself is filling its boxes or its tree
 };
 

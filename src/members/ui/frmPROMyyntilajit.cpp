@@ -12,6 +12,7 @@ KoodilistaIkkuna::Tekstit tekstit()
     KoodilistaIkkuna::Tekstit t;
     t.otsikko = QStringLiteral("Myyntilajit");
     t.poistokysymys = QStringLiteral("Poistetaanko näytössä oleva myyntilaji?");
+    t.juuri = QStringLiteral(" - Myyntilajit - ");
     t.vihjeTallenna = QStringLiteral("Tallenna näytöllä oleva myyntilaji [F3]");
     t.vihjePoista = QStringLiteral("Poista näytössä oleva myyntilaji [F4]");
     t.vihjeSelaa = QStringLiteral("Selaa myyntilajeja [F5]");
