@@ -65,6 +65,12 @@ struct Pysayttaja : Edistyminen {
     bool keskeytetaanko() override { return --kerta <= 0; }
 };
 
+// Notes every step it is told.
+struct Kirjuri : Edistyminen {
+    QList<QPair<qint64, qint64>> askeleet;
+    void vaihe(qint64 tehty, qint64 yhteensa) override { askeleet.append({tehty, yhteensa}); }
+};
+
 // A report of any length made up as it is read: page i shows "Sivu i+1". Notes the pages read.
 class Keksitty : public Sivusto {
 public:
@@ -248,6 +254,35 @@ private slots:
         QFile f(polku);
         QVERIFY(f.open(QIODevice::ReadOnly));
         QCOMPARE(f.readAll(), QByteArray("vanha tiedosto"));
+    }
+
+    void edistyminen_data()
+    {
+        QTest::addColumn<QByteArray>("maareet");
+        QTest::addColumn<int>("kierroksia");
+        QTest::newRow("laskun sivut") << QByteArray(R"(sivutus="oma")") << 1;
+        QTest::newRow("koko raportin sivut") << QByteArray() << 2; // a first pass counts the pages
+    }
+    // Progress counts every row of every pass once, in order, to the end.
+    void edistyminen()
+    {
+        QFETCH(QByteArray, maareet);
+        QFETCH(int, kierroksia);
+        Kirjuri kirjuri;
+        Ajo a(*d, &kirjuri);
+        Raporttiajo r = ajo(tiedosto(env->path(u"laskut.rpt"_s), laskupohja(maareet)));
+        r.ajo = &a;
+        r.Destination = Raporttiajo::PdfTiedosto;
+        r.PrintFileName = env->path(u"laskut.pdf"_s);
+        r.Aja();
+        QList<QPair<qint64, qint64>> odotetut;
+        for (int i = 0; i < 7 * kierroksia; ++i)
+            odotetut.append({i, 7 * kierroksia});
+        QList<QPair<qint64, qint64>> rivit; // the busy steps of the database (0 of 0) left out
+        for (const auto &x : kirjuri.askeleet)
+            if (x.second > 0)
+                rivit.append(x);
+        QCOMPARE(rivit, odotetut);
     }
 
     // The preview scrolls to the last page of a hundred thousand and reads only the pages it
