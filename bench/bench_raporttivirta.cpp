@@ -3,7 +3,7 @@
 // and written to one PDF. Goals: 10,000 invoices within 60 s, and 100,000 without memory growing
 // with the batch. Memory is the process's peak resident size (getrusage ru_maxrss, so run one
 // size per process: see README.md) and the run's own peak, with the setting up left out. Beside it the same 10,000 collected in memory first, as the
-// engine did before it streamed, to show what streaming saves.
+// engine did before it streamed, to show what streaming saves, and the layout alone.
 #include "platform/database.h"
 #include "reports/Piirto.h"
 #include "reports/Raporttiajo.h"
@@ -152,6 +152,26 @@ void BM_laskuera_pdf(benchmark::State &state)
     state.counters["pdf_Mt"] = double(QFileInfo(era.pdf).size()) / (1024.0 * 1024.0);
 }
 BENCHMARK(BM_laskuera_pdf)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->Iterations(1);
+
+// Reading the rows and the layout alone: the pages are counted and let go unpainted.
+void BM_laskuera_asettelu(benchmark::State &state)
+{
+    struct Laskuri : Sivuvirta {
+        qint64 sivuja = 0;
+        void alku(const Asiakirja &) override {}
+        void sivu(Sivu &&) override { ++sivuja; }
+        void loppu(int) override {}
+    };
+    const Era era(int(state.range(0)));
+    const Raporttiajo r = era.ajo();
+    nollaaHuippu();
+    Laskuri laskuri;
+    for (auto _ : state)
+        r.Laadi(laskuri);
+    state.counters["sivuja"] = double(laskuri.sivuja);
+    state.counters["ajon_huippu_Mt"] = ajonHuippuMt();
+}
+BENCHMARK(BM_laskuera_asettelu)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 // The batch laid out whole into memory, then painted: the engine before streaming.
 void BM_laskuera_muistissa(benchmark::State &state)
