@@ -11,6 +11,7 @@
 #include "reports/ui/frmEsikatselu.h"
 #include "testiapu.h"
 #include "testipohja.h"
+#include "tulostuskirjaus.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -143,6 +144,7 @@ private slots:
     }
     void cleanup()
     {
+        AsetaTulostuskohde(nullptr);
         d.reset();
         Testipohja::cleanup();
     }
@@ -216,6 +218,53 @@ private slots:
         const QString toinen = env->path(u"esikatselusta.pdf"_s);
         KirjoitaPdf(sivut, toinen, nullptr);
         QCOMPARE(PdfTeksti(toinen), teksti);
+    }
+
+    void kohteet_data()
+    {
+        QTest::addColumn<int>("kohde");
+        QTest::newRow("esikatselu") << int(Raporttiajo::Esikatselu);
+        QTest::newRow("tulostin") << int(Raporttiajo::Tulostin);
+        QTest::newRow("PDF") << int(Raporttiajo::PdfTiedosto);
+    }
+    // Every destination gets the pages of the whole layout; a selection that finds nothing sends
+    // nothing anywhere.
+    void kohteet()
+    {
+        QFETCH(int, kohde);
+        const QString maaritys = tiedosto(env->path(u"laskut.rpt"_s), laskupohja(R"(sivutus="oma")"));
+        const Asiakirja koko = ajo(maaritys).Laadi();
+        Kirjaus kirjaus;
+        AsetaTulostuskohde(&kirjaus);
+        auto aja = [&](const QString &valinta) {
+            Raporttiajo r = ajo(maaritys);
+            r.Destination = kohde;
+            r.PrinterName = u"Toimisto"_s;
+            r.CopiesToPrinter = 2;
+            r.PrintFileName = env->path(u"laskut.pdf"_s);
+            r.SelectionFormula = valinta;
+            r.Aja();
+        };
+        try {
+            aja(u"{jr.jrSukunimi} = 'Ei ketään'"_s);
+            QFAIL("tyhjä raportti meni perille");
+        } catch (const RaporttiVirhe &e) {
+            QCOMPARE(e.viesti(), u"Raportille ei löytynyt yhtään tulostettavaa tietoa."_s);
+        }
+        QVERIFY(kirjaus.esikatsellut.empty() && kirjaus.tulostettu.sivut.empty() && !QFile::exists(env->path(u"laskut.pdf"_s)));
+        aja({});
+        const QStringList odotetut = sivujenSisalto(Muistisivusto(koko));
+        if (kohde == Raporttiajo::Esikatselu) {
+            QCOMPARE(int(kirjaus.esikatsellut.size()), 1);
+            QCOMPARE(sivujenSisalto(Muistisivusto(kirjaus.esikatsellut[0])), odotetut);
+        } else if (kohde == Raporttiajo::Tulostin) {
+            QCOMPARE(kirjaus.tulostin, u"Toimisto"_s);
+            QCOMPARE(kirjaus.kopioita, 2);
+            QCOMPARE(kirjaus.tulostettu.riveja, 7);
+            QCOMPARE(sivujenSisalto(Muistisivusto(kirjaus.tulostettu)), odotetut);
+        } else {
+            QCOMPARE(PdfTeksti(env->path(u"laskut.pdf"_s)).count(u'\f'), int(koko.sivut.size()));
+        }
     }
 
     void keskeytysEiJataPdf_data()
