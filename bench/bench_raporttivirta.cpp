@@ -7,6 +7,7 @@
 #include "platform/database.h"
 #include "reports/Piirto.h"
 #include "reports/Raporttiajo.h"
+#include "reports/Sivusto.h"
 #include "seurat.h"
 
 #include <QFile>
@@ -172,6 +173,22 @@ void BM_laskuera_asettelu(benchmark::State &state)
     state.counters["ajon_huippu_Mt"] = ajonHuippuMt();
 }
 BENCHMARK(BM_laskuera_asettelu)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->Iterations(1);
+
+// The preview's share: the pages laid out into its temporary file, the last one read back.
+void BM_laskuera_esikatselu(benchmark::State &state)
+{
+    const Era era(int(state.range(0)));
+    const Raporttiajo r = era.ajo();
+    nollaaHuippu();
+    for (auto _ : state) {
+        Sivutiedosto sivut;
+        r.Laadi(sivut);
+        benchmark::DoNotOptimize(sivut.sivu(sivut.sivuja() - 1));
+        state.counters["sivuja"] = sivut.sivuja();
+    }
+    state.counters["ajon_huippu_Mt"] = ajonHuippuMt();
+}
+BENCHMARK(BM_laskuera_esikatselu)->Arg(100000)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 // The batch laid out whole into memory, then painted: the engine before streaming.
 void BM_laskuera_muistissa(benchmark::State &state)
