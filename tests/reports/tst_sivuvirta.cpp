@@ -351,6 +351,12 @@ private slots:
         w.nakyma()->viewport()->grab();
         QVERIFY(sivut.luetut.count(99999));
         QVERIFY2(sivut.luetut.size() <= 3, qPrintable(QString::number(sivut.luetut.size())));
+        QTest::keyClick(w.nakyma(), Qt::Key_Home);
+        QCOMPARE(w.lblSivut->text(), u"sivu 1 / 100000"_s);
+        QTest::keyClick(w.nakyma(), Qt::Key_End);
+        QCOMPARE(w.lblSivut->text(), u"sivu 100000 / 100000"_s);
+        QTest::keyClick(w.nakyma(), Qt::Key_PageUp);
+        QCOMPARE(w.lblSivut->text(), u"sivu 99999 / 100000"_s); // a view shorter than a page
         w.nakyma()->naytaSivu(49999);
         QCOMPARE(w.lblSivut->text(), u"sivu 50000 / 100000"_s);
         // Another zoom keeps the same page in view.
