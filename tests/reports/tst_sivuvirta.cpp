@@ -11,6 +11,7 @@
 #include "reports/ui/frmEsikatselu.h"
 #include "testiapu.h"
 #include "testipohja.h"
+#include "tulostuskirjaus.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -63,6 +64,12 @@ struct Pysayttaja : Edistyminen {
     explicit Pysayttaja(int k) : kerta(k) {}
     void vaihe(qint64, qint64) override {}
     bool keskeytetaanko() override { return --kerta <= 0; }
+};
+
+// Notes every step it is told.
+struct Kirjuri : Edistyminen {
+    QList<QPair<qint64, qint64>> askeleet;
+    void vaihe(qint64 tehty, qint64 yhteensa) override { askeleet.append({tehty, yhteensa}); }
 };
 
 // A report of any length made up as it is read: page i shows "Sivu i+1". Notes the pages read.
@@ -137,6 +144,7 @@ private slots:
     }
     void cleanup()
     {
+        AsetaTulostuskohde(nullptr);
         d.reset();
         Testipohja::cleanup();
     }
@@ -212,6 +220,53 @@ private slots:
         QCOMPARE(PdfTeksti(toinen), teksti);
     }
 
+    void kohteet_data()
+    {
+        QTest::addColumn<int>("kohde");
+        QTest::newRow("esikatselu") << int(Raporttiajo::Esikatselu);
+        QTest::newRow("tulostin") << int(Raporttiajo::Tulostin);
+        QTest::newRow("PDF") << int(Raporttiajo::PdfTiedosto);
+    }
+    // Every destination gets the pages of the whole layout; a selection that finds nothing sends
+    // nothing anywhere.
+    void kohteet()
+    {
+        QFETCH(int, kohde);
+        const QString maaritys = tiedosto(env->path(u"laskut.rpt"_s), laskupohja(R"(sivutus="oma")"));
+        const Asiakirja koko = ajo(maaritys).Laadi();
+        Kirjaus kirjaus;
+        AsetaTulostuskohde(&kirjaus);
+        auto aja = [&](const QString &valinta) {
+            Raporttiajo r = ajo(maaritys);
+            r.Destination = kohde;
+            r.PrinterName = u"Toimisto"_s;
+            r.CopiesToPrinter = 2;
+            r.PrintFileName = env->path(u"laskut.pdf"_s);
+            r.SelectionFormula = valinta;
+            r.Aja();
+        };
+        try {
+            aja(u"{jr.jrSukunimi} = 'Ei ketään'"_s);
+            QFAIL("tyhjä raportti meni perille");
+        } catch (const RaporttiVirhe &e) {
+            QCOMPARE(e.viesti(), u"Raportille ei löytynyt yhtään tulostettavaa tietoa."_s);
+        }
+        QVERIFY(kirjaus.esikatsellut.empty() && kirjaus.tulostettu.sivut.empty() && !QFile::exists(env->path(u"laskut.pdf"_s)));
+        aja({});
+        const QStringList odotetut = sivujenSisalto(Muistisivusto(koko));
+        if (kohde == Raporttiajo::Esikatselu) {
+            QCOMPARE(int(kirjaus.esikatsellut.size()), 1);
+            QCOMPARE(sivujenSisalto(Muistisivusto(kirjaus.esikatsellut[0])), odotetut);
+        } else if (kohde == Raporttiajo::Tulostin) {
+            QCOMPARE(kirjaus.tulostin, u"Toimisto"_s);
+            QCOMPARE(kirjaus.kopioita, 2);
+            QCOMPARE(kirjaus.tulostettu.riveja, 7);
+            QCOMPARE(sivujenSisalto(Muistisivusto(kirjaus.tulostettu)), odotetut);
+        } else {
+            QCOMPARE(PdfTeksti(env->path(u"laskut.pdf"_s)).count(u'\f'), int(koko.sivut.size()));
+        }
+    }
+
     void keskeytysEiJataPdf_data()
     {
         QTest::addColumn<bool>("esikatselusta");
@@ -250,6 +305,35 @@ private slots:
         QCOMPARE(f.readAll(), QByteArray("vanha tiedosto"));
     }
 
+    void edistyminen_data()
+    {
+        QTest::addColumn<QByteArray>("maareet");
+        QTest::addColumn<int>("kierroksia");
+        QTest::newRow("laskun sivut") << QByteArray(R"(sivutus="oma")") << 1;
+        QTest::newRow("koko raportin sivut") << QByteArray() << 2; // a first pass counts the pages
+    }
+    // Progress counts every row of every pass once, in order, to the end.
+    void edistyminen()
+    {
+        QFETCH(QByteArray, maareet);
+        QFETCH(int, kierroksia);
+        Kirjuri kirjuri;
+        Ajo a(*d, &kirjuri);
+        Raporttiajo r = ajo(tiedosto(env->path(u"laskut.rpt"_s), laskupohja(maareet)));
+        r.ajo = &a;
+        r.Destination = Raporttiajo::PdfTiedosto;
+        r.PrintFileName = env->path(u"laskut.pdf"_s);
+        r.Aja();
+        QList<QPair<qint64, qint64>> odotetut;
+        for (int i = 0; i < 7 * kierroksia; ++i)
+            odotetut.append({i, 7 * kierroksia});
+        QList<QPair<qint64, qint64>> rivit; // the busy steps of the database (0 of 0) left out
+        for (const auto &x : kirjuri.askeleet)
+            if (x.second > 0)
+                rivit.append(x);
+        QCOMPARE(rivit, odotetut);
+    }
+
     // The preview scrolls to the last page of a hundred thousand and reads only the pages it
     // shows.
     void esikatseluVierittaaLoppuun()
@@ -267,6 +351,12 @@ private slots:
         w.nakyma()->viewport()->grab();
         QVERIFY(sivut.luetut.count(99999));
         QVERIFY2(sivut.luetut.size() <= 3, qPrintable(QString::number(sivut.luetut.size())));
+        QTest::keyClick(w.nakyma(), Qt::Key_Home);
+        QCOMPARE(w.lblSivut->text(), u"sivu 1 / 100000"_s);
+        QTest::keyClick(w.nakyma(), Qt::Key_End);
+        QCOMPARE(w.lblSivut->text(), u"sivu 100000 / 100000"_s);
+        QTest::keyClick(w.nakyma(), Qt::Key_PageUp);
+        QCOMPARE(w.lblSivut->text(), u"sivu 99999 / 100000"_s); // a view shorter than a page
         w.nakyma()->naytaSivu(49999);
         QCOMPARE(w.lblSivut->text(), u"sivu 50000 / 100000"_s);
         // Another zoom keeps the same page in view.

@@ -3,6 +3,7 @@
 #include "reports/Piirto.h"
 #include "reports/Sivusto.h"
 
+#include <QKeyEvent>
 #include <QPaintEvent>
 #include <QResizeEvent>
 #include <QPainter>
@@ -55,6 +56,15 @@ void Sivunakyma::resizeEvent(QResizeEvent *e)
     paivitaPalkit();
     if (e->size().width() != e->oldSize().width())
         emit leveysMuuttui();
+}
+
+void Sivunakyma::keyPressEvent(QKeyEvent *e)
+{
+    if (e->key() == Qt::Key_Home || e->key() == Qt::Key_End) {
+        naytaSivu(e->key() == Qt::Key_Home ? 0 : m_sivuja - 1);
+        return;
+    }
+    QAbstractScrollArea::keyPressEvent(e);
 }
 
 const Sivu &Sivunakyma::sivu(int i)

@@ -30,6 +30,7 @@ signals:
 protected:
     void paintEvent(QPaintEvent *e) override;
     void resizeEvent(QResizeEvent *e) override;
+    void keyPressEvent(QKeyEvent *e) override; // Home and End: the first and the last page
 
 private:
     static constexpr int Reuna = 16;
