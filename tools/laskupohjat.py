@@ -15,6 +15,9 @@ OUT = os.path.join(HERE, '..', 'resources', 'raportit')
 TWELFTH = 25.4 / 12
 SLIP = 101.6
 PAGE_H = 297.0
+# Pages without the slip keep this much paper free below the rows. The slip's band is this much
+# shorter than the slip, and its items reach on to the paper's edge.
+BOTTOM = 12.0
 THIN = 0.37   # pt: 0.13 mm
 THICK = 1.42  # pt: 0.50 mm
 
@@ -112,10 +115,10 @@ class Layout:
     # --- page header: the letterhead and the invoice's details ----------------------------
     def page_header(self):
         f = self.f
-        self.w('  <sivuotsikko korkeus="44">')
+        self.w('  <sivuotsikko korkeus="46">')
         self.w('    <kuva nimi="Logo" x="85" y="8" leveys="20" korkeus="20" tiedosto="logo.png" valinnainen="kyllä"/>')
-        self.text(20, 9, 63, 10, '{@Seurannimi}', koko=11, lihava='kyllä', rivita='kyllä', nimi='Seura')
-        self.text(20, 20, 63, 19,
+        self.text(20, 8.5, 63, 12.5, '{@Seurannimi}', koko=10, lihava='kyllä', rivita='kyllä', nimi='Seura')
+        self.text(20, 21.5, 63, 19,
                   "Rivit({@Seuranosoite}, {@Seuranpostiosoite}, IIf(Trim({@Puhelin}) <> '', 'Puh. ' + Trim({@Puhelin}), ''), "
                   "{@Sahkoposti}, IIf({@Ytunnusnumero} <> '', 'Y-tunnus ' + {@Ytunnusnumero}, ''))", koko=8.5, nimi='Yhteystiedot')
         if self.kind == 'karh':
@@ -134,21 +137,24 @@ class Layout:
                     (self.t('Laskun eräpäivä', 'Förfallodag'), f('Erapaiva'), False),
                     (self.t('Viitenumero', 'Ref.nr'), "Viite({@Viite})", True),
                     (self.t('Eräpäivä', 'Förfallodag'), "{@Erapaiva}", True)]
+            rows = [r + (None,) for r in rows]
         else:
             rows = [(self.t('Päiväys', 'Datum'), f('Laskupaiva'), False),
-                    (self.t('Laskun nro', 'Fakturanr'), "ToText(%s)" % f('Laskunumero'), False),
+                    ('Laskun nro / Fakturanr' if self.fi_sv else 'Laskun numero', "ToText(%s)" % f('Laskunumero'), False),
                     (self.t('Eräpäivä', 'Förfallodag'), "{@Erapaiva}", True),
-                    (self.t('Viitenumero', 'Ref.nr'), "Viite({@Viite})", True)]
+                    (self.t('Viitenumero', 'Ref.nr'), "Viite({@Viite})", True, "{@Viite} <> ''")]
+            rows = [r if len(r) == 4 else r + (None,) for r in rows]
         lw = 40 if self.fi_sv else 30
         y = 23
-        for label, expr, bold in rows:
-            self.text(110, y, lw, 4.5, fixed=label, koko=8)
+        for label, expr, bold, cond in rows:
+            shown = {'nakyy': cond} if cond else {}
+            self.text(110, y, lw, 4.5, fixed=label, koko=8, **shown)
             kw = {'lihava': 'kyllä'} if bold else {}
-            self.text(110 + lw + 1, y - 0.3, 84 - lw, 4.8, expr, koko=9.5, **kw)
+            self.text(110 + lw + 1, y - 0.3, 84 - lw, 4.8, expr, koko=9.5, **kw, **shown)
             y += 4.4
         if self.kind != 'karh':
             # A page after the first goes on with the rows: their headings again.
-            self.col_heads(38.5, 'PageNumber > 1')
+            self.col_heads(41, 'PageNumber > 1')
         self.w('  </sivuotsikko>')
 
     def col_heads(self, y, cond=None):
@@ -186,21 +192,25 @@ class Layout:
         mid, lab, right = 111.4, 20.0, 202.8
         I = '      '
         L = lambda *p, **k: self.line(*p, ind=I, **k)
-        self.w('    <alatunniste korkeus="%s" alaosaan="kyllä">' % num(SLIP))
-        self.w('      <!-- The giro slip: the bottom 101.6 mm of the page, as the banks\' form measures it. -->')
+        self.w('    <alatunniste korkeus="%s" alaosaan="kyllä">' % num(SLIP - BOTTOM))
+        self.w('      <!-- The giro slip: the bottom 101.6 mm of the page, as the banks\' form measures it. The band')
+        self.w('           stops at the page\'s bottom margin; the slip goes on to the paper\'s edge. -->')
         L(0, 0, 210, 0, THIN, nimi='Lomakkeen yläreuna')
-        L(lab, 0, lab, r5, THIN)
+        L(lab, 0, lab, r3, THIN)
+        L(lab, r4, lab, r5, THIN)
         L(mid, 0, mid, r5, THICK, nimi='Keskiviiva')
-        L(0, r1, mid, r1, THIN)
-        L(0, r2, mid, r2, THIN)
+        # The vertical title has the strip left of the labels to itself.
+        strip = 3.4
+        L(strip, r1, mid, r1, THIN)
+        L(strip, r2, mid, r2, THIN)
         L(mid, ref_top, right, ref_top, THICK)
         L(131.4, ref_top, 131.4, r3, THIN)
-        L(0, r3, right, r3, THICK, nimi='Viitenumeron alareuna')
+        L(strip, r3, right, r3, THICK, nimi='Viitenumeron alareuna')
         L(lab + 2, r4 - 0.6, mid - 3, r4 - 0.6, THIN, nimi='Allekirjoitusviiva')
-        L(0, r4, right, r4, THICK, nimi='Eräpäivän yläreuna')
+        L(strip, r4, right, r4, THICK, nimi='Eräpäivän yläreuna')
         L(131.4, r4, 131.4, r5, THIN)
         L(163, r4, 163, r5, THIN)
-        L(0, r5, right, r5, THICK, nimi='Viivakoodialueen yläreuna')
+        L(strip, r5, right, r5, THICK, nimi='Viivakoodialueen yläreuna')
         self.text(0.2, 1, 3.2, r5 - 2, fixed='TILISIIRTO. GIRERING',
                   ind=I, koko=8, lihava='kyllä', kierto=90, tasaus='keski', nimi='Lomakkeen nimi')
         lx, lw = 3.5, lab - 3.5 - 0.3
@@ -219,13 +229,18 @@ class Layout:
                       nimi='Tilinumero %s' % n)
             self.text(lab + 54, y + 0.3, mid - lab - 55, 4, "Trim(TiliPankki({@Tili%s}) + ' ' + TiliBic({@Tili%s}))" % (n, n),
                       ind=I, koko=8, nakyy=cond, nimi='Pankki %s' % n)
+        # A long name takes two lines: the address then goes on one.
         self.text(lab + 1.5, r1 + 1, mid - lab - 3, 13, "Rivit({@Seurannimi}, {@Seuranosoite}, {@Seuranpostiosoite})",
-                  ind=I, koko=9, rivita='kyllä', nimi='Saaja')
+                  ind=I, koko=9, rivita='kyllä', nakyy='Len({@Seurannimi}) <= 45', nimi='Saaja')
+        self.text(lab + 1.5, r1 + 1, mid - lab - 3, 13,
+                  "Rivit({@Seurannimi}, Trim({@Seuranosoite} + IIf(Trim({@Seuranosoite}) <> '' and Trim({@Seuranpostiosoite}) <> '', ', ', '') + {@Seuranpostiosoite}))",
+                  ind=I, koko=9, rivita='kyllä', nakyy='Len({@Seurannimi}) > 45', nimi='Saaja, pitkä nimi')
         self.text(lab + 1.5, r2 + 2, mid - lab - 3, 22, self.payer(0), ind=I, koko=10, nimi='Maksajan osoite')
         # The biller's free area: what the payment is for, the message without a reference, the QR code.
-        self.text(mid + 2, 1.5, 57, 4.5, self.f('Otsake') if self.kind != 'karh' else '{@Otsake}', ind=I, koko=9, lihava='kyllä')
-        self.text(mid + 2, 6.5, 57, 16, "Rivit(%s, '%s ' + ToText(%s))" % (self.f('Teksti'), self.t('Laskun numero', 'Fakturanummer'),
-                                                                       self.f('Laskunumero')), ind=I, koko=9, rivita='kyllä')
+        what = '{@Otsake}' if self.kind == 'karh' else self.f('Teksti')
+        self.text(mid + 2, 1.5, 57, 20, "Rivit(%s, '%s ' + ToText(%s))" % (what, self.t('Laskun numero', 'Fakturanummer'),
+                                                                      self.f('Laskunumero')), ind=I, koko=9, rivita='kyllä',
+                  nimi='Maksun aihe')
         self.text(mid + 2, 23, 57, 13, "'%s: ' + {@Viesti}" % self.t('Viesti', 'Meddelande'), ind=I, koko=9, rivita='kyllä',
                   nakyy="{@Viite} = ''", nimi='Viesti')
         self.w('      <qr nimi="QR-koodi" x="172" y="1.5" leveys="30" korkeus="30" lauseke="{@QrKoodi}"/>')
@@ -236,7 +251,7 @@ class Layout:
         self.text(164, r4 + 0.5, 10, 3.5, fixed='Euro', ind=I, koko=7)
         amount = "IIf(%s, '', Raha({@Maksettava}))" % self.f('EiLoppusummaa') if self.kind != 'karh' else 'Raha({@Maksettava})'
         self.text(166, r4 + 2.2, right - 167.5, 5, amount, ind=I, koko=11, lihava='kyllä', tasaus='oikea', nimi='Euro')
-        self.text(128, r5 + 1.2, 74, 9,
+        self.text(128, r5 + 1.2, 74, 10.5,
                   fixed='Maksu välitetään saajalle maksujenvälityksen ehtojen mukaisesti ja vain maksajan ilmoittaman '
                         'tilinumeron perusteella. Betalningen förmedlas till mottagaren enligt villkoren för '
                         'betalningsförmedling och endast till det kontonummer som betalaren angivit.',
@@ -282,7 +297,7 @@ class Layout:
         w('<!-- %s' % comment)
         w('     Written by tools/laskupohjat.py: change the layout there and run it again. -->')
         w('<raportti nimi="%s">' % a(title))
-        w('  <sivu koko="A4" suunta="pysty" vasen="0" oikea="0" yla="0" ala="0" lukittu="kyllä"/>')
+        w('  <sivu koko="A4" suunta="pysty" vasen="0" oikea="0" yla="0" ala="%s" lukittu="kyllä"/>' % num(BOTTOM))
         w('  <fontti nimi="Arial" koko="10"/>')
         w('')
         if self.src == 'jm':
