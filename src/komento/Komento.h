@@ -59,4 +59,5 @@ int Raportti(Yhteys &y);
 int Laskutus(Yhteys &y);
 int Historiaan(Yhteys &y);
 int PoistaLaskut(Yhteys &y);
+int TulostaLaskuera(Yhteys &y);
 }

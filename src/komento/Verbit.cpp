@@ -12,6 +12,10 @@ const std::vector<Verbi> &Verbit()
          QStringLiteral("laskutus --pohja NIMI [--kenelle kaikki|ominaisuus:NIMI|jasen:JRID] [--ei-perheellisille] [--muille] "
                         "[--laskupaiva PVM] [--erapaiva PVM]"),
          Laskutus},
+        {QStringLiteral("tulosta-laskut"),
+         QStringLiteral("tulosta-laskut ULOS.pdf [--malli tilisiirto|yleislasku|jasenkortti] [--kaksikielinen] "
+                        "[--jarjestys aakkos|postinumero|syntyma] [--vain-lahettamattomat]"),
+         TulostaLaskuera},
         {QStringLiteral("historiaan"), QStringLiteral("historiaan"), Historiaan},
         {QStringLiteral("poista-laskut"), QStringLiteral("poista-laskut"), PoistaLaskut},
     };

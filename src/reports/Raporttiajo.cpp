@@ -53,6 +53,8 @@ void Raporttiajo::ResetReportFormulas(const QString &tietokanta)
         f.clear();
     for (QString &s : SortFields)
         s.clear();
+    Rajauskentta.clear();
+    Rajausavaimet.clear();
 }
 
 void Raporttiajo::setAction(int arvo)
@@ -103,6 +105,8 @@ Asiakirja Raporttiajo::Laadi() const
 
     Tietolahde lahde(tk, m, v.kaavat);
     sidoKaikki(m, lahde, v.kaavat);
+    if (!Rajauskentta.isEmpty())
+        lahde.rajaaAvaimiin(Rajauskentta, Rajausavaimet);
 
     // The report's own selection and the program's must both hold.
     QString kaava = SelectionFormula.trimmed();

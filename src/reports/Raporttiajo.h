@@ -10,6 +10,7 @@
 #include "platform/ajo.h"
 
 #include <QString>
+#include <QVector>
 
 class Raporttiajo {
 public:
@@ -29,6 +30,11 @@ public:
     bool WindowShowPrintBtn = true;
     int MarginLeft = 0, MarginRight = 0, MarginTop = 0, MarginBottom = 0;
     QString PrintFileName;      // the file of the PdfTiedosto destination
+
+    // A batch the program chose: with a field set ("{jm.jmID}"), the report holds the rows whose
+    // field is one of the keys, in the keys' order, besides the selection formula.
+    QString Rajauskentta;
+    QVector<qint64> Rajausavaimet;
 
     // A run's own connection, date and progress: the report then reads what the run has written
     // and not yet committed. Without one the report opens the database of DataFiles[0].

@@ -170,6 +170,26 @@ QString Tietolahde::liitokset(db::Params &arvot)
     return sql;
 }
 
+void Tietolahde::rajaaAvaimiin(const QString &kentta, const QVector<qint64> &avaimet)
+{
+    const QString missa = QStringLiteral("Raportin %1 rajaus").arg(m_m.tiedosto);
+    const SolmuPtr puu = JasennaKaava(kentta, missa);
+    if (puu->laji != Solmu::Laji::Kentta)
+        throw RaporttiVirhe(QStringLiteral("%1: %2 ei ole kenttä.").arg(missa, kentta));
+    m_avainSql = sarake(*puu, missa).sql;
+    try {
+        m_db.execute(QStringLiteral("CREATE TEMP TABLE IF NOT EXISTS vonari_avaimet (nro INTEGER PRIMARY KEY, avain INTEGER NOT NULL)"));
+        m_db.execute(QStringLiteral("DELETE FROM temp.vonari_avaimet"));
+        db::Statement lisays(m_db, QStringLiteral("INSERT INTO temp.vonari_avaimet (nro, avain) VALUES (?, ?)"), {qint64(0), qint64(0)});
+        for (qsizetype i = 0; i < avaimet.size(); ++i) {
+            lisays.reset({qint64(i), avaimet[i]});
+            lisays.next();
+        }
+    } catch (const db::DbError &e) {
+        throw RaporttiVirhe(QStringLiteral("%1 epäonnistui: %2").arg(missa, e.message()));
+    }
+}
+
 Rivisto Tietolahde::hae(const SqlEhto &valinta, const QStringList &jarjestys, const db::Params &jarjestysArvot)
 {
     const TaulunTiedot &paa = tiedot(m_m.paatauluNimi, QStringLiteral("Raportin määrittely %1").arg(m_m.tiedosto));
@@ -181,7 +201,9 @@ Rivisto Tietolahde::hae(const SqlEhto &valinta, const QStringList &jarjestys, co
     db::Params arvot;
     // The tables of every field are known only now that all have been bound; the link
     // conditions may add more.
-    const QString liitos = liitokset(arvot);
+    QString liitos = liitokset(arvot);
+    if (!m_avainSql.isEmpty())
+        liitos += QStringLiteral(" JOIN temp.vonari_avaimet AS vonari_avaimet ON vonari_avaimet.avain = ") + m_avainSql;
     m_sql = QStringLiteral("SELECT ") + sarakkeet.join(QStringLiteral(", ")) + QStringLiteral(" FROM ") + db::quoteIdent(paa.taulu)
             + QStringLiteral(" AS ") + db::quoteIdent(m_m.paatauluNimi.toLower()) + liitos;
     if (!valinta.sql.isEmpty()) {
@@ -189,6 +211,8 @@ Rivisto Tietolahde::hae(const SqlEhto &valinta, const QStringList &jarjestys, co
         arvot += valinta.arvot;
     }
     QStringList jarj = jarjestys;
+    if (!m_avainSql.isEmpty())
+        jarj.prepend(QStringLiteral("vonari_avaimet.nro"));
     // Equal keys keep the order of the main table's key, so a report comes out the same every time.
     const QString avain = m_db.primaryKeyColumn(paa.taulu);
     if (!avain.isEmpty())

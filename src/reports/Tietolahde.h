@@ -19,6 +19,11 @@ public:
     // its table.
     void sido(Solmu &puu, const QString &missa);
 
+    // Keeps the rows whose `kentta` ("{jm.jmID}") holds one of `avaimet`, in the order of the list
+    // and before any other order: a batch printed in an order and from a place the program chose.
+    // Throws RaporttiVirhe for a field that is not in the report's data.
+    void rajaaAvaimiin(const QString &kentta, const QVector<qint64> &avaimet);
+
     // Fetches the rows. `valinta` is the translated selection, `jarjestys` ORDER BY terms.
     Rivisto hae(const SqlEhto &valinta, const QStringList &jarjestys, const db::Params &jarjestysArvot = {});
 
@@ -52,6 +57,7 @@ private:
     QVector<Sarake> m_haettavat;
     QString m_missa;
     QString m_sql;
+    QString m_avainSql; // the field of rajaaAvaimiin, or empty
 };
 
 // A fetched column's value as the report holds it: Null stays Null, dates from their ISO text,

@@ -57,20 +57,26 @@ QString KaavaTeksti(const QString &nimi, const QString &arvo)
     return nimi + QStringLiteral("= '") + arvo + QLatin1Char('\'');
 }
 
+QStringList SeuranKaavat()
+{
+    return {KaavaTeksti(QStringLiteral("Seurannimi"), RegName),
+            KaavaTeksti(QStringLiteral("Seuranosoite"), RegOsoite),
+            KaavaTeksti(QStringLiteral("Seuranpostiosoite"), RegPostinumero + QLatin1Char(' ') + RegPostitoimipaikka),
+            KaavaTeksti(QStringLiteral("Puhelin"), RegPuhelin),
+            KaavaTeksti(QStringLiteral("Fax"), RegFax),
+            KaavaTeksti(QStringLiteral("Pankkiyhteys1"), RegPankkiyhteys1),
+            KaavaTeksti(QStringLiteral("Pankkiyhteys2"), RegPankkiyhteys2),
+            KaavaTeksti(QStringLiteral("SeuranPuhelinJaFax"), QStringLiteral("Puh: ") + RegPuhelin + QStringLiteral("  Fax: ") + RegFax),
+            KaavaTeksti(QStringLiteral("SeuranEmail"), QStringLiteral("Email: ") + RegSeuranEmail),
+            KaavaTeksti(QStringLiteral("SeuranInternet"), QStringLiteral("Internet: ") + RegWWW),
+            KaavaTeksti(QStringLiteral("YTunnus"), QStringLiteral("Y-tunnus:") + YTunnus)};
+}
+
 void AsetaSeuraKaavat()
 {
-    QString (&f)[21] = Raportti().Formulas;
-    f[0] = KaavaTeksti(QStringLiteral("Seurannimi"), RegName);
-    f[1] = KaavaTeksti(QStringLiteral("Seuranosoite"), RegOsoite);
-    f[2] = KaavaTeksti(QStringLiteral("Seuranpostiosoite"), RegPostinumero + QLatin1Char(' ') + RegPostitoimipaikka);
-    f[3] = KaavaTeksti(QStringLiteral("Puhelin"), RegPuhelin);
-    f[4] = KaavaTeksti(QStringLiteral("Fax"), RegFax);
-    f[5] = KaavaTeksti(QStringLiteral("Pankkiyhteys1"), RegPankkiyhteys1);
-    f[6] = KaavaTeksti(QStringLiteral("Pankkiyhteys2"), RegPankkiyhteys2);
-    f[7] = KaavaTeksti(QStringLiteral("SeuranPuhelinJaFax"), QStringLiteral("Puh: ") + RegPuhelin + QStringLiteral("  Fax: ") + RegFax);
-    f[8] = KaavaTeksti(QStringLiteral("SeuranEmail"), QStringLiteral("Email: ") + RegSeuranEmail);
-    f[9] = KaavaTeksti(QStringLiteral("SeuranInternet"), QStringLiteral("Internet: ") + RegWWW);
-    f[10] = KaavaTeksti(QStringLiteral("YTunnus"), QStringLiteral("Y-tunnus:") + YTunnus);
+    const QStringList kaavat = SeuranKaavat();
+    for (qsizetype i = 0; i < kaavat.size(); ++i)
+        Raportti().Formulas[i] = kaavat[i];
 }
 
 void AsetaMuistutusKaavat()

@@ -26,6 +26,8 @@ void AsetaOsioFontit(bool ryhmat, bool vainDetail);
 
 // The club's identity into Formulas(0) to (10); AsetaMuistutusKaavat adds (11) and (12).
 void AsetaSeuraKaavat();
+// The same eleven formulas, in that order, for an engine of its own.
+QStringList SeuranKaavat();
 void AsetaMuistutusKaavat();
 
 // "Nimi= 'arvo'" as the engine takes a named formula.

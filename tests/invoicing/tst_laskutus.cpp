@@ -5,6 +5,7 @@
 #include "invoicing/Jasenmaksuajo.h"
 #include "invoicing/Laskuera.h"
 #include "invoicing/Laskujentulostus.h"
+#include "invoicing/Laskukopiot.h"
 #include "invoicing/Laskurivit.h"
 #include "invoicing/Laskut.h"
 #include "invoicing/Laskutettavat.h"
@@ -385,15 +386,19 @@ private slots:
         QTest::addColumn<bool>("lahetetty");    // Bergman's invoice went by e-mail; the question answered Yes
         QTest::addColumn<QStringList>("tulostetut");
         QTest::addColumn<int>("taukoja");
+        QTest::addColumn<bool>("asiakirja");    // to the preview: one document, no pauses
         const QStringList kaikki{"Aalto", "Berg", "Bergman", "Cederlöf", "Ähönen"};
-        QTest::newRow("all, no pause") << 0 << "-" << false << kaikki << 0;
-        QTest::newRow("pause before every second") << 2 << "-" << false << kaikki << 2;
-        QTest::newRow("pause before every one after the first") << 1 << "-" << false << kaikki << 4;
-        QTest::newRow("from after 101") << 0 << "101" << false << QStringList{"Bergman", "Cederlöf", "Ähönen"} << 0;
-        QTest::newRow("after the last: nothing") << 0 << "104" << false << QStringList{} << 0;
-        QTest::newRow("not a number: nothing") << 0 << "x" << false << QStringList{} << 0;
-        QTest::newRow("empty: all") << 0 << "" << false << kaikki << 0;
-        QTest::newRow("not the e-mailed") << 0 << "-" << true << QStringList{"Aalto", "Berg", "Cederlöf", "Ähönen"} << 0;
+        QTest::newRow("all, no pause") << 0 << "-" << false << kaikki << 0 << false;
+        QTest::newRow("pause before every second") << 2 << "-" << false << kaikki << 2 << false;
+        QTest::newRow("pause before every one after the first") << 1 << "-" << false << kaikki << 4 << false;
+        QTest::newRow("from after 101") << 0 << "101" << false << QStringList{"Bergman", "Cederlöf", "Ähönen"} << 0 << false;
+        QTest::newRow("after the last: nothing") << 0 << "104" << false << QStringList{} << 0 << false;
+        QTest::newRow("not a number: nothing") << 0 << "x" << false << QStringList{} << 0 << false;
+        QTest::newRow("empty: all") << 0 << "" << false << kaikki << 0 << false;
+        QTest::newRow("not the e-mailed") << 0 << "-" << true << QStringList{"Aalto", "Berg", "Cederlöf", "Ähönen"} << 0 << false;
+        QTest::newRow("document: never a pause") << 1 << "-" << false << kaikki << 0 << true;
+        QTest::newRow("document from after 101, not the e-mailed") << 1 << "101" << true << QStringList{"Cederlöf", "Ähönen"} << 0 << true;
+        QTest::newRow("document of nothing") << 0 << "104" << false << QStringList{} << 0 << true;
     }
 
     void tulostus()
@@ -403,12 +408,21 @@ private slots:
         QFETCH(bool, lahetetty);
         QFETCH(QStringList, tulostetut);
         QFETCH(int, taukoja);
+        QFETCH(bool, asiakirja);
         Laskujentulostus t;
         Tulostuskysymykset k;
         QStringList tulostettu;
-        const auto tulosta = [&](const QString &raportti, qint64 jrID) {
+        int asiakirjoja = 0;
+        Laskujentulostajat tulosta;
+        tulosta.henkilon = [&](const QString &raportti, qint64 jrID) {
             QCOMPARE(raportti, QStringLiteral("jrotile2.rpt"));
             tulostettu << m_db->scalar(QStringLiteral("SELECT jrSukunimi FROM jr WHERE jrID = ?"), {jrID}).toString();
+        };
+        tulosta.eran = [&](const QString &raportti, const QVector<qint64> &jmIDt) {
+            QCOMPARE(raportti, QStringLiteral("jrotile2.rpt"));
+            ++asiakirjoja;
+            for (qint64 jmID : jmIDt)
+                tulostettu << m_db->scalar(QStringLiteral("SELECT jrSukunimi FROM jm JOIN jr ON jrID = jmjrID WHERE jmID = ?"), {jmID}).toString();
         };
         QCOMPARE(TulostaLaskut(Ajo(*m_db), t, k, tulosta), 0);
         QCOMPARE(m_dlg->messages(), QStringList{"Laskuja ei ole vielä lisätty. Klikkaa Lisää painiketta luodaksesi laskut ennen tulostusta."});
@@ -425,9 +439,10 @@ private slots:
         }
         k.laskumalli = [] { return Laskumallivalinta{Laskumalli::Tilisiirto, true}; };
         k.jarjestys = [] { return Tulostusjarjestys::Aakkostettu; };
-        k.tulostusasetukset = [] { return true; };
+        k.tulostusasetukset = [asiakirja] { return asiakirja ? Tulostuspaikka::Asiakirja : Tulostuspaikka::Tulostin; };
         QCOMPARE(TulostaLaskut(Ajo(*m_db), t, k, tulosta), tulostetut.size());
         QCOMPARE(tulostettu, tulostetut);
+        QCOMPARE(asiakirjoja, asiakirja && !tulostetut.isEmpty() ? 1 : 0);
         QCOMPARE(m_dlg->messages().count(QStringLiteral("Tulostusraja täynnä, klikkaa Ok, kun haluat jatkaa tulostusta.")), taukoja);
         QCOMPARE(m_dlg->pendingReplies(), 0);
     }
@@ -440,9 +455,10 @@ private slots:
         Tulostuskysymykset k;
         bool jarjestysKysytty = false, peruttu = true;
         k.jarjestys = [&] { jarjestysKysytty = true; return Tulostusjarjestys::Postinumero; };
-        k.tulostusasetukset = [&] { return !peruttu; };
+        k.tulostusasetukset = [&] { return peruttu ? Tulostuspaikka::Peruttu : Tulostuspaikka::Asiakirja; };
         QList<qint64> tulostettu;
-        const auto tulosta = [&](const QString &, qint64 jrID) { tulostettu << jrID; };
+        Laskujentulostajat tulosta;
+        tulosta.henkilon = [&](const QString &, qint64 jrID) { tulostettu << jrID; };
         QCOMPARE(TulostaLaskut(Ajo(*m_db), t, k, tulosta), 0);
         peruttu = false;
         QCOMPARE(TulostaLaskut(Ajo(*m_db), t, k, tulosta), 1);
@@ -455,6 +471,84 @@ private slots:
         MainModule::LaskupohjaKaytossa = true;
         MainModule::LaskupohjaTiedosto = QStringLiteral("/seura/oma.rpt");
         QCOMPARE(LaskunRaportti({Laskumalli::Tilisiirto, true}), QStringLiteral("/seura/oma.rpt"));
+    }
+
+    // Copies of the unpaid invoices of the history: the range as typed (either end empty, or no
+    // number at all), the paid ones left out, the message naming the range, the pause to a printer
+    // and one document otherwise; the model goes back to the Finnish giro form.
+    void laskukopiot_data()
+    {
+        QTest::addColumn<QString>("alku");
+        QTest::addColumn<QString>("loppu");
+        QTest::addColumn<bool>("asiakirja");
+        QTest::addColumn<QList<int>>("numerot");
+        QTest::addColumn<int>("taukoja");
+        QTest::newRow("all unpaid, printer") << "" << "" << false << QList<int>{100, 102, 103, 104} << 3;
+        QTest::newRow("from 102, document") << "102" << "" << true << QList<int>{102, 103, 104} << 0;
+        QTest::newRow("up to 102") << "" << "102" << false << QList<int>{100, 102} << 1;
+        QTest::newRow("101 to 103") << "101" << "103" << true << QList<int>{102, 103} << 0;
+        QTest::newRow("no number") << "abc" << "" << true << QList<int>{} << 0;
+    }
+    void laskukopiot()
+    {
+        QFETCH(QString, alku);
+        QFETCH(QString, loppu);
+        QFETCH(bool, asiakirja);
+        QFETCH(QList<int>, numerot);
+        QFETCH(int, taukoja);
+        aja(lomake());
+        QCOMPARE(SiirraHistoriaan(Ajo(*m_db), Laskuikkuna::Perus), QStringLiteral("Laskut siirretty historiaan."));
+        m_db->execute(QStringLiteral("UPDATE jmhist SET jmhjmMaksettu = 1 WHERE jmhjmLaskunumero = 101"));
+        MainModule::TulostusEra = 1;
+        MuistettuLaskumalli() = {Laskumalli::Yleislasku, true};
+        QList<int> tulostetut;
+        QString raportti;
+        Laskujentulostajat tulosta;
+        const auto numero = [&](qint64 jmhID) {
+            return int(NullLong(m_db->scalar(QStringLiteral("SELECT jmhjmLaskunumero FROM jmhist WHERE jmhID = ?"), {jmhID})));
+        };
+        tulosta.henkilon = [&](const QString &r, qint64 jmhID) { raportti = r; tulostetut << numero(jmhID); };
+        tulosta.eran = [&](const QString &r, const QVector<qint64> &idt) {
+            raportti = r;
+            for (qint64 id : idt)
+                tulostetut << numero(id);
+        };
+        Tulostuskysymykset k;
+        k.tulostusasetukset = [&] { return asiakirja ? Tulostuspaikka::Asiakirja : Tulostuspaikka::Tulostin; };
+        m_dlg->no();
+        QCOMPARE(TulostaLaskukopiot(Ajo(*m_db), k, tulosta), 0);
+        m_dlg->shown.clear();
+        m_dlg->yes();
+        m_dlg->type(alku);
+        m_dlg->type(loppu);
+        QCOMPARE(TulostaLaskukopiot(Ajo(*m_db), k, tulosta), numerot.size());
+        QCOMPARE(tulostetut, numerot);
+        if (numerot.isEmpty())
+            QVERIFY(m_dlg->messages().contains(QStringLiteral("Ei löydy maksamattomia laskuja väliltä: ") + alku + QStringLiteral(" - ") + loppu));
+        else
+            QCOMPARE(raportti, QStringLiteral("jrphtile.rpt"));
+        QCOMPARE(m_dlg->messages().count(QStringLiteral("Tulostusraja täynnä, klikkaa Ok, kun haluat jatkaa tulostusta.")), taukoja);
+        QCOMPARE(m_dlg->pendingReplies(), 0);
+    }
+
+    // The reprint: nothing fetched is told; the history layout of the chosen model, or the club's own.
+    void laskuUudestaan()
+    {
+        Laskujentulostajat tulosta;
+        QStringList ajot;
+        tulosta.henkilon = [&](const QString &r, qint64 jmhID) { ajot << r + QLatin1Char(':') + QString::number(jmhID); };
+        Tulostuskysymykset k;
+        k.laskumalli = [] { return Laskumallivalinta{Laskumalli::Jasenkortti, true}; };
+        QCOMPARE(TulostaLaskuUudestaan(Ajo(*m_db), 0, k, tulosta), 0);
+        QCOMPARE(m_dlg->messages(), QStringList{"Hae tulostettava lasku viitenumerolla ennen tulostusta"});
+        QCOMPARE(TulostaLaskuUudestaan(Ajo(*m_db), 7, k, tulosta), 1);
+        k.laskumalli = [] { return std::optional<Laskumallivalinta>(); }; // the model window closed
+        QCOMPARE(TulostaLaskuUudestaan(Ajo(*m_db), 7, k, tulosta), 0);
+        MainModule::LaskupohjaHKaytossa = true;
+        MainModule::LaskupohjaHTiedosto = QStringLiteral("/seura/oma-h.rpt");
+        QCOMPARE(TulostaLaskuUudestaan(Ajo(*m_db), 8, k, tulosta), 1);
+        MainModule::LaskupohjaHKaytossa = false;
+        QCOMPARE(ajot, (QStringList{"jrphmak2.rpt:7", "/seura/oma-h.rpt:8"}));
     }
 
     // The two lists of the open batch, by invoice number, under their titles.

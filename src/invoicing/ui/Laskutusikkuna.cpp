@@ -171,13 +171,13 @@ QWidget *Laskutusikkuna::rakennaPainikkeet()
                                      QStringLiteral("Ominaisuuslaskut [F6]"), Qt::Key_F6,
                                      [this] { avaaToinen(Laskuikkuna::Ominaisuus); });
     cTulosta = KomentoPainike(this, m_komennot, "cTulosta", QStringLiteral("Tulosta"),
-                              QStringLiteral("Tulosta lisätyt laskut [F7]"), Qt::Key_F7, [] {});
+                              QStringLiteral("Tulosta lisätyt laskut [F7]"), Qt::Key_F7, [this] { tulosta(false); });
     cEmail = KomentoPainike(this, m_komennot, "cEmail", QStringLiteral("Sähköposti"),
                             QStringLiteral("Lähetä laskut sähköpostilla [F8]"), Qt::Key_F8, [] {});
     cEmailPreview = KomentoPainike(this, m_komennot, "cEmailPreview", QStringLiteral("Esikatselu"),
                                    QStringLiteral("Sähköpostilaskujen esikatselu"), {}, [] {});
-    // Printing and e-mail come with the invoice layouts and the mail; a window does not open itself.
-    for (QToolButton *b : {cTulosta, cEmail, cEmailPreview})
+    // E-mail comes with the mail; a window does not open itself.
+    for (QToolButton *b : {cEmail, cEmailPreview})
         b->defaultAction()->setEnabled(false);
     cPerheille->defaultAction()->setEnabled(m_asetelma.laji != Laskuikkuna::Perhe);
     cOminaisuudella->defaultAction()->setEnabled(m_asetelma.laji != Laskuikkuna::Ominaisuus);
@@ -187,7 +187,7 @@ QWidget *Laskutusikkuna::rakennaPainikkeet()
         h->addWidget(b);
     h->addStretch(1);
     h->addWidget(cSulje);
-    for (QToolButton *b : {cYksittain, cHistoriaan, cPoista, cSulje})
+    for (QToolButton *b : {cYksittain, cTulosta, cHistoriaan, cPoista, cSulje})
         m_ajonAikanaPois << b;
     return rivi;
 }
@@ -208,6 +208,10 @@ void Laskutusikkuna::rakennaValikot()
     lisaa("mTulosta", cTulosta, QStringLiteral("Tulosta laskut"));
     if (m_asetelma.listat) {
         lisaa("mTulostaLaskunumerosta", cTulosta, QStringLiteral("Tulosta laskut laskunumerosta"));
+        // The same button, asking where to go on from.
+        QAction *numerosta = mLaskut->actions().constLast();
+        disconnect(numerosta, &QAction::triggered, cTulosta->defaultAction(), &QAction::trigger);
+        connect(numerosta, &QAction::triggered, this, [this] { tulosta(true); });
         const auto lista = [this](const char *nimi, const QString &teksti, const QString &tiedosto, const QString &otsikko) {
             QAction *a = mLaskut->addAction(teksti);
             a->setObjectName(QString::fromUtf8(nimi));

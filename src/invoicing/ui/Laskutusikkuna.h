@@ -95,6 +95,8 @@ private:
     void avaaToinen(Laskuikkuna laji);
     void historiaan();
     void poista();
+    // Prints the open batch; `numerosta` asks where an interrupted print goes on.
+    void tulosta(bool numerosta);
     void tulostaLista(const QString &tiedosto, const QString &otsikko);
 
     ListaMalli *m_nimet = nullptr;

@@ -11,6 +11,8 @@
 #include "invoicing/Jasenmaksuajo.h"
 #include "invoicing/Laskuera.h"
 #include "invoicing/Laskutuslistat.h"
+#include "invoicing/ui/frmLaskumalli.h"
+#include "reports/jasen/ui/frmTulJarjValinta.h"
 #include "core/ui/ListaMalli.h"
 #include "members/ui/frmJasen.h"
 #include "platform/arvot.h"
@@ -295,4 +297,39 @@ void Laskutusikkuna::tulostaLista(const QString &tiedosto, const QString &otsikk
     } catch (const RaporttiVirhe &e) {
         IlmoitaVirhe(QStringLiteral("Virhe tulostettaessa raporttia: ") + e.viesti());
     }
+}
+
+void Laskutusikkuna::tulosta(bool numerosta)
+{
+    if (m_ajossa)
+        return;
+    nimiLahtiessa();
+    const LaskunSaajat s = saajat();
+    Laskujentulostus t;
+    t.henkilo = s.valittu && s.tunniste > 0 ? s.tunniste : 0;
+    t.jatkaNumerosta = numerosta;
+    t.myyntilajeittain = m_asetelma.laji == Laskuikkuna::Myyntilaji;
+    Tulostuskysymykset k;
+    k.laskumalli = [this] { return KysyLaskumalli(this); };
+    k.jarjestys = [this] {
+        frmTulJarjValinta w(0, this);
+        w.exec();
+        return Tulostusjarjestys(w.iTulJarj);
+    };
+    k.tulostusasetukset = [this] {
+        if (!NaytaTulostusasetukset(false, this))
+            return Tulostuspaikka::Peruttu;
+        return TulostusLaite == Raporttiajo::Tulostin ? Tulostuspaikka::Tulostin : Tulostuspaikka::Asiakirja;
+    };
+    ajaPalkilla(m_ajossa, ProgressBar1, cKeskeyta, m_ajonAikanaPois, [&](const Ajo &ajo) {
+        const auto kohde = [](Raporttiajo &r) {
+            r.Destination = TulostusLaite;
+            r.CopiesToPrinter = Kopiot;
+        };
+        try {
+            TulostaLaskut(ajo, t, k, LaskuraportinTulostajat(Raportti(), ajo, kohde));
+        } catch (const RaporttiVirhe &e) {
+            IlmoitaVirhe(QStringLiteral("Virhe tulostettaessa raporttia: ") + e.viesti());
+        }
+    });
 }

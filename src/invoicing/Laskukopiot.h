@@ -1,0 +1,21 @@
+// Invoices of the history printed again: the one fetched in the payment book, and copies of the
+// unpaid ones of an invoice-number range. The payment book asks; this decides and walks.
+#pragma once
+
+#include "invoicing/Laskujentulostus.h"
+
+// The history layout of the chosen model: jrphtile / jrphti2e for the giro form, jrphmak /
+// jrphmak2 for the others; the club's own history layout whenever it is in use.
+QString HistorianRaportti(const Laskumallivalinta &valinta);
+
+// The formula a copy carries, so that the layout marks it.
+QString KopioKaava();
+
+// Reprints the history invoice `jmhID` (0: none fetched, which is told). The report selects
+// "{jmhist.jmhID}=" + jmhID. Returns the number of invoices printed.
+int TulostaLaskuUudestaan(const Ajo &ajo, qint64 jmhID, const Tulostuskysymykset &k, const Laskujentulostajat &tulosta);
+
+// Copies of the unpaid invoices whose numbers lie in the range the user gives (either end may be
+// left empty), after the question. To a printer one report per invoice with the tray pause, else
+// one document in invoice-number order. Returns the number printed.
+int TulostaLaskukopiot(const Ajo &ajo, const Tulostuskysymykset &k, const Laskujentulostajat &tulosta);
