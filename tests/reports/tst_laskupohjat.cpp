@@ -371,6 +371,31 @@ private slots:
         d->execute(u"DELETE FROM jm WHERE jmID = ?"_s, {id});
     }
 
+    // "Vain valittu tilinumero": the slip shows the invoice's own account alone and the codes carry
+    // it; otherwise both of the club's accounts, the codes the first.
+    void vainValittuTili()
+    {
+        const Lasku jasen = avoinLasku();
+        const qint64 id = lisaaLasku(jasen.jrID, {u"Maksu"_s}, Currency::fromUnits(20), u"1234561"_s);
+        const Lasku l = avoinLasku(u"jmID = "_s + QString::number(id));
+        const QString valinta = u"{jm.jmID}="_s + QString::number(id);
+        const QString seuran = IbanTulosteeseen(PankkitiliTekstista(MainModule::RegPankkiyhteys1).tili.iban),
+                      oma = IbanTulosteeseen(PankkitiliTekstista(MainModule::RegPankkiyhteys2).tili.iban);
+        QVERIFY(!seuran.isEmpty() && !oma.isEmpty());
+
+        Asiakirja a = laadi(u"jrotile.rpt"_s, valinta);
+        QVERIFY(a.tekstit(0).contains(seuran) && a.tekstit(0).contains(oma));
+        QCOMPARE(kohde(a, 0, KohdeLaji::Viivakoodi)->teksti, viivakoodi(MainModule::RegPankkiyhteys1, l, l.hinta));
+
+        d->execute(u"UPDATE jm SET jmKaytaPankkitili1 = 1, jmPankkitili1 = ? WHERE jmID = ?"_s, {MainModule::RegPankkiyhteys2, id});
+        a = laadi(u"jrotile.rpt"_s, valinta);
+        QVERIFY(!a.tekstit(0).contains(seuran) && a.tekstit(0).contains(oma));
+        QCOMPARE(kohde(a, 0, KohdeLaji::Viivakoodi)->teksti, viivakoodi(MainModule::RegPankkiyhteys2, l, l.hinta));
+        QCOMPARE(kohde(a, 0, KohdeLaji::QrKoodi)->teksti, qr(MainModule::RegPankkiyhteys2, l, l.hinta));
+        d->execute(u"DELETE FROM jmRivi WHERE jmRjmID = ?"_s, {id});
+        d->execute(u"DELETE FROM jm WHERE jmID = ?"_s, {id});
+    }
+
     // The printed PDF page at 300 dpi: a scanner reads the barcode and the QR code, and both
     // carry the invoice's account, amount, reference and due date; the slip's labels stand where
     // the form has them.
