@@ -152,16 +152,7 @@ class Layout:
             kw = {'lihava': 'kyllä'} if bold else {}
             self.text(110 + lw + 1, y - 0.3, 84 - lw, 4.8, expr, koko=9.5, **kw, **shown)
             y += 4.4
-        if self.kind != 'karh':
-            # A page after the first goes on with the rows: their headings again.
-            self.col_heads(41, 'PageNumber > 1')
         self.w('  </sivuotsikko>')
-
-    def col_heads(self, y, cond=None):
-        kw = {'nakyy': cond} if cond else {}
-        self.text(20, y, 100, 4.5, fixed=self.t('Selite', 'Beskrivning'), koko=8.5, lihava='kyllä', **kw)
-        self.text(150, y, 40, 4.5, fixed=self.t('Summa', 'Belopp'), koko=8.5, lihava='kyllä', tasaus='oikea', **kw)
-        self.line(20, y + 4.8, 190, y + 4.8, 0.6, **kw)
 
     def payer(self, y):
         maa = "IIf(UpperCase(Trim({jr.jrMaa})) = 'SUOMI' or UpperCase(Trim({jr.jrMaa})) = 'FINLAND', '', {jr.jrMaa})"
@@ -179,6 +170,7 @@ class Layout:
         self.text(110, 9.5, 85, 4.5, "IIf(Trim({jr.jrJasennumero}) <> '', '%s ' + Trim({jr.jrJasennumero}), '')"
                   % self.t('Jäsennumero', 'Medlemsnummer'), ind='      ', koko=8.5, nimi='Jäsennumero')
         if self.kind != 'karh':
+            # The rows' headings; rows that go on to another page go on without them.
             self.text(20, 36, 100, 4.5, fixed=self.t('Selite', 'Beskrivning'), ind='      ', koko=8.5, lihava='kyllä')
             self.text(150, 36, 40, 4.5, fixed=self.t('Summa', 'Belopp'), ind='      ', koko=8.5, lihava='kyllä', tasaus='oikea')
             self.line(20, 40.8, 190, 40.8, 0.6, ind='      ')
