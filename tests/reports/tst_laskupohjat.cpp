@@ -371,6 +371,24 @@ private slots:
         d->execute(u"DELETE FROM jm WHERE jmID = ?"_s, {id});
     }
 
+    // The club's logo.png in the program's folder prints in the letterhead; without it the page
+    // prints all the same.
+    void logo()
+    {
+        const QString valinta = u"{jm.jmID}="_s + QString::number(avoinLasku().id);
+        QVERIFY(!kohde(laadi(u"jrotile.rpt"_s, valinta), 0, KohdeLaji::Kuva));
+        QDir().mkpath(env->programFolder());
+        QImage kuva(40, 40, QImage::Format_RGB32);
+        kuva.fill(Qt::darkGreen);
+        const QString polku = env->programFolder() + u"/logo.png"_s;
+        QVERIFY(kuva.save(polku));
+        const Asiakirja a = laadi(u"jromak.rpt"_s, valinta);
+        QFile::remove(polku);
+        const Tulostekohde *k = kohde(a, 0, KohdeLaji::Kuva);
+        QVERIFY(k);
+        QVERIFY(mm(k->alue.bottom()) < 45); // above the envelope's window
+    }
+
     // "Vain valittu tilinumero": the slip shows the invoice's own account alone and the codes carry
     // it; otherwise both of the club's accounts, the codes the first.
     void vainValittuTili()
