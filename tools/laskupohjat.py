@@ -152,7 +152,16 @@ class Layout:
             kw = {'lihava': 'kyllä'} if bold else {}
             self.text(110 + lw + 1, y - 0.3, 84 - lw, 4.8, expr, koko=9.5, **kw, **shown)
             y += 4.4
+        if self.kind != 'karh':
+            # An invoice's later page goes on with its rows under their headings.
+            self.col_heads(41, '    ', 'PageNumber > 1')
         self.w('  </sivuotsikko>')
+
+    def col_heads(self, y, ind, cond=None):
+        kw = {'nakyy': cond} if cond else {}
+        self.text(20, y, 100, 4.5, fixed=self.t('Selite', 'Beskrivning'), ind=ind, koko=8.5, lihava='kyllä', **kw)
+        self.text(150, y, 40, 4.5, fixed=self.t('Summa', 'Belopp'), ind=ind, koko=8.5, lihava='kyllä', tasaus='oikea', **kw)
+        self.line(20, y + 4.8, 190, y + 4.8, 0.6, ind=ind, **kw)
 
     def payer(self, y):
         maa = "IIf(UpperCase(Trim({jr.jrMaa})) = 'SUOMI' or UpperCase(Trim({jr.jrMaa})) = 'FINLAND', '', {jr.jrMaa})"
@@ -170,10 +179,7 @@ class Layout:
         self.text(110, 9.5, 85, 4.5, "IIf(Trim({jr.jrJasennumero}) <> '', '%s ' + Trim({jr.jrJasennumero}), '')"
                   % self.t('Jäsennumero', 'Medlemsnummer'), ind='      ', koko=8.5, nimi='Jäsennumero')
         if self.kind != 'karh':
-            # The rows' headings; rows that go on to another page go on without them.
-            self.text(20, 36, 100, 4.5, fixed=self.t('Selite', 'Beskrivning'), ind='      ', koko=8.5, lihava='kyllä')
-            self.text(150, 36, 40, 4.5, fixed=self.t('Summa', 'Belopp'), ind='      ', koko=8.5, lihava='kyllä', tasaus='oikea')
-            self.line(20, 40.8, 190, 40.8, 0.6, ind='      ')
+            self.col_heads(36, '      ')
         self.w('    </otsikko>')
 
     # --- the giro slip ---------------------------------------------------------------------
@@ -313,8 +319,9 @@ class Layout:
         w('')
         self.page_header()
         w('')
-        w('  <!-- Every invoice on pages of its own; the slip stays at the foot of its last page. -->')
-        w('  <ryhma lauseke="%s" uusisivu="kyllä">' % self.key())
+        w('  <!-- Every invoice on pages of its own, numbered "Sivu 1/2" by themselves; the slip stays at')
+        w('       the foot of its last page. -->')
+        w('  <ryhma lauseke="%s" sivutus="oma">' % self.key())
         self.group_header()
         if self.kind == 'mak':
             self.payment_box()

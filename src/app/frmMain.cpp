@@ -12,6 +12,7 @@
 #include "core/ui/frmAsetukset.h"
 #include "core/ui/uihelpers.h"
 #include "invoicing/ui/frmMaksujenLuonti.h"
+#include "payments/ui/frmMaksut.h"
 #include "members/ui/frmJasen.h"
 #include "members/ui/frmPiirre.h"
 #include "reports/Tulostus.h"
@@ -87,11 +88,10 @@ void frmMain::luoNapit()
     cSulje = iso(keskus, "cSulje", QStringLiteral("Sulje"), Kuvakkeet::sulje(), 80);
     cSulje->setToolTip(QStringLiteral("Sulje Vonari [Alt+F4]"));
 
-    // The windows behind these buttons come with their own parts of the program.
-    cJasenmaksut->setEnabled(false);
     connect(cJasenrekisteri, &QToolButton::clicked, this, [this] { tietue::Suojattu([this] { AvaaJasenrekisteri(this); }); });
     connect(cOminaisuudet, &QToolButton::clicked, this, [this] { tietue::Suojattu([this] { AvaaOminaisuudet(this); }); });
     connect(cLuoJasenmaksut, &QToolButton::clicked, this, [this] { tietue::Suojattu([this] { AvaaLaskutus(this); }); });
+    connect(cJasenmaksut, &QToolButton::clicked, this, [this] { tietue::Suojattu([this] { AvaaMaksukirja(this); }); });
     connect(cAboutNorvik, &QToolButton::clicked, this, &frmMain::avaaTietoja);
     connect(cSulje, &QToolButton::clicked, this, &frmMain::close);
 
@@ -122,7 +122,7 @@ void frmMain::luoValikot()
     mTiedosto = menuBar()->addMenu(QStringLiteral("&Tiedosto"));
     mTiedosto->setObjectName(QStringLiteral("mTiedosto"));
     mJasenrekisteri = lisaa(mTiedosto, "mJasenrekisteri", QStringLiteral("Jäsenrekisteri"));
-    mJasenmaksut = lisaa(mTiedosto, "mJasenmaksut", QStringLiteral("Maksukirja"), false);
+    mJasenmaksut = lisaa(mTiedosto, "mJasenmaksut", QStringLiteral("Maksukirja"));
     mJasenmaksujenluonti = lisaa(mTiedosto, "mJasenmaksujenluonti", QStringLiteral("Laskutus"));
     mPiirteet = lisaa(mTiedosto, "mPiirteet", QStringLiteral("Ominaisuudet"));
     mIkajakauma = lisaa(mTiedosto, "mIkajakauma", QStringLiteral("Ikäjakauma"), false);
@@ -150,6 +150,7 @@ void frmMain::luoValikot()
     connect(mJasenrekisteri, &QAction::triggered, cJasenrekisteri, &QToolButton::click);
     connect(mPiirteet, &QAction::triggered, cOminaisuudet, &QToolButton::click);
     connect(mJasenmaksujenluonti, &QAction::triggered, cLuoJasenmaksut, &QToolButton::click);
+    connect(mJasenmaksut, &QAction::triggered, cJasenmaksut, &QToolButton::click);
     connect(mAsetukset, &QAction::triggered, this, &frmMain::avaaAsetukset);
     connect(mVarmistus, &QAction::triggered, this, &frmMain::teeVarmuuskopio);
     connect(mPalautus, &QAction::triggered, this, &frmMain::palauta);

@@ -49,42 +49,44 @@ int TulostaLaskuUudestaan(const Ajo &, qint64 jmhID, const Tulostuskysymykset &k
     return 1;
 }
 
-int TulostaLaskukopiot(const Ajo &ajo, const Tulostuskysymykset &k, const Laskujentulostajat &tulosta)
+std::optional<Laskunumerovali> KysyMaksamattomienVali()
 {
     if (!Kysy(QStringLiteral("Tulostetaanko kopiot maksamattomista laskuista?")))
-        return 0;
+        return std::nullopt;
     dlg::Dialogs &d = dlg::current();
-    const QString alku = d.input(QStringLiteral("Anna laskunumero, josta alkaen haluat laskukopiot tulostaa"),
-                                 MainModule::AppName, QString(), false).value_or(QString());
-    const QString loppu = d.input(QStringLiteral("Anna laskunumero, johon haluat laskukopioden tulostuksen lopettaa"),
-                                  MainModule::AppName, QString(), false).value_or(QString());
-    MuistettuLaskumalli() = Laskumallivalinta{Laskumalli::Tilisiirto, false};
-    const Tulostuspaikka minne = paikka(k);
-    if (minne == Tulostuspaikka::Peruttu)
-        return 0;
+    Laskunumerovali v;
+    v.alku = d.input(QStringLiteral("Anna laskunumero, josta alkaen haluat laskukopiot tulostaa"), MainModule::AppName, QString(), false)
+                 .value_or(QString());
+    v.loppu = d.input(QStringLiteral("Anna laskunumero, johon haluat laskukopioden tulostuksen lopettaa"), MainModule::AppName,
+                      QString(), false)
+                  .value_or(QString());
+    return v;
+}
 
-    // The numbers are taken as typed: one that is no number finds no invoice.
+QVector<qint64> MaksamattomatValilta(db::Database &db, const Laskunumerovali &vali)
+{
     QString sql = QStringLiteral("SELECT jmhID FROM jmhist WHERE jmhjmMaksettu = 0");
     db::Params arvot;
-    for (const auto &[raja, ehto] : {std::pair{alku, QStringLiteral(" AND jmhjmLaskunumero >= ?")},
-                                     std::pair{loppu, QStringLiteral(" AND jmhjmLaskunumero <= ?")}})
+    for (const auto &[raja, ehto] : {std::pair{vali.alku, QStringLiteral(" AND jmhjmLaskunumero >= ?")},
+                                     std::pair{vali.loppu, QStringLiteral(" AND jmhjmLaskunumero <= ?")}})
         if (!raja.isEmpty()) {
             sql += ehto;
             arvot << (OnNumeerinen(raja) ? QVariant(NumeroArvo(raja)) : QVariant(raja));
         }
     sql += QStringLiteral(" ORDER BY jmhjmLaskunumero, jmhID");
     QVector<qint64> laskut;
-    db::Statement st(ajo.kanta, sql, arvot);
+    db::Statement st(db, sql, arvot);
     while (st.next())
         laskut << NullLong(st.value(0));
-    if (laskut.isEmpty()) {
-        Ilmoita(QStringLiteral("Ei löydy maksamattomia laskuja väliltä: ") + alku + QStringLiteral(" - ") + loppu);
-        return 0;
-    }
-    const QString raportti = HistorianRaportti(MuistettuLaskumalli());
+    return laskut;
+}
+
+void TulostaHistoriasta(const Ajo &ajo, Tulostuspaikka minne, const QString &raportti, const QVector<qint64> &laskut,
+                        const Laskujentulostajat &tulosta)
+{
     if (minne == Tulostuspaikka::Asiakirja) {
         tulosta.eran(raportti, laskut);
-        return int(laskut.size());
+        return;
     }
     int tauolta = 0;
     for (qsizetype i = 0; i < laskut.size(); ++i) {
@@ -96,5 +98,22 @@ int TulostaLaskukopiot(const Ajo &ajo, const Tulostuskysymykset &k, const Laskuj
         ++tauolta;
         ajo.askel(i + 1, laskut.size());
     }
+}
+
+int TulostaLaskukopiot(const Ajo &ajo, const Tulostuskysymykset &k, const Laskujentulostajat &tulosta)
+{
+    const auto vali = KysyMaksamattomienVali();
+    if (!vali)
+        return 0;
+    MuistettuLaskumalli() = Laskumallivalinta{Laskumalli::Tilisiirto, false};
+    const Tulostuspaikka minne = paikka(k);
+    if (minne == Tulostuspaikka::Peruttu)
+        return 0;
+    const QVector<qint64> laskut = MaksamattomatValilta(ajo.kanta, *vali);
+    if (laskut.isEmpty()) {
+        Ilmoita(QStringLiteral("Ei löydy maksamattomia laskuja väliltä: ") + vali->alku + QStringLiteral(" - ") + vali->loppu);
+        return 0;
+    }
+    TulostaHistoriasta(ajo, minne, HistorianRaportti(MuistettuLaskumalli()), laskut, tulosta);
     return int(laskut.size());
 }

@@ -60,4 +60,6 @@ int Laskutus(Yhteys &y);
 int Historiaan(Yhteys &y);
 int PoistaLaskut(Yhteys &y);
 int TulostaLaskuera(Yhteys &y);
+int Maksettu(Yhteys &y);
+int Muistutukset(Yhteys &y);
 }

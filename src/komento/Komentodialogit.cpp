@@ -19,8 +19,13 @@ dlg::Answer Komentodialogit::question(const QString &text, const QString &, bool
 
 std::optional<QString> Komentodialogit::input(const QString &prompt, const QString &, const QString &, bool)
 {
-    KirjoitaVirheeseen(prompt + QStringLiteral(" [peruttu]"));
-    return std::nullopt;
+    if (syotteet.isEmpty()) {
+        KirjoitaVirheeseen(prompt + QStringLiteral(" [peruttu]"));
+        return std::nullopt;
+    }
+    const QString vastaus = syotteet.takeFirst();
+    KirjoitaVirheeseen(prompt + QStringLiteral(" [") + vastaus + QLatin1Char(']'));
+    return vastaus;
 }
 
 QString Komentodialogit::openFile(const dlg::FileRequest &) { return {}; }

@@ -5,9 +5,12 @@
 
 #include "platform/dialogs.h"
 
+#include <QStringList>
+
 class Komentodialogit : public dlg::Dialogs {
 public:
     dlg::Answer vastaus = dlg::Answer::No;
+    QStringList syotteet; // the answers of the input boxes in turn; when they run out, a cancel
 
     void message(const QString &text, dlg::Icon icon, const QString &title) override;
     dlg::Answer question(const QString &text, const QString &title, bool withCancel, dlg::Icon icon) override;

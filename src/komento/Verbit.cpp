@@ -18,6 +18,8 @@ const std::vector<Verbi> &Verbit()
          TulostaLaskuera},
         {QStringLiteral("historiaan"), QStringLiteral("historiaan"), Historiaan},
         {QStringLiteral("poista-laskut"), QStringLiteral("poista-laskut"), PoistaLaskut},
+        {QStringLiteral("muistutukset"), QStringLiteral("muistutukset ULOS.pdf [--alku LASKUNRO] [--loppu LASKUNRO]"), Muistutukset},
+        {QStringLiteral("maksettu"), QStringLiteral("maksettu VIITENUMERO [--poista-maksettu]"), Maksettu},
     };
     return verbit;
 }

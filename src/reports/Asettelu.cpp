@@ -94,27 +94,47 @@ private:
     std::array<double, 256> m_latin;
 };
 
-// Word wrap to a width; a word wider than the line is cut where it must be.
+// Word wrap to a width; a word wider than the line is cut where it must be. Widths add up
+// character by character (see Mittari), so each character is measured once: a word of ten
+// thousand characters wraps in one pass.
 QStringList rivita(const QString &kappale, double leveys, Mittari &fm)
 {
     QStringList rivit;
     QString rivi;
+    double riviLeveys = 0;
+    const double vali = fm.leveys(QStringLiteral(" "));
     for (const QString &sana : kappale.split(QLatin1Char(' '))) {
-        const QString koe = rivi.isEmpty() ? sana : rivi + QLatin1Char(' ') + sana;
-        if (fm.leveys(koe) <= leveys) {
-            rivi = koe;
+        const double sanaLeveys = fm.leveys(sana);
+        const double koe = rivi.isEmpty() ? sanaLeveys : riviLeveys + vali + sanaLeveys;
+        if (koe <= leveys) {
+            if (!rivi.isEmpty())
+                rivi += QLatin1Char(' ');
+            rivi += sana;
+            riviLeveys = koe;
             continue;
         }
         if (!rivi.isEmpty())
             rivit << rivi;
         rivi = sana;
-        while (rivi.size() > 1 && fm.leveys(rivi) > leveys) {
-            int n = int(rivi.size()) - 1;
-            while (n > 1 && fm.leveys(rivi.left(n)) > leveys)
-                --n;
-            rivit << rivi.left(n);
-            rivi = rivi.mid(n);
+        riviLeveys = sanaLeveys;
+        if (sanaLeveys <= leveys)
+            continue;
+        // Cut the word: each line takes as many characters as fit, and at least one.
+        qsizetype alku = 0;
+        double w = 0;
+        for (qsizetype i = 0; i < sana.size();) {
+            const qsizetype n = sana[i].isHighSurrogate() && i + 1 < sana.size() ? 2 : 1;
+            const double c = fm.leveys(sana.mid(i, n));
+            if (w + c > leveys && i > alku) {
+                rivit << sana.mid(alku, i - alku);
+                alku = i;
+                w = 0;
+            }
+            w += c;
+            i += n;
         }
+        rivi = sana.mid(alku);
+        riviLeveys = w;
     }
     rivit << rivi;
     return rivit;
@@ -122,24 +142,32 @@ QStringList rivita(const QString &kappale, double leveys, Mittari &fm)
 
 class Asettelija {
 public:
-    Asettelija(const Maaritys &m, const Rivisto &r, const Asetteluvalinnat &v) : m_m(m), m_r(r), m_v(v)
+    // `kokonaismaara`: the pages of the whole report when a counting pass has told them.
+    Asettelija(const Maaritys &m, Rivilahde &r, const Asetteluvalinnat &v, Sivuvirta &ulos, std::optional<int> kokonaismaara)
+        : m_m(m), m_lahde(r), m_v(v), m_ulos(ulos), m_kokonaismaara(kokonaismaara)
     {
         m_d.nimi = m.nimi.isEmpty() ? m.tiedosto : m.nimi;
         m_d.sivukoko = m.sivukoko;
         m_d.suunta = m.suunta;
         m_d.koko = m.sivunKoko();
-        m_d.riveja = r.riveja;
+        m_d.riveja = r.riveja();
         const QMarginsF ohitus = m.reunatLukittu ? QMarginsF() : v.reunat;
         m_reunat = QMarginsF(ohitus.left() > 0 ? ohitus.left() : m.reunat.left(), ohitus.top() > 0 ? ohitus.top() : m.reunat.top(),
                              ohitus.right() > 0 ? ohitus.right() : m.reunat.right(),
                              ohitus.bottom() > 0 ? ohitus.bottom() : m.reunat.bottom());
-        m_arv.rivit = &r;
         m_arv.kaavat = &v.kaavat;
         m_arv.tanaan = v.tanaan.isValid() ? v.tanaan : v.ajo ? v.ajo->tanaan : kello::tanaan();
         valmistele();
+        for (const Ryhma &r : m.ryhmat)
+            m_omatSivut = m_omatSivut || r.omaSivutus;
     }
 
-    Asiakirja aseta()
+    // TotalPages of the whole report is shown: a first pass must count the pages.
+    bool tarvitseeLaskennan() const { return m_kokonaissivujaKaytetaan && !m_omatSivut && !m_kokonaismaara; }
+
+    // Lays out and hands every page on; gives the number of pages.
+    // `kierros` of `kierroksia` passes over the rows, for the progress shown.
+    int aseta(int kierros = 0, int kierroksia = 1)
     {
         const double alatunniste = m_sivualatunniste.o ? m_sivualatunniste.o->korkeus : 0;
         m_ala = m_d.koko.height() - m_reunat.bottom() - alatunniste;
@@ -147,15 +175,51 @@ public:
         if (m_ala - m_reunat.top() - otsikko < yksikko::TwipsiaMillilla * 5)
             throw RaporttiVirhe(QStringLiteral("Raportin %1 marginaalit, sivuotsikko ja sivualatunniste ovat niin suuret, "
                                                "ettei sivulle mahdu mitään.").arg(m_m.tiedosto));
-        ryhmittele();
-        const int n = m_r.riveja;
-        m_rivi = n > 0 ? 0 : -1;
+        m_lahde.alusta();
+        const int kaikki = m_lahde.riveja();
+        const Rivisto *ensimmainen = m_lahde.seuraava();
+        otaRivit(ensimmainen ? ensimmainen : &m_tyhja, 0);
+        m_rivi = m_r->riveja > 0 ? 0 : -1;
+        m_ulos.alku(m_d);
         aloitaSivu(true);
         const int tasoja = int(m_ryhmat.size());
         std::vector<int> alku(size_t(tasoja), 0);
+        for (;;) {
+            asetaRivit(alku, kierros, kierroksia, kaikki);
+            const int edelliset = m_alkuRivi + m_r->riveja; // the source may reuse the rows it gave
+            const Rivisto *seuraava = m_lahde.lopussa() ? nullptr : m_lahde.seuraava();
+            if (!seuraava)
+                break;
+            otaRivit(seuraava, edelliset);
+        }
+        const int n = m_r->riveja;
+        m_rivi = n - 1;
+        if (m_raporttialatunniste.o)
+            sijoita(m_raporttialatunniste, n - 1, 0, n);
+        lopetaSivu();
+        suljeJakso();
+        m_ulos.loppu(m_alkuRivi + n);
+        return m_annetut;
+    }
+
+private:
+    // The rows at hand: whole outermost groups, the first of them the `alkuRivi`th of the report.
+    void otaRivit(const Rivisto *r, int alkuRivi)
+    {
+        m_r = r;
+        m_arv.rivit = r;
+        m_alkuRivi = alkuRivi;
+        ryhmittele();
+    }
+
+    // Lays out the rows at hand and closes their groups: the next rows, if any, begin a new
+    // outermost group.
+    void asetaRivit(std::vector<int> &alku, int kierros, int kierroksia, int kaikki)
+    {
+        const int n = m_r->riveja, tasoja = int(m_ryhmat.size());
         for (int i = 0; i < n; ++i) {
             if (m_v.ajo)
-                m_v.ajo->askel(i, n);
+                m_v.ajo->askel(qint64(kierros) * kaikki + m_alkuRivi + i, qint64(kierroksia) * kaikki);
             m_rivi = i;
             const int muutos = m_muutos[size_t(i)];
             if (i > 0 && muutos > 0)
@@ -181,15 +245,8 @@ public:
         if (n > 0)
             for (int t = tasoja; t >= 1; --t)
                 suljeRyhma(t, alku[size_t(t - 1)], n);
-        m_rivi = n - 1;
-        if (m_raporttialatunniste.o)
-            sijoita(m_raporttialatunniste, n - 1, 0, n);
-        lopetaSivu();
-        taytaKokonaissivut();
-        return std::move(m_d);
     }
 
-private:
     // --- preparation ---
     int fontti(const FonttiMaaritys &f)
     {
@@ -226,6 +283,7 @@ private:
                     TarkistaLauseke(*puu, m_v.kaavat, missa);
                     vk.kokonaissivut = vk.kokonaissivut || KayttaaKokonaissivuja(*puu, m_v.kaavat);
                 }
+            m_kokonaissivujaKaytetaan = m_kokonaissivujaKaytetaan || vk.kokonaissivut;
             if (k.laji == KohdeLaji::Teksti) {
                 FonttiMaaritys f = m_m.fontti;
                 yhdista(f, o->fontti);
@@ -275,7 +333,7 @@ private:
     // and for each level where each group that starts at a row ends.
     void ryhmittele()
     {
-        const int n = m_r.riveja, tasoja = int(m_m.ryhmat.size());
+        const int n = m_r->riveja, tasoja = int(m_m.ryhmat.size());
         m_muutos.assign(size_t(n), 0);
         m_loppu.assign(size_t(tasoja), std::vector<int>(size_t(n), n));
         std::vector<Arvo> edelliset(static_cast<size_t>(tasoja));
@@ -413,7 +471,8 @@ private:
         a.rivi = rivi;
         a.koosteAlku = qMax(0, alku);
         a.koosteLoppu = qMax(a.koosteAlku, loppu);
-        a.sivu = int(m_d.sivut.size());
+        a.sivu = sivuNyt() - m_jaksonAlku + 1;
+        a.edellisetRivit = m_alkuRivi;
         return a;
     }
 
@@ -429,19 +488,27 @@ private:
         }
     }
 
-    void aloitaSivu(bool ensimmainen)
+    // The page being laid out, counted from the report's first.
+    int sivuNyt() const { return m_annetut + int(m_d.sivut.size()) - 1; }
+
+    // `uusiJakso`: the page starts a group with pages of its own; the pages before it are final.
+    void aloitaSivu(bool ensimmainen, bool uusiJakso = false)
     {
+        if (uusiJakso) {
+            suljeJakso();
+            m_jaksonAlku = m_annetut;
+        }
         m_d.sivut.emplace_back();
         m_y = m_reunat.top();
         m_sisaltoa = false;
         m_sarake = 0;
         m_sivunEnsimmainen = m_rivi;
         if (ensimmainen && m_raporttiotsikko.o)
-            sijoita(m_raporttiotsikko, m_rivi, 0, m_r.riveja);
+            sijoita(m_raporttiotsikko, m_rivi, 0, m_r->riveja);
         if (m_sivuotsikko.o) {
             const Osa &o = *m_sivuotsikko.o;
-            if (!o.nakyy || ArvioiEhto(*o.nakyy, arviointi(m_rivi, 0, m_r.riveja))) {
-                Ilmentyma il = rakenna(m_sivuotsikko, arviointi(m_rivi, 0, m_r.riveja));
+            if (!o.nakyy || ArvioiEhto(*o.nakyy, arviointi(m_rivi, 0, m_r->riveja))) {
+                Ilmentyma il = rakenna(m_sivuotsikko, arviointi(m_rivi, 0, m_r->riveja));
                 lisaa(il, m_reunat.left(), m_y);
                 m_y += il.korkeus;
             }
@@ -452,21 +519,45 @@ private:
     void lopetaSivu()
     {
         suljeSarakerivi();
-        if (!m_sivualatunniste.o)
-            return;
-        const Osa &o = *m_sivualatunniste.o;
-        const int viimeinen = m_rivi;
-        const Arviointi a = arviointi(viimeinen, m_sivunEnsimmainen, viimeinen + 1);
-        if (o.nakyy && !ArvioiEhto(*o.nakyy, a))
-            return;
-        Ilmentyma il = rakenna(m_sivualatunniste, a);
-        lisaa(il, m_reunat.left(), m_d.koko.height() - m_reunat.bottom() - o.korkeus);
+        if (m_sivualatunniste.o) {
+            const Osa &o = *m_sivualatunniste.o;
+            const int viimeinen = m_rivi;
+            const Arviointi a = arviointi(viimeinen, m_sivunEnsimmainen, viimeinen + 1);
+            if (!o.nakyy || ArvioiEhto(*o.nakyy, a)) {
+                Ilmentyma il = rakenna(m_sivualatunniste, a);
+                lisaa(il, m_reunat.left(), m_d.koko.height() - m_reunat.bottom() - o.korkeus);
+            }
+        }
+        // A page waits only while its TotalPages is not known.
+        if (!m_kokonaissivujaKaytetaan || m_kokonaismaara)
+            luovuta(m_kokonaismaara.value_or(0));
     }
 
-    void uusiSivu()
+    void uusiSivu(bool uusiJakso = false)
     {
         lopetaSivu();
-        aloitaSivu(false);
+        aloitaSivu(false, uusiJakso);
+    }
+
+    // The finished pages go on, TotalPages filled in with `kokonaismaara`.
+    void luovuta(int kokonaismaara)
+    {
+        const QString n = QString::number(kokonaismaara);
+        for (const auto &[sivu, kohde] : m_kokonaissivut)
+            m_d.sivut[size_t(sivu)].kohteet[size_t(kohde)].teksti.replace(KokonaissivutMerkki, n);
+        m_kokonaissivut.clear();
+        m_annetut += int(m_d.sivut.size());
+        for (Sivu &s : m_d.sivut)
+            m_ulos.sivu(std::move(s));
+        m_d.sivut.clear();
+    }
+
+    // The pages counted together (a group with pages of its own, or the whole report) are all
+    // laid out: their TotalPages is now known.
+    void suljeJakso()
+    {
+        if (!m_d.sivut.empty())
+            luovuta(m_kokonaismaara.value_or(m_annetut + int(m_d.sivut.size()) - m_jaksonAlku));
     }
 
     void suljeSarakerivi()
@@ -603,15 +694,22 @@ private:
     void avaaRyhma(int taso, int rivi)
     {
         const Ryhma &r = m_m.ryhmat[size_t(taso - 1)];
-        if (r.uusiSivu && rivi > 0 && m_sisaltoa)
+        const int raportinRivi = m_alkuRivi + rivi;
+        if (r.omaSivutus) {
+            // An inner group that opens with its outer one shares the page the outer one began.
+            if (raportinRivi > 0 && m_jaksonRivi != raportinRivi)
+                uusiSivu(true);
+            m_jaksonRivi = raportinRivi;
+        } else if (r.uusiSivu && raportinRivi > 0 && m_sisaltoa) {
             uusiSivu();
+        }
         const ValmisOsa &vo = m_ryhmat[size_t(taso - 1)].first;
         if (!vo.o)
             return;
         // A heading is never left alone at the foot of a page: it goes over with the inner headings
         // and the group's first row.
         auto korkeus = [&](const ValmisOsa &osa, size_t t) {
-            return rakenna(osa, arviointi(rivi, rivi, t < m_loppu.size() ? m_loppu[t][size_t(rivi)] : m_r.riveja)).korkeus;
+            return rakenna(osa, arviointi(rivi, rivi, t < m_loppu.size() ? m_loppu[t][size_t(rivi)] : m_r->riveja)).korkeus;
         };
         double tarve = 0;
         for (size_t t = size_t(taso - 1); t < m_ryhmat.size(); ++t) {
@@ -638,17 +736,19 @@ private:
         m_rivi = edellinen;
     }
 
-    void taytaKokonaissivut()
-    {
-        const QString n = QString::number(m_d.sivut.size());
-        for (const auto &[sivu, kohde] : m_kokonaissivut)
-            m_d.sivut[size_t(sivu)].kohteet[size_t(kohde)].teksti.replace(KokonaissivutMerkki, n);
-    }
-
     const Maaritys &m_m;
-    const Rivisto &m_r;
+    Rivilahde &m_lahde;
+    const Rivisto *m_r = nullptr;   // the rows at hand
+    const Rivisto m_tyhja;          // a report without rows
+    int m_alkuRivi = 0;             // how many rows of the report came before those at hand
     const Asetteluvalinnat &m_v;
-    Asiakirja m_d;
+    Sivuvirta &m_ulos;
+    const std::optional<int> m_kokonaismaara;
+    Asiakirja m_d;                  // the pages not yet handed on
+    int m_annetut = 0;              // pages handed on
+    int m_jaksonAlku = 0;           // the first page that PageNumber counts from
+    int m_jaksonRivi = -1;          // the row whose group began the pages counted together
+    bool m_kokonaissivujaKaytetaan = false, m_omatSivut = false;
     QMarginsF m_reunat;
     Arviointi m_arv;
     QHash<QString, int> m_fontit;
@@ -658,7 +758,7 @@ private:
     double m_pidaMukana = 0; // room the band being placed keeps for the footers after it
     std::vector<int> m_muutos;
     std::vector<std::vector<int>> m_loppu;
-    std::vector<std::pair<int, int>> m_kokonaissivut; // page, item
+    std::vector<std::pair<int, int>> m_kokonaissivut; // page among those not handed on, item
     double m_y = 0, m_ala = 0;
     bool m_sisaltoa = false;
     int m_rivi = -1, m_sivunEnsimmainen = -1;
@@ -702,7 +802,36 @@ std::optional<Osiofontti> JasennaOsiofontti(const QString &teksti)
     return f;
 }
 
+namespace {
+class Laskuri : public Sivuvirta {
+public:
+    void alku(const Asiakirja &) override {}
+    void sivu(Sivu &&) override {}
+    void loppu(int) override {}
+};
+} // namespace
+
+void Aseta(const Maaritys &m, const Rivisto &rivit, const Asetteluvalinnat &v, Sivuvirta &ulos)
+{
+    KokoRivisto lahde(rivit);
+    Aseta(m, lahde, v, ulos);
+}
+
+void Aseta(const Maaritys &m, Rivilahde &rivit, const Asetteluvalinnat &v, Sivuvirta &ulos)
+{
+    std::optional<int> sivuja;
+    {
+        Laskuri laskuri;
+        Asettelija ensin(m, rivit, v, laskuri, std::nullopt);
+        if (ensin.tarvitseeLaskennan())
+            sivuja = ensin.aseta(0, 2);
+    }
+    Asettelija(m, rivit, v, ulos, sivuja).aseta(sivuja ? 1 : 0, sivuja ? 2 : 1);
+}
+
 Asiakirja Aseta(const Maaritys &m, const Rivisto &rivit, const Asetteluvalinnat &v)
 {
-    return Asettelija(m, rivit, v).aseta();
+    Keraaja k;
+    Aseta(m, rivit, v, k);
+    return std::move(k.d);
 }

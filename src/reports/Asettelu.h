@@ -5,6 +5,7 @@
 
 #include "reports/Asiakirja.h"
 #include "reports/Lauseke.h"
+#include "reports/Rivilahde.h"
 #include "platform/ajo.h"
 
 // A font handed in for one section of the report at run time. The section is "ALL", "DETAIL",
@@ -31,5 +32,12 @@ struct Asetteluvalinnat {
     const Ajo *ajo = nullptr;            // where progress goes and a stop comes from
 };
 
-// Throws RaporttiVirhe for an unknown formula or function, or an image that is not there.
+// Lays out and hands each page to `ulos` as soon as it is final: at once, or when the group whose
+// pages it counts (sivutus="oma") closes. A report that shows its whole TotalPages is laid out
+// twice, the first time only to count the pages. Throws RaporttiVirhe for an unknown formula or
+// function, or an image that is not there; Keskeytetty when the run is stopped.
+void Aseta(const Maaritys &m, const Rivisto &rivit, const Asetteluvalinnat &v, Sivuvirta &ulos);
+// The same from rows read as the layout goes: one outermost group at a time.
+void Aseta(const Maaritys &m, Rivilahde &rivit, const Asetteluvalinnat &v, Sivuvirta &ulos);
+// The whole document in memory, for tests and small reports.
 Asiakirja Aseta(const Maaritys &m, const Rivisto &rivit, const Asetteluvalinnat &v);

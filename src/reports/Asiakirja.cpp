@@ -25,3 +25,9 @@ QStringList Asiakirja::tekstit(int sivu) const
         t << k->teksti;
     return t;
 }
+
+void Keraaja::alku(const Asiakirja &pohja)
+{
+    d = pohja;
+    d.sivut.clear();
+}

@@ -39,3 +39,25 @@ struct Asiakirja {
     // Every text item of a page, in reading order.
     std::vector<const Tulostekohde *> tekstikohteet(int sivu) const;
 };
+
+// Where laid-out pages go, one at a time and in order, as soon as each is final: a PDF file, a
+// printer, the preview's page file, or an Asiakirja for tests and small reports.
+class Sivuvirta {
+public:
+    virtual ~Sivuvirta() = default;
+    // Before the first page: the document without pages (name, paper, fonts).
+    virtual void alku(const Asiakirja &pohja) = 0;
+    virtual void sivu(Sivu &&sivu) = 0;
+    // After the last page: the data rows the report was made of.
+    virtual void loppu(int riveja) = 0;
+};
+
+// Collects every page into one document.
+class Keraaja : public Sivuvirta {
+public:
+    void alku(const Asiakirja &pohja) override;
+    void sivu(Sivu &&sivu) override { d.sivut.push_back(std::move(sivu)); }
+    void loppu(int riveja) override { d.riveja = riveja; }
+
+    Asiakirja d;
+};

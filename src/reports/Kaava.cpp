@@ -167,11 +167,38 @@ private:
         return s;
     }
 
+    // Each parenthesis, argument, "not" and sign goes a level deeper; a formula deeper than the
+    // limit is refused before it could exhaust the stack.
+    static constexpr int SuurinSyvyys = 200;
+    class Taso {
+    public:
+        explicit Taso(Jasennin &j) : m_j(j)
+        {
+            if (++m_j.m_tasoja > SuurinSyvyys)
+                m_j.virhe(QStringLiteral("kaava on sisäkkäin yli %1 tasoa").arg(SuurinSyvyys), m_j.m_m.alku);
+        }
+        ~Taso() { --m_j.m_tasoja; }
+
+    private:
+        Jasennin &m_j;
+    };
+
+    // A chain of operators builds a tree as deep as the chain is long: it has a limit too.
+    static constexpr int PisinKetju = 1000;
+    void ketju(int n) const
+    {
+        if (n > PisinKetju)
+            virhe(QStringLiteral("kaavassa on yli %1 peräkkäistä laskutoimitusta").arg(PisinKetju), m_m.alku);
+    }
+
     // --- grammar, loosest first ---
     SolmuPtr tai()
     {
+        const Taso taso(*this);
         auto s = ja();
+        int n = 0;
         while (onOp("or")) {
+            ketju(++n);
             const int k = m_m.alku;
             lue();
             s = operaatio(Operaattori::Tai, std::move(s), ja(), k);
@@ -182,7 +209,9 @@ private:
     SolmuPtr ja()
     {
         auto s = ei();
+        int n = 0;
         while (onOp("and")) {
+            ketju(++n);
             const int k = m_m.alku;
             lue();
             s = operaatio(Operaattori::Ja, std::move(s), ei(), k);
@@ -193,6 +222,7 @@ private:
     SolmuPtr ei()
     {
         if (onOp("not")) {
+            const Taso taso(*this);
             const int k = m_m.alku;
             lue();
             return operaatio(Operaattori::Ei, ei(), nullptr, k);
@@ -219,7 +249,9 @@ private:
     SolmuPtr summa()
     {
         auto s = tulo();
+        int n = 0;
         while (onOp("+") || onOp("-") || onOp("&")) {
+            ketju(++n);
             const Operaattori op = onOp("-") ? Operaattori::Miinus : Operaattori::Plus;
             const int k = m_m.alku;
             lue();
@@ -231,7 +263,9 @@ private:
     SolmuPtr tulo()
     {
         auto s = etumerkki();
+        int n = 0;
         while (onOp("*") || onOp("/")) {
+            ketju(++n);
             const Operaattori op = onOp("*") ? Operaattori::Kerto : Operaattori::Jako;
             const int k = m_m.alku;
             lue();
@@ -243,11 +277,13 @@ private:
     SolmuPtr etumerkki()
     {
         if (onOp("-")) {
+            const Taso taso(*this);
             const int k = m_m.alku;
             lue();
             return operaatio(Operaattori::Vastaluku, etumerkki(), nullptr, k);
         }
         if (onOp("+")) {
+            const Taso taso(*this);
             lue();
             return etumerkki();
         }
@@ -345,6 +381,7 @@ private:
     const QString &m_t;
     QString m_missa;
     int m_pos = 0;
+    int m_tasoja = 0;
     int m_syvyys = 0;
     Merkki m_m;
 };

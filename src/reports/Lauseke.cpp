@@ -250,7 +250,7 @@ private:
         if (n == QLatin1String("totalpages"))
             return QString(KokonaissivutMerkki);
         if (n == QLatin1String("recordnumber"))
-            return qint64(m_a.rivi + 1);
+            return qint64(m_a.edellisetRivit + m_a.rivi + 1);
         if (n == QLatin1String("currentdate"))
             return m_a.tanaan.isValid() ? m_a.tanaan : kello::tanaan();
         if (n == QLatin1String("sum"))

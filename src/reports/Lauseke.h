@@ -26,6 +26,7 @@ inline constexpr QChar KokonaissivutMerkki = QChar(0xE000);
 struct Arviointi {
     const Rivisto *rivit = nullptr;
     int rivi = -1;               // the current row; -1 when there is none
+    int edellisetRivit = 0;      // rows of the report before `rivit` (RecordNumber counts them)
     int koosteAlku = 0;          // Sum and Count run over rows [koosteAlku, koosteLoppu)
     int koosteLoppu = 0;
     int sivu = 1;

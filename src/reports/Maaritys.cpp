@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "reports/RaporttiVirhe.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QXmlStreamReader>
@@ -280,7 +281,7 @@ private:
 
     void ryhma(Maaritys &m)
     {
-        attribuutit({QStringLiteral("lauseke"), QStringLiteral("uusisivu"), QStringLiteral("jarjestys")});
+        attribuutit({QStringLiteral("lauseke"), QStringLiteral("uusisivu"), QStringLiteral("jarjestys"), QStringLiteral("sivutus")});
         Ryhma r;
         const int taso = int(m.ryhmat.size()) + 1;
         r.lausekeTeksti = arvo("lauseke");
@@ -288,6 +289,11 @@ private:
         if (!r.lauseke)
             virhe(QStringLiteral("ryhmältä puuttuu lauseke"));
         r.uusiSivu = totuus("uusisivu").value_or(false);
+        const QString sivutus = arvo("sivutus").trimmed().toLower();
+        if (sivutus == QLatin1String("oma"))
+            r.omaSivutus = true;
+        else if (!sivutus.isEmpty() && sivutus != QLatin1String("raportti"))
+            virhe(QStringLiteral("ryhmän sivutus \"%1\" on tuntematon (oma tai raportti)").arg(sivutus));
         const QString j = arvo("jarjestys").trimmed().toLower();
         if (j == QLatin1String("laskeva"))
             r.laskeva = true;
@@ -498,7 +504,14 @@ QString EtsiRaportti(const QString &nimiTaiPolku)
         throw RaporttiVirhe(QStringLiteral("Raporttitiedostoa ei ole annettu."));
     if (QFileInfo(annettu).isFile())
         return annettu;
-    QString nimi = files::fileNamePart(QString(annettu).replace(QLatin1Char('\\'), QLatin1Char('/')));
+    const QString polku = QString(annettu).replace(QLatin1Char('\\'), QLatin1Char('/'));
+    // A file the user chose (an invoice layout of the settings) is that file or none: never
+    // silently the built-in one of the same name. The program's own reports come by name or by
+    // a path into the program's folder.
+    if (polku.contains(QLatin1Char('/'))
+        && QDir::cleanPath(QFileInfo(polku).absolutePath()) != QDir::cleanPath(QFileInfo(files::programFolder()).absoluteFilePath()))
+        throw RaporttiVirhe(QStringLiteral("Raporttitiedostoa %1 ei löydy. Tarkista tiedoston nimi ja kansio.").arg(annettu));
+    QString nimi = files::fileNamePart(polku);
     if (!nimi.contains(QLatin1Char('.')))
         nimi += QStringLiteral(".rpt");
     const QString omassa = files::joinPath(files::programFolder(), nimi);

@@ -72,6 +72,9 @@ struct Ryhma {
     bool laskeva = false;
     bool lajittele = true; // false: the rows keep the sort fields' order, the group only breaks on a change
     bool uusiSivu = false; // every group after the first starts a page
+    // Every group starts a page, and PageNumber and TotalPages count the group's own pages (an
+    // invoice's "Sivu 1/2" in a batch).
+    bool omaSivutus = false;
     std::optional<Osa> otsikko, alatunniste;
 };
 

@@ -1,7 +1,9 @@
 #include "reports/Piirto.h"
 
 #include "reports/Koodit.h"
+#include "platform/ajo.h"
 #include "reports/RaporttiVirhe.h"
+#include "reports/Sivusto.h"
 
 #include <QFontMetricsF>
 #include <QImage>
@@ -66,12 +68,16 @@ void piirraKoodinPaikka(QPainter &p, const Tulostekohde &k)
 
 void PiirraSivu(QPainter &p, const Asiakirja &d, int sivu)
 {
-    if (sivu < 0 || sivu >= int(d.sivut.size()))
-        return;
+    if (sivu >= 0 && sivu < int(d.sivut.size()))
+        PiirraSivu(p, d, d.sivut[size_t(sivu)]);
+}
+
+void PiirraSivu(QPainter &p, const Asiakirja &d, const Sivu &sivu)
+{
     std::vector<std::optional<QFontMetricsF>> mitat(d.fontit.size());
     int fontti = -1;
     p.setPen(Qt::black);
-    for (const Tulostekohde &k : d.sivut[size_t(sivu)].kohteet) {
+    for (const Tulostekohde &k : sivu.kohteet) {
         switch (k.laji) {
         case KohdeLaji::Teksti:
             piirraTeksti(p, d, k, mitat, fontti);
@@ -108,28 +114,67 @@ void PiirraSivu(QPainter &p, const Asiakirja &d, int sivu)
     }
 }
 
+PdfVirta::PdfVirta(const QString &polku) : m_polku(polku) {}
+
+PdfVirta::~PdfVirta()
+{
+    // Not finished: the painter lets go of the writer, and the temporary file goes unsaved.
+    if (m_p.isActive())
+        m_p.end();
+    m_pdf.reset();
+    if (m_tiedosto)
+        m_tiedosto->cancelWriting();
+}
+
+void PdfVirta::alku(const Asiakirja &pohja)
+{
+    m_pohja = pohja;
+    m_pohja.sivut.clear();
+    m_tiedosto = std::make_unique<QSaveFile>(m_polku);
+    if (!m_tiedosto->open(QIODevice::WriteOnly))
+        throw RaporttiVirhe(QStringLiteral("PDF-tiedostoa %1 ei voi kirjoittaa: %2.").arg(m_polku, m_tiedosto->errorString()));
+    m_pdf = std::make_unique<QPdfWriter>(m_tiedosto.get());
+    m_pdf->setResolution(1440);
+    m_pdf->setTitle(pohja.nimi);
+    m_pdf->setCreator(QStringLiteral("Vonari"));
+    m_pdf->setPageLayout(QPageLayout(pohja.sivukoko, pohja.suunta, QMarginsF(0, 0, 0, 0)));
+    if (!m_p.begin(m_pdf.get()))
+        throw RaporttiVirhe(QStringLiteral("PDF-tiedostoa %1 ei voi kirjoittaa.").arg(m_polku));
+}
+
+void PdfVirta::sivu(Sivu &&sivu)
+{
+    if (m_sivuja++ > 0)
+        m_pdf->newPage();
+    PiirraSivu(m_p, m_pohja, sivu);
+}
+
+void PdfVirta::loppu(int)
+{
+    m_p.end();
+    m_pdf.reset();
+    if (!m_tiedosto->commit())
+        throw RaporttiVirhe(QStringLiteral("PDF-tiedostoa %1 ei voi kirjoittaa: %2.").arg(m_polku, m_tiedosto->errorString()));
+    m_tiedosto.reset();
+}
+
 void KirjoitaPdf(const Asiakirja &d, const QString &polku)
 {
-    QSaveFile tiedosto(polku);
-    if (!tiedosto.open(QIODevice::WriteOnly))
-        throw RaporttiVirhe(QStringLiteral("PDF-tiedostoa %1 ei voi kirjoittaa: %2.").arg(polku, tiedosto.errorString()));
-    {
-        QPdfWriter pdf(&tiedosto);
-        pdf.setResolution(1440);
-        pdf.setTitle(d.nimi);
-        pdf.setCreator(QStringLiteral("Vonari"));
-        pdf.setPageLayout(QPageLayout(d.sivukoko, d.suunta, QMarginsF(0, 0, 0, 0)));
-        QPainter p;
-        if (!p.begin(&pdf))
-            throw RaporttiVirhe(QStringLiteral("PDF-tiedostoa %1 ei voi kirjoittaa.").arg(polku));
-        const int sivuja = qMax(1, int(d.sivut.size()));
-        for (int i = 0; i < sivuja; ++i) {
-            if (i > 0)
-                pdf.newPage();
-            PiirraSivu(p, d, i);
+    KirjoitaPdf(Muistisivusto(d), polku, nullptr);
+}
+
+void KirjoitaPdf(const Sivusto &s, const QString &polku, Edistyminen *edistyminen)
+{
+    PdfVirta pdf(polku);
+    pdf.alku(s.pohja());
+    const int sivuja = s.sivuja();
+    for (int i = 0; i < sivuja; ++i) {
+        if (edistyminen) {
+            edistyminen->vaihe(i, sivuja);
+            if (edistyminen->keskeytetaanko())
+                throw Keskeytetty();
         }
-        p.end();
+        pdf.sivu(s.sivu(i));
     }
-    if (!tiedosto.commit())
-        throw RaporttiVirhe(QStringLiteral("PDF-tiedostoa %1 ei voi kirjoittaa: %2.").arg(polku, tiedosto.errorString()));
+    pdf.loppu(s.pohja().riveja);
 }

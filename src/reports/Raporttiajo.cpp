@@ -5,8 +5,10 @@
 #include "reports/Asettelu.h"
 #include "reports/Piirto.h"
 #include "reports/RaporttiVirhe.h"
+#include "reports/Sivusto.h"
 #include "reports/Tietolahde.h"
 
+#include <QSet>
 #include <optional>
 
 namespace {
@@ -33,6 +35,64 @@ void sidoKaikki(Maaritys &m, Tietolahde &lahde, const Kaavat &kaavat)
     for (auto it = kaavat.constBegin(); it != kaavat.constEnd(); ++it)
         lahde.sido(**it, tiedosto + QStringLiteral(", kaava {@") + it.key() + QLatin1Char('}'));
 }
+
+// Whether an expression sums or counts rows, itself or through a formula.
+bool koostaa(const Solmu &s, const Kaavat &kaavat, QSet<QString> &kaydyt)
+{
+    if (s.laji == Solmu::Laji::Funktio
+        && (s.teksti.compare(QLatin1String("Sum"), Qt::CaseInsensitive) == 0 || s.teksti.compare(QLatin1String("Count"), Qt::CaseInsensitive) == 0))
+        return true;
+    if (s.laji == Solmu::Laji::Kaava) {
+        const QString nimi = s.teksti.toLower();
+        const auto it = kaavat.constFind(nimi);
+        if (it != kaavat.constEnd() && !kaydyt.contains(nimi)) {
+            kaydyt.insert(nimi);
+            if (koostaa(**it, kaavat, kaydyt))
+                return true;
+        }
+    }
+    for (const auto &l : s.lapset)
+        if (koostaa(*l, kaavat, kaydyt))
+            return true;
+    return false;
+}
+
+// Rows can be read one outermost group at a time when only the groups' bands and the detail
+// sum or count: a report header or footer, or a page's, that sums over more rows needs them all.
+bool voiLukeaRyhmittain(const Maaritys &m, const Kaavat &kaavat)
+{
+    if (m.ryhmat.empty())
+        return false;
+    for (const std::optional<Osa> *o : {&m.raporttiotsikko, &m.sivuotsikko, &m.sivualatunniste, &m.raporttialatunniste}) {
+        if (!*o)
+            continue;
+        QSet<QString> kaydyt;
+        if ((*o)->nakyy && koostaa(*(*o)->nakyy, kaavat, kaydyt))
+            return false;
+        for (const Kohde &k : (*o)->kohteet)
+            for (const auto &puu : {k.lauseke, k.nakyy})
+                if (puu && koostaa(*puu, kaavat, kaydyt))
+                    return false;
+    }
+    return true;
+}
+
+// Refuses a report without rows before its first page goes anywhere.
+class Tulostettava : public Sivuvirta {
+public:
+    explicit Tulostettava(Sivuvirta &ulos) : m_ulos(ulos) {}
+    void alku(const Asiakirja &pohja) override
+    {
+        if (pohja.riveja == 0)
+            throw RaporttiVirhe(QStringLiteral("Raportille ei löytynyt yhtään tulostettavaa tietoa."));
+        m_ulos.alku(pohja);
+    }
+    void sivu(Sivu &&sivu) override { m_ulos.sivu(std::move(sivu)); }
+    void loppu(int riveja) override { m_ulos.loppu(riveja); }
+
+private:
+    Sivuvirta &m_ulos;
+};
 
 } // namespace
 
@@ -64,6 +124,13 @@ void Raporttiajo::setAction(int arvo)
 }
 
 Asiakirja Raporttiajo::Laadi() const
+{
+    Keraaja k;
+    Laadi(k);
+    return std::move(k.d);
+}
+
+void Raporttiajo::Laadi(Sivuvirta &ulos) const
 {
     const QString polku = EtsiRaportti(ReportFileName);
     Maaritys m = LueMaaritys(polku);
@@ -141,18 +208,44 @@ Asiakirja Raporttiajo::Laadi() const
         jarjestysArvot += e.arvot;
     }
 
+    if (voiLukeaRyhmittain(m, v.kaavat)) {
+        const std::unique_ptr<Rivilahde> rivit = [&] {
+            KantaVahti vahti(tk, v.ajo ? v.ajo->edistyminen : nullptr);
+            return lahde.virta(valinta, jarjestys, jarjestysArvot, *m.ryhmat.front().lauseke);
+        }();
+        m_sql = lahde.sql();
+        Aseta(m, *rivit, v, ulos);
+        return;
+    }
     const Rivisto rivit = [&] {
         KantaVahti vahti(tk, v.ajo ? v.ajo->edistyminen : nullptr);
         return lahde.hae(valinta, jarjestys, jarjestysArvot);
     }();
     m_sql = lahde.sql();
-    return Aseta(m, rivit, v);
+    Aseta(m, rivit, v, ulos);
 }
 
 void Raporttiajo::Aja()
 {
     try {
-        Toimita(Laadi());
+        if (Destination == PdfTiedosto) {
+            PdfVirta pdf(PrintFileName);
+            Tulostettava t(pdf);
+            Laadi(t);
+            return;
+        }
+        if (!g_kohde)
+            throw RaporttiVirhe(QStringLiteral("Esikatselu ja tulostus eivät ole käytettävissä; tallenna raportti PDF-tiedostoksi."));
+        if (Destination == Tulostin) {
+            const std::unique_ptr<Sivuvirta> tulostus = g_kohde->tulostus(PrinterName, CopiesToPrinter);
+            Tulostettava t(*tulostus);
+            Laadi(t);
+            return;
+        }
+        Sivutiedosto sivut;
+        Tulostettava t(sivut);
+        Laadi(t);
+        g_kohde->esikatsele(sivut, WindowState == 2, WindowShowPrintBtn);
     } catch (const Keskeytetty &) {
         if (ajo)
             throw;
@@ -169,8 +262,13 @@ void Raporttiajo::Toimita(const Asiakirja &d)
     }
     if (!g_kohde)
         throw RaporttiVirhe(QStringLiteral("Esikatselu ja tulostus eivät ole käytettävissä; tallenna raportti PDF-tiedostoksi."));
-    if (Destination == Tulostin)
-        g_kohde->tulosta(d, PrinterName, CopiesToPrinter);
-    else
-        g_kohde->esikatsele(d, WindowState == 2, WindowShowPrintBtn);
+    if (Destination == Tulostin) {
+        const std::unique_ptr<Sivuvirta> tulostus = g_kohde->tulostus(PrinterName, CopiesToPrinter);
+        tulostus->alku(d);
+        for (const Sivu &s : d.sivut)
+            tulostus->sivu(Sivu(s));
+        tulostus->loppu(d.riveja);
+    } else {
+        g_kohde->esikatsele(Muistisivusto(d), WindowState == 2, WindowShowPrintBtn);
+    }
 }

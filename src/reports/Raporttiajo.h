@@ -11,6 +11,9 @@
 
 #include <QString>
 #include <QVector>
+#include <memory>
+
+class Sivusto;
 
 class Raporttiajo {
 public:
@@ -48,11 +51,14 @@ public:
     // own progress window prints nothing; a stop of a run's progress goes on to the run.
     void setAction(int arvo);
 
-    // Lays out and sends to the destination. Throws RaporttiVirhe, also when nothing matches
-    // the selection: nothing is printed then.
+    // Lays out and sends to the destination page by page: a PDF file or the printer paints
+    // each page as it is laid out, the preview keeps the pages in a temporary file. Throws
+    // RaporttiVirhe, also when nothing matches the selection: nothing is printed then.
     void Aja();
 
-    // The laid-out document alone: the preview, tests and tools use it.
+    // Lays out and hands each page to `ulos` as soon as it is final.
+    void Laadi(Sivuvirta &ulos) const;
+    // The laid-out document whole in memory: tests and tools use it.
     Asiakirja Laadi() const;
 
     // Sends a document laid out elsewhere (a user's column report) where Aja sends its own:
@@ -71,10 +77,12 @@ private:
 class Tulostuskohde {
 public:
     virtual ~Tulostuskohde() = default;
-    virtual void esikatsele(const Asiakirja &d, bool maksimoitu, bool tulostusnappi) = 0;
-    // Prints on the named printer (empty: the default one). Throws RaporttiVirhe when there is
-    // no printer.
-    virtual void tulosta(const Asiakirja &d, const QString &tulostin, int kopioita) = 0;
+    // Shows the pages; returns when the preview is closed.
+    virtual void esikatsele(const Sivusto &sivut, bool maksimoitu, bool tulostusnappi) = 0;
+    // A print job on the named printer (empty: the default one) that prints each page it is
+    // given; a job let go before its end is cancelled. Throws RaporttiVirhe when there is no
+    // printer.
+    virtual std::unique_ptr<Sivuvirta> tulostus(const QString &tulostin, int kopioita) = 0;
 };
 
 void AsetaTulostuskohde(Tulostuskohde *kohde); // nullptr removes it

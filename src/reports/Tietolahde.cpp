@@ -190,7 +190,7 @@ void Tietolahde::rajaaAvaimiin(const QString &kentta, const QVector<qint64> &ava
     }
 }
 
-Rivisto Tietolahde::hae(const SqlEhto &valinta, const QStringList &jarjestys, const db::Params &jarjestysArvot)
+void Tietolahde::kokoa(const SqlEhto &valinta, const QStringList &jarjestys, const db::Params &jarjestysArvot, db::Params &arvot)
 {
     const TaulunTiedot &paa = tiedot(m_m.paatauluNimi, QStringLiteral("Raportin määrittely %1").arg(m_m.tiedosto));
     QStringList sarakkeet;
@@ -198,7 +198,6 @@ Rivisto Tietolahde::hae(const SqlEhto &valinta, const QStringList &jarjestys, co
         sarakkeet << s.sql;
     if (sarakkeet.isEmpty())
         sarakkeet << QStringLiteral("1");
-    db::Params arvot;
     // The tables of every field are known only now that all have been bound; the link
     // conditions may add more.
     QString liitos = liitokset(arvot);
@@ -220,7 +219,12 @@ Rivisto Tietolahde::hae(const SqlEhto &valinta, const QStringList &jarjestys, co
     if (!jarj.isEmpty())
         m_sql += QStringLiteral(" ORDER BY ") + jarj.join(QStringLiteral(", "));
     arvot += jarjestysArvot;
+}
 
+Rivisto Tietolahde::hae(const SqlEhto &valinta, const QStringList &jarjestys, const db::Params &jarjestysArvot)
+{
+    db::Params arvot;
+    kokoa(valinta, jarjestys, jarjestysArvot, arvot);
     Rivisto r;
     r.leveys = int(m_haettavat.size());
     try {
@@ -234,4 +238,126 @@ Rivisto Tietolahde::hae(const SqlEhto &valinta, const QStringList &jarjestys, co
         throw RaporttiVirhe(QStringLiteral("Raportin %1 tietojen haku epäonnistui: %2").arg(m_m.tiedosto, e.message()));
     }
     return r;
+}
+
+namespace {
+
+class Rivivirta : public Rivilahde {
+public:
+    Rivivirta(db::Database &db, const QString &sql, const db::Params &arvot, std::vector<KenttaLaji> lajit, const Solmu &ryhma,
+              const Kaavat &kaavat, const QString &tiedosto)
+        : m_lajit(std::move(lajit)), m_ryhma(ryhma), m_tiedosto(tiedosto), m_arvot(arvot)
+    {
+        try {
+            m_riveja = db.scalar(QStringLiteral("SELECT count(*) FROM (") + sql + QLatin1Char(')'), arvot).toInt();
+            m_st.emplace(db, sql, arvot);
+        } catch (const db::DbError &e) {
+            virhe(e);
+        }
+        m_pala.leveys = int(m_lajit.size());
+        m_arv.rivit = &m_pala;
+        m_arv.kaavat = &kaavat;
+    }
+
+    int riveja() const override { return m_riveja; }
+    bool lopussa() const override { return m_loppu; }
+
+    void alusta() override
+    {
+        if (m_aloitettu) {
+            try {
+                m_st->reset(m_arvot);
+            } catch (const db::DbError &e) {
+                virhe(e);
+            }
+        }
+        m_aloitettu = m_odottaa = m_loppu = false;
+    }
+
+    const Rivisto *seuraava() override
+    {
+        if (!m_aloitettu) {
+            m_aloitettu = true;
+            m_pala.solut.clear();
+            m_pala.riveja = 0;
+            m_odottaa = lue();
+            if (m_odottaa)
+                m_odottavanArvo = ryhmanArvo(0);
+        }
+        if (!m_odottaa) {
+            m_loppu = true;
+            return nullptr;
+        }
+        // The row read ahead begins the group; rows join it while the group's value stays.
+        if (m_pala.riveja > 0) {
+            m_pala.solut.erase(m_pala.solut.begin(), m_pala.solut.end() - m_pala.leveys);
+            m_pala.riveja = 1;
+        }
+        const Arvo arvo = m_odottavanArvo;
+        m_odottaa = false;
+        while (lue()) {
+            Arvo uusi = ryhmanArvo(m_pala.riveja - 1);
+            const bool sama = onTyhja(uusi) ? onTyhja(arvo) : VertaaArvoja(uusi, arvo) == 0;
+            if (!sama) {
+                m_odottaa = true;
+                m_odottavanArvo = std::move(uusi);
+                --m_pala.riveja; // held back for the next group; its cells stay at the end
+                break;
+            }
+        }
+        m_loppu = !m_odottaa;
+        return &m_pala;
+    }
+
+private:
+    [[noreturn]] void virhe(const db::DbError &e) const
+    {
+        throw RaporttiVirhe(QStringLiteral("Raportin %1 tietojen haku epäonnistui: %2").arg(m_tiedosto, e.message()));
+    }
+
+    // Appends the next row of the statement to the rows at hand.
+    bool lue()
+    {
+        try {
+            if (!m_st->next())
+                return false;
+            for (int i = 0; i < m_pala.leveys; ++i)
+                m_pala.solut.push_back(KentanArvo(m_st->value(i), m_lajit[size_t(i)]));
+        } catch (const db::DbError &e) {
+            virhe(e);
+        }
+        ++m_pala.riveja;
+        return true;
+    }
+
+    Arvo ryhmanArvo(int rivi)
+    {
+        Arviointi a = m_arv;
+        a.rivi = rivi;
+        return Arvioi(m_ryhma, a);
+    }
+
+    std::vector<KenttaLaji> m_lajit;
+    const Solmu &m_ryhma;
+    QString m_tiedosto;
+    db::Params m_arvot;
+    std::optional<db::Statement> m_st;
+    int m_riveja = 0;
+    Rivisto m_pala;
+    Arviointi m_arv;
+    Arvo m_odottavanArvo;
+    bool m_aloitettu = false, m_odottaa = false, m_loppu = false;
+};
+
+} // namespace
+
+std::unique_ptr<Rivilahde> Tietolahde::virta(const SqlEhto &valinta, const QStringList &jarjestys, const db::Params &jarjestysArvot,
+                                             const Solmu &ryhma)
+{
+    db::Params arvot;
+    kokoa(valinta, jarjestys, jarjestysArvot, arvot);
+    std::vector<KenttaLaji> lajit;
+    for (const Sarake &s : m_haettavat)
+        lajit.push_back(s.laji);
+    return std::make_unique<Rivivirta>(m_db, m_sql, arvot, std::move(lajit), ryhma, m_kaavat, m_m.tiedosto);
 }

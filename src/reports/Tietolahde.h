@@ -6,6 +6,7 @@
 #include "reports/KaavaSql.h"
 #include "reports/Lauseke.h"
 #include "reports/Maaritys.h"
+#include "reports/Rivilahde.h"
 
 #include <QSet>
 
@@ -26,6 +27,10 @@ public:
 
     // Fetches the rows. `valinta` is the translated selection, `jarjestys` ORDER BY terms.
     Rivisto hae(const SqlEhto &valinta, const QStringList &jarjestys, const db::Params &jarjestysArvot = {});
+    // The same rows read from the database as the layout asks for them, one group of `ryhma`
+    // (the outermost group's expression, bound) at a time. The rows are counted first.
+    std::unique_ptr<Rivilahde> virta(const SqlEhto &valinta, const QStringList &jarjestys, const db::Params &jarjestysArvot,
+                                     const Solmu &ryhma);
 
     // The last SELECT, for messages and tests.
     QString sql() const { return m_sql; }
@@ -46,6 +51,8 @@ private:
     const TaulunTiedot &tiedot(const QString &nimi, const QString &missa);
     Sarake sarake(const Solmu &kentta, const QString &missa);
     QString liitokset(db::Params &arvot);
+    // The SELECT into m_sql, its values into `arvot`.
+    void kokoa(const SqlEhto &valinta, const QStringList &jarjestys, const db::Params &jarjestysArvot, db::Params &arvot);
 
     db::Database &m_db;
     const Maaritys &m_m;
