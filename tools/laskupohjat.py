@@ -14,7 +14,6 @@ OUT = os.path.join(HERE, '..', 'resources', 'raportit')
 
 TWELFTH = 25.4 / 12
 SLIP = 101.6
-PAGE_H = 297.0
 # Pages without the slip keep this much paper free below the rows. The slip's band is this much
 # shorter than the slip, and its items reach on to the paper's edge.
 BOTTOM = 12.0
@@ -130,20 +129,18 @@ class Layout:
                   koko=9, tasaus='oikea', nimi='Sivu')
         if self.copy:
             self.text(110, 16.5, 50, 6, '{@Kopio}', koko=12, lihava='kyllä', vari='#a00000', nimi='Kopio')
-        rows = []
+        # label, value, bold, shown when
         if self.kind == 'karh':
-            rows = [(self.t('Muistutuspäivä', 'Påminnelsedatum'), "{jmhist.jmhjmMuistutusPaiva}", False),
-                    (self.t('Laskun numero', 'Fakturanr'), "ToText(%s)" % f('Laskunumero'), False),
-                    (self.t('Laskun eräpäivä', 'Förfallodag'), f('Erapaiva'), False),
-                    (self.t('Viitenumero', 'Ref.nr'), "Viite({@Viite})", True),
-                    (self.t('Eräpäivä', 'Förfallodag'), "{@Erapaiva}", True)]
-            rows = [r + (None,) for r in rows]
+            rows = [(self.t('Muistutuspäivä', 'Påminnelsedatum'), "{jmhist.jmhjmMuistutusPaiva}", False, None),
+                    (self.t('Laskun numero', 'Fakturanr'), "ToText(%s)" % f('Laskunumero'), False, None),
+                    (self.t('Laskun eräpäivä', 'Förfallodag'), f('Erapaiva'), False, None),
+                    (self.t('Viitenumero', 'Ref.nr'), "Viite({@Viite})", True, None),
+                    (self.t('Eräpäivä', 'Förfallodag'), "{@Erapaiva}", True, None)]
         else:
-            rows = [(self.t('Päiväys', 'Datum'), f('Laskupaiva'), False),
-                    ('Laskun nro / Fakturanr' if self.fi_sv else 'Laskun numero', "ToText(%s)" % f('Laskunumero'), False),
-                    (self.t('Eräpäivä', 'Förfallodag'), "{@Erapaiva}", True),
+            rows = [(self.t('Päiväys', 'Datum'), f('Laskupaiva'), False, None),
+                    ('Laskun nro / Fakturanr' if self.fi_sv else 'Laskun numero', "ToText(%s)" % f('Laskunumero'), False, None),
+                    (self.t('Eräpäivä', 'Förfallodag'), "{@Erapaiva}", True, None),
                     (self.t('Viitenumero', 'Ref.nr'), "Viite({@Viite})", True, "{@Viite} <> ''")]
-            rows = [r if len(r) == 4 else r + (None,) for r in rows]
         lw = 40 if self.fi_sv else 30
         y = 23
         for label, expr, bold, cond in rows:
