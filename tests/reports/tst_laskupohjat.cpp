@@ -377,6 +377,27 @@ private slots:
         d->execute(u"DELETE FROM jm WHERE jmID = ?"_s, {id});
     }
 
+    // An invoice made without a total prints its rows but no total, and leaves the amount to the
+    // payer on the slip and in both codes.
+    void eiLoppusummaa()
+    {
+        const Lasku jasen = avoinLasku();
+        const qint64 id = lisaaLasku(jasen.jrID, {u"Talkoomaksu"_s}, Currency::fromUnits(70), u"1234561"_s);
+        d->execute(u"UPDATE jm SET jmEiLoppusummaa = 1 WHERE jmID = ?"_s, {id});
+        const Lasku l = avoinLasku(u"jmID = "_s + QString::number(id));
+        for (const QString &raportti : {u"jrotile.rpt"_s, u"jromak.rpt"_s}) {
+            const Asiakirja a = laadi(raportti, u"{jm.jmID}="_s + QString::number(id));
+            const QStringList t = a.tekstit(0);
+            QVERIFY(t.contains(u"Talkoomaksu"_s) && t.contains(nbsp(u"10,00"_s)));
+            QVERIFY2(!t.contains(u"Yhteensä"_s) && !t.join(u'\n').contains(u"70,00"_s), qPrintable(raportti));
+            QCOMPARE(kohde(a, 0, KohdeLaji::Viivakoodi)->teksti, viivakoodi(MainModule::RegPankkiyhteys1, l, Currency()));
+            QCOMPARE(kohde(a, 0, KohdeLaji::Viivakoodi)->teksti.mid(17, 8), u"00000000"_s);
+            QCOMPARE(kohde(a, 0, KohdeLaji::QrKoodi)->teksti.split(u'\n').value(7), QString());
+        }
+        d->execute(u"DELETE FROM jmRivi WHERE jmRjmID = ?"_s, {id});
+        d->execute(u"DELETE FROM jm WHERE jmID = ?"_s, {id});
+    }
+
     // The club's logo.png in the program's folder prints in the letterhead; without it the page
     // prints all the same.
     void logo()
