@@ -1,6 +1,7 @@
 #include "reports/Lauseke.h"
 #include "platform/kello.h"
 
+#include "reports/Lisafunktiot.h"
 #include "reports/Muotoilu.h"
 #include "reports/RaporttiVirhe.h"
 
@@ -27,20 +28,25 @@ struct Funktio {
 
 const QHash<QString, Funktio> &funktiot()
 {
-    static const QHash<QString, Funktio> f = {
-        {QStringLiteral("iif"), {3, 3}},        {QStringLiteral("totext"), {1, 2}},
-        {QStringLiteral("year"), {1, 1}},       {QStringLiteral("month"), {1, 1}},
-        {QStringLiteral("day"), {1, 1}},        {QStringLiteral("date"), {3, 3}},
-        {QStringLiteral("currentdate"), {0, 0}}, {QStringLiteral("pagenumber"), {0, 0}},
-        {QStringLiteral("totalpages"), {0, 0}}, {QStringLiteral("recordnumber"), {0, 0}},
-        {QStringLiteral("uppercase"), {1, 1}},  {QStringLiteral("lowercase"), {1, 1}},
-        {QStringLiteral("trim"), {1, 1}},       {QStringLiteral("left"), {2, 2}},
-        {QStringLiteral("right"), {2, 2}},      {QStringLiteral("len"), {1, 1}},
-        {QStringLiteral("isnull"), {1, 1}},     {QStringLiteral("raha"), {1, 1}},
-        {QStringLiteral("euro"), {1, 1}},       {QStringLiteral("pvm"), {1, 1}},
-        {QStringLiteral("viite"), {1, 1}},      {QStringLiteral("iban"), {1, 1}},
-        {QStringLiteral("rivit"), {1, 20}},     {QStringLiteral("sum"), {1, 1, true}},
-        {QStringLiteral("count"), {0, 1, true}}};
+    static const QHash<QString, Funktio> f = [] {
+        QHash<QString, Funktio> f = {
+            {QStringLiteral("iif"), {3, 3}},        {QStringLiteral("totext"), {1, 2}},
+            {QStringLiteral("year"), {1, 1}},       {QStringLiteral("month"), {1, 1}},
+            {QStringLiteral("day"), {1, 1}},        {QStringLiteral("date"), {3, 3}},
+            {QStringLiteral("currentdate"), {0, 0}}, {QStringLiteral("pagenumber"), {0, 0}},
+            {QStringLiteral("totalpages"), {0, 0}}, {QStringLiteral("recordnumber"), {0, 0}},
+            {QStringLiteral("uppercase"), {1, 1}},  {QStringLiteral("lowercase"), {1, 1}},
+            {QStringLiteral("trim"), {1, 1}},       {QStringLiteral("left"), {2, 2}},
+            {QStringLiteral("right"), {2, 2}},      {QStringLiteral("len"), {1, 1}},
+            {QStringLiteral("isnull"), {1, 1}},     {QStringLiteral("raha"), {1, 1}},
+            {QStringLiteral("euro"), {1, 1}},       {QStringLiteral("pvm"), {1, 1}},
+            {QStringLiteral("viite"), {1, 1}},      {QStringLiteral("iban"), {1, 1}},
+            {QStringLiteral("rivit"), {1, 20}},     {QStringLiteral("sum"), {1, 1, true}},
+            {QStringLiteral("count"), {0, 1, true}}};
+        for (auto it = Lisafunktiot().cbegin(); it != Lisafunktiot().cend(); ++it)
+            f.insert(it.key(), {it->min, it->max});
+        return f;
+    }();
     return f;
 }
 
@@ -266,6 +272,12 @@ private:
                 return {};
             const QDate p{int(*y), int(*m), int(*d)};
             return p.isValid() ? Arvo(p) : Arvo();
+        }
+        if (Lisafunktiot().contains(n)) {
+            std::vector<Arvo> arvot;
+            for (size_t i = 0; i < s.lapset.size(); ++i)
+                arvot.push_back(arg(int(i)));
+            return *LaskeLisafunktio(n, arvot);
         }
         const Arvo a = arg(0);
         if (n == QLatin1String("isnull"))

@@ -54,6 +54,29 @@ private slots:
         QTest::newRow("nollalla jako") << u"{t.n} / 0"_s << QString();
         QTest::newRow("tyhjä ja luku") << u"{t.b} + 1"_s << QString();
         QTest::newRow("tekstifunktiot") << u"Left({t.a}, 2) + UpperCase('ö') + ToText(Len(Trim('  ab ')))"_s << u"MäÖ2"_s;
+        QTest::newRow("Mid, Replace, täyttö") << u"Mid('Jäsenmaksu', 3, 4) + Mid({t.a}, 2) + Replace('a-b-c', '-', '') + PadLeft('42', 5, '0') + PadRight('x', 3) + '|'"_s
+                                              << u"senmäkiabc00042x  |"_s;
+        QTest::newRow("Mid ohi, tyhjä korvattava, leveys pienempi") << u"Mid('abc', 9) + Replace('abc', '', 'x') + PadLeft('abc', 2, '0')"_s
+                                                                     << u"abcabc"_s;
+        QTest::newRow("Chr") << u"'a' + Chr(10) + 'b' + Chr(0)"_s << u"a\nb"_s;
+        // The payment functions read the account out of the settings' free text as it is typed.
+        QTest::newRow("tilin osat") << u"TiliIban('FI21 1234 5600 0007 85 Nordea') + '|' + TiliPankki('FI2112345600000785') + '|' + TiliBic('fi21 1234 5600 0007 85')"_s
+                                    << u"FI21 1234 5600 0007 85|Nordea|NDEAFIHH"_s;
+        QTest::newRow("viallinen tili tulostuu kirjoitettuna") << u"TiliIban(' FI22 1234 5600 0007 85 ') + '|' + TiliPankki('FI22 1234 5600 0007 85') + TiliBic('')"_s
+                                                               << u"FI22 1234 5600 0007 85|"_s;
+        QTest::newRow("pankkiviivakoodi") << u"Pankkiviivakoodi('FI58 1017 1000 0001 22 Nordea', 482.99, '55958 22432 94671', Date(2012, 1, 31))"_s
+                                          << u"458101710000001220004829900000000559582243294671120131"_s;
+        QTest::newRow("pankkiviivakoodi, maksaja kirjoittaa summan") << u"Pankkiviivakoodi('FI16 8000 1400 0502 67', {t.b}, '78777679656628687', {t.b})"_s
+                                                                      << u"416800014000502670000000000000078777679656628687000000"_s;
+        QTest::newRow("ei viivakoodia: tarkiste") << u"Pankkiviivakoodi('FI59 1017 1000 0001 22', 10, '1232', Date(2012, 1, 31))"_s << QString();
+        QTest::newRow("ei viivakoodia: ulkomainen") << u"Pankkiviivakoodi('DE89 3704 0044 0532 0130 00', 10, '1232', Date(2012, 1, 31))"_s << QString();
+        QTest::newRow("ei viivakoodia: miljoona") << u"Pankkiviivakoodi('FI58 1017 1000 0001 22', 1000000, '1232', Date(2012, 1, 31))"_s << QString();
+        QTest::newRow("ei viivakoodia: viitteetön") << u"Pankkiviivakoodi('FI58 1017 1000 0001 22', 10, '', Date(2012, 1, 31))"_s << QString();
+        QTest::newRow("EPC QR") << u"EpcQr('Esimerkkiseura ry', 'FI37 1590 3000 0007 76', 25, '1234561', Date(2025, 2, 28), 'Lasku 7')"_s
+                                << u"BCD\n001\n1\nSCT\nNDEAFIHH\nEsimerkkiseura ry\nFI3715903000000776\nEUR25.00\n\nRF341234561\n\nReqdExctnDt/2025-02-28"_s;
+        QTest::newRow("EPC QR viestillä, ulkomainen tili") << u"EpcQr('Seura', 'DE89 3704 0044 0532 0130 00', {t.raha}, '', {t.b}, 'Lasku 7')"_s
+                                                           << u"BCD\n002\n1\nSCT\n\nSeura\nDE89370400440532013000\nEUR1234.50\n\n\nLasku 7"_s;
+        QTest::newRow("ei QR-koodia ilman tiliä") << u"EpcQr('Seura', '', 25, '1234561', Date(2025, 2, 28))"_s << QString();
     }
 
     void lausekkeet()
