@@ -2,9 +2,10 @@
 # Builds a fuzz target with clang and libFuzzer in build-fuzz/ and runs it.
 #   scripts/fuzz.sh TARGET SECONDS [libFuzzer options…]
 #   scripts/fuzz.sh viiteaineisto 600
-# The saved inputs in tests/fuzz/TARGET/ seed the run; what the fuzzer finds new goes to
-# build-fuzz/corpus/TARGET/, a crashing or hanging input to build-fuzz/artifacts/TARGET/. Copy an
-# input that found a fault into tests/fuzz/TARGET/ with the fix: the ordinary tests replay them.
+# The saved inputs in tests/fuzz/TARGET/ seed the run, and tests/fuzz/TARGET.dict, when there is
+# one, lends it tokens. What the fuzzer finds new goes to build-fuzz/corpus/TARGET/, a crashing or
+# hanging input to build-fuzz/artifacts/TARGET/. Copy an input that found a fault into
+# tests/fuzz/TARGET/ with the fix: the ordinary tests replay them.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 ROOT=$(pwd)
@@ -36,6 +37,10 @@ mkdir -p "$CORPUS" "$ARTIFACTS"
 # Leaks are faults too; the sanitizers stop at the first report.
 export ASAN_OPTIONS="detect_leaks=1:abort_on_error=1:${ASAN_OPTIONS:-}"
 export UBSAN_OPTIONS="print_stacktrace=1:halt_on_error=1:${UBSAN_OPTIONS:-}"
-exec "$BUILD/fuzz_$TARGET" "$CORPUS" "tests/fuzz/$TARGET" \
+DICT=()
+if [ -f "tests/fuzz/$TARGET.dict" ]; then
+  DICT=(-dict="tests/fuzz/$TARGET.dict")
+fi
+exec "$BUILD/fuzz_$TARGET" "$CORPUS" "tests/fuzz/$TARGET" "${DICT[@]}" \
   -max_total_time="$SECONDS_TO_RUN" -timeout=10 -rss_limit_mb=4096 -max_len=65536 \
   -artifact_prefix="$ARTIFACTS/" -print_final_stats=1 "$@"
