@@ -43,8 +43,9 @@ struct ViiteEra {
     QString Rahayksikko; // currency code, "1" euro, a blank for markka
     QList<ViiteTapahtuma> Tapahtumat;
     ViiteSummat Summat;
-    // False when the file gave no totals for the batch (a fixed-width batch that ends without
-    // its record 9): Summat are then counted from Tapahtumat.
+    // False when nothing in the file vouched for the totals: a fixed-width batch that ends
+    // without its record 9. (A camt.054 batch's totals are counted too, but every entry of it was
+    // checked against the amounts the bank gave.)
     bool SummatTiedostosta = true;
 };
 
