@@ -10,6 +10,7 @@ PACKAGES=(
   libgl1-mesa-dev libxkbcommon-dev
   xvfb xauth imagemagick poppler-utils zbar-tools python3-aiosmtpd xdotool
   fonts-dejavu-core fonts-liberation2 locales unzip qt6-translations-l10n
+  clang-14 libfuzzer-14-dev
 )
 
 missing=()
