@@ -7,14 +7,21 @@ import email
 import email.policy
 import json
 import sys
+from email.header import decode_header, make_header
+from email.utils import getaddresses
 
 raw = open(sys.argv[1], "rb").read()
 m = email.message_from_bytes(raw, policy=email.policy.default)
 
 
+vanha = email.message_from_bytes(raw, policy=email.policy.compat32)
+
+
 def osoitteet(otsake):
-    h = m[otsake]
-    return [[a.display_name, a.addr_spec] for a in h.addresses] if h is not None else []
+    # The older interface joins adjacent encoded words as RFC 2047 says; the newer one keeps the
+    # blank between them in a name.
+    pari = getaddresses(vanha.get_all(otsake, []))
+    return [[str(make_header(decode_header(n))), a] for n, a in pari]
 
 
 body = m.get_body(("plain",))
