@@ -22,6 +22,12 @@ QString findSendmail(const QString &program)
     return found;
 }
 
+QString sendmailMissingText()
+{
+    return QStringLiteral("Järjestelmän postiohjelmaa (sendmail) ei löydy. Asenna koneeseen sendmail-yhteensopiva "
+                          "postiohjelma, esimerkiksi msmtp-mta, tai valitse asetuksista lähetystavaksi suora SMTP.");
+}
+
 SendmailSender::SendmailSender(SystemSettings settings) : m_settings(std::move(settings)) {}
 
 SendReport SendmailSender::send(const Message &message)
@@ -60,9 +66,7 @@ SendReport SendmailSender::send(const Message &message)
 
     const QString program = findSendmail(m_settings.program);
     if (program.isEmpty())
-        return failAll(QStringLiteral("Järjestelmän postiohjelmaa (sendmail) ei löydy. Asenna koneeseen "
-                                      "sendmail-yhteensopiva postiohjelma, esimerkiksi msmtp-mta, tai valitse "
-                                      "asetuksista lähetystavaksi suora SMTP."));
+        return failAll(sendmailMissingText());
     QStringList args = m_settings.arguments;
     // -i: a line of a single dot is text, not the end of the message.
     args << QStringLiteral("-t") << QStringLiteral("-i");

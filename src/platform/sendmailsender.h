@@ -21,4 +21,7 @@ private:
 // /usr/lib. Empty when there is none.
 QString findSendmail(const QString &program = {});
 
+// What the user is told when there is no sendmail program.
+QString sendmailMissingText();
+
 } // namespace mail
