@@ -18,8 +18,11 @@ Status statusOf(QKeychain::Error e)
     switch (e) {
     case QKeychain::NoError: return Status::Ok;
     case QKeychain::EntryNotFound: return Status::NotFound;
-    case QKeychain::NoBackendAvailable: return Status::NoBackend;
-    default: return Status::Failed;
+    // Without a session bus QtKeychain cannot even ask and says OtherError ("Cannot autolaunch
+    // D-Bus"): no keyring answers, as much as with NoBackendAvailable.
+    case QKeychain::NoBackendAvailable:
+    case QKeychain::OtherError: return Status::NoBackend;
+    default: return Status::Failed; // a keyring answered and refused
     }
 }
 

@@ -10,6 +10,7 @@ enum class Status {
     Ok,
     NotFound,
     NoBackend, // no keyring answers: no Secret Service running, no session bus (headless)
+               // or the keyring failed without saying it refused
     Failed,    // a keyring answered but refused or failed
 };
 
