@@ -107,6 +107,14 @@ QWidget *frmAsetukset::teeInternetSivu()
     lisaaRivi(sgrid, rivi++, QStringLiteral("Salasana:"), tSMTPSalasana);
     lisaaRivi(sgrid, rivi++, QStringLiteral("Varmenne:"), tSMTPVarmenne, cSMTPVarmennevalinta);
     sgrid->setColumnStretch(1, 1);
+    // The two frames' fields start at the same place.
+    int otsikot = 0;
+    for (QGridLayout *g : {grid, sgrid})
+        for (int r = 0; r < g->rowCount(); ++r)
+            if (QLayoutItem *i = g->itemAtPosition(r, 0); i && i->widget())
+                otsikot = qMax(otsikot, i->widget()->sizeHint().width());
+    grid->setColumnMinimumWidth(0, otsikot);
+    sgrid->setColumnMinimumWidth(0, otsikot);
 
     cTestaaYhteys = new QPushButton(QStringLiteral("Testaa yhteys"), this);
     cTestaaYhteys->setObjectName(QStringLiteral("cTestaaYhteys"));
