@@ -76,4 +76,20 @@ QString addressProblem(const QString &address)
     return {};
 }
 
+Message startReport(const Message &message, SendReport &report)
+{
+    Message deliverable = message;
+    deliverable.to.clear();
+    report.recipients.clear();
+    for (const Address &a : message.to) {
+        RecipientResult r;
+        r.address = a.address.trimmed();
+        r.reason = addressProblem(r.address);
+        if (r.reason.isEmpty())
+            deliverable.to.append({a.name, r.address});
+        report.recipients.append(r);
+    }
+    return deliverable;
+}
+
 } // namespace mail

@@ -22,6 +22,9 @@ struct Message {
     QString subject;
     QString body;            // plain text; line ends of any kind
     QStringList attachments; // file paths
+    // A common message to many: each gets it with "undisclosed-recipients" in its To header, so
+    // no member sees the others' addresses.
+    bool hideRecipients = false;
 };
 
 struct RecipientResult {
@@ -85,5 +88,9 @@ void setSenderMaker(SenderMaker maker);
 bool isValidAddress(const QString &address);
 // Why a recipient's address cannot be used, in Finnish; empty when it can.
 QString addressProblem(const QString &address);
+
+// The start of every sender's report: a result for each recipient, the unusable addresses refused
+// with their reason. Returns the message as it can be delivered, with the usable recipients only.
+Message startReport(const Message &message, SendReport &report);
 
 } // namespace mail

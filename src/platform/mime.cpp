@@ -246,7 +246,8 @@ MimeResult buildMime(const Message &message, const QDateTime &date)
     QByteArray head;
     head += "Date: " + rfc2822Date(date.isValid() ? date : kello::nyt()) + kCrlf;
     head += "From: " + addressHeader(message.from, 6) + kCrlf;
-    head += "To: " + addressList(message.to, 4) + kCrlf;
+    head += "To: " + (message.hideRecipients ? QByteArray("undisclosed-recipients:;") : addressList(message.to, 4))
+        + kCrlf;
     head += "Subject: " + (plainAscii(subject) && subject.size() < 900 ? subject.toLatin1() : encodedWords(subject, 9))
         + kCrlf;
     head += "Message-ID: <" + uniqueToken() + "@" + domainOf(message.from.address) + ">\r\n";

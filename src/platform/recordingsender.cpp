@@ -8,18 +8,16 @@ SendReport RecordingSender::send(const Message &message)
 {
     m_log->messages.append(message);
     SendReport report;
+    startReport(message, report);
     report.error = m_log->failure;
-    for (const Address &a : message.to) {
-        RecipientResult r;
-        r.address = a.address.trimmed();
+    for (RecipientResult &r : report.recipients) {
+        if (!r.reason.isEmpty())
+            continue;
         if (!m_log->failure.isEmpty())
             r.reason = m_log->failure;
-        else if (const QString problem = addressProblem(r.address); !problem.isEmpty())
-            r.reason = problem;
         else if (m_log->refused.contains(r.address.toLower()))
             r.reason = QStringLiteral("Palvelin ei hyväksynyt vastaanottajaa %1").arg(r.address);
         r.sent = r.reason.isEmpty();
-        report.recipients.append(r);
     }
     return report;
 }

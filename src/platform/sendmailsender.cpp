@@ -33,15 +33,7 @@ SendmailSender::SendmailSender(SystemSettings settings) : m_settings(std::move(s
 SendReport SendmailSender::send(const Message &message)
 {
     SendReport report;
-    bool anyValid = false;
-    for (const Address &a : message.to) {
-        RecipientResult r;
-        r.address = a.address.trimmed();
-        r.reason = addressProblem(r.address);
-        if (r.reason.isEmpty())
-            anyValid = true;
-        report.recipients.append(r);
-    }
+    const Message m = startReport(message, report);
     auto failAll = [&](const QString &why) {
         report.error = why;
         for (RecipientResult &r : report.recipients)
@@ -49,17 +41,10 @@ SendReport SendmailSender::send(const Message &message)
                 r.reason = why;
         return report;
     };
-    if (!anyValid) {
+    if (m.to.isEmpty()) {
         report.error = QStringLiteral("Viestillä ei ole yhtään kelvollista vastaanottajaa.");
         return report;
     }
-
-    // The To header is what sendmail -t reads: addresses that do not do are left out of it.
-    Message m = message;
-    m.to.clear();
-    for (const Address &a : message.to)
-        if (isValidAddress(a.address.trimmed()))
-            m.to.append({a.name, a.address.trimmed()});
     const MimeResult mime = buildMime(m);
     if (!mime.ok())
         return failAll(mime.error);
@@ -69,9 +54,17 @@ SendReport SendmailSender::send(const Message &message)
         return failAll(sendmailMissingText());
     QStringList args = m_settings.arguments;
     // -i: a line of a single dot is text, not the end of the message.
-    args << QStringLiteral("-t") << QStringLiteral("-i");
+    args << QStringLiteral("-i");
     if (isValidAddress(message.from.address.trimmed()))
         args << QStringLiteral("-f") << message.from.address.trimmed();
+    // -t takes the recipients from the To header; hidden ones are not there and go as arguments.
+    if (m.hideRecipients) {
+        args << QStringLiteral("--");
+        for (const Address &a : m.to)
+            args << a.address;
+    } else {
+        args << QStringLiteral("-t");
+    }
 
     QProcess p;
     p.setProcessChannelMode(QProcess::SeparateChannels);

@@ -175,15 +175,11 @@ SmtpSender::~SmtpSender()
 SendReport SmtpSender::send(const Message &message)
 {
     SendReport report;
+    const Message deliverable = startReport(message, report);
     QList<int> valid; // indexes of the recipients handed to the server
-    for (int i = 0; i < message.to.size(); ++i) {
-        RecipientResult r;
-        r.address = message.to[i].address.trimmed();
-        r.reason = addressProblem(r.address);
-        if (r.reason.isEmpty())
+    for (int i = 0; i < report.recipients.size(); ++i)
+        if (report.recipients[i].reason.isEmpty())
             valid.append(i);
-        report.recipients.append(r);
-    }
     auto failAll = [&](const QString &why) {
         report.error = why;
         for (int i : valid)
@@ -201,7 +197,7 @@ SendReport SmtpSender::send(const Message &message)
     if (!isValidAddress(message.from.address.trimmed()))
         return failAll(QStringLiteral("Lähettäjän sähköpostiosoite \"%1\" ei kelpaa. Tarkista asetukset.")
                            .arg(message.from.address));
-    const MimeResult mime = buildMime(message);
+    const MimeResult mime = buildMime(deliverable);
     if (!mime.ok())
         return failAll(mime.error);
 

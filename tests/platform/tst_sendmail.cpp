@@ -100,6 +100,22 @@ private slots:
         QCOMPARE(p.viestit().value(0).kirjekuori[u"rcpt_tos"_s].toArray(), QJsonArray{u"matti@example.fi"_s});
     }
 
+    // Hidden recipients are not in the To header, so they go to sendmail as arguments.
+    void piilotetutVastaanottajat()
+    {
+        Postipalvelin p;
+        QVERIFY2(p.kaynnissa(), qPrintable(p.virhe()));
+        mail::Message m = viesti(u"Kaikille"_s, {{u"Matti"_s, u"matti@example.fi"_s}, {u"Åsa"_s, u"asa@example.fi"_s}});
+        m.hideRecipients = true;
+        QVERIFY(mail::SendmailSender(asetukset(p.portti())).send(m).allSent());
+        const auto saapuneet = p.viestit();
+        QCOMPARE(saapuneet.size(), 1);
+        QCOMPARE(saapuneet[0].kirjekuori[u"rcpt_tos"_s].toArray(),
+                 (QJsonArray{u"matti@example.fi"_s, u"asa@example.fi"_s}));
+        QVERIFY(!saapuneet[0].raaka.contains("matti@"));
+        QCOMPARE(saapuneet[0].luettu[u"body"_s].toString(), u"Kaikille\n"_s);
+    }
+
     void epaonnistuminen_data()
     {
         QTest::addColumn<QString>("ohjelma");

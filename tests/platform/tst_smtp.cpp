@@ -151,10 +151,29 @@ private slots:
         QCOMPARE(saapuneet.size(), 3);
         QCOMPARE(saapuneet[0].kirjekuori[u"rcpt_tos"_s].toArray(),
                  (QJsonArray{u"aija@example.fi"_s, u"masa@example.fi"_s}));
+        // The To header holds the usable addresses only.
+        QCOMPARE(saapuneet[0].luettu[u"to"_s].toArray().size(), 3);
+        QCOMPARE(saapuneet[0].luettu[u"defects"_s].toInt(), 0);
         QCOMPARE(saapuneet[1].luettu[u"body"_s].toString(), u"Seuraava\n"_s);
         QCOMPARE(saapuneet[2].luettu[u"body"_s].toString(), u"Vielä\n"_s);
         // The same client port: the messages went through one connection.
         QCOMPARE(saapuneet[0].kirjekuori[u"peer"_s].toArray(), saapuneet[1].kirjekuori[u"peer"_s].toArray());
+    }
+
+    // A common message to many shows no member the others' addresses.
+    void piilotetutVastaanottajat()
+    {
+        Postipalvelin p;
+        kaynnissa(p);
+        mail::Message m = viesti(u"Kaikille"_s, Kaksi);
+        m.hideRecipients = true;
+        QVERIFY(mail::SmtpSender(asetukset(p)).send(m).allSent());
+        const auto saapuneet = p.viestit();
+        QCOMPARE(saapuneet.size(), 1);
+        QCOMPARE(saapuneet[0].kirjekuori[u"rcpt_tos"_s].toArray(), (QJsonArray{u"aija@example.fi"_s, u"masa@example.fi"_s}));
+        QVERIFY(!saapuneet[0].raaka.contains("aija@"));
+        QVERIFY(!saapuneet[0].raaka.contains("masa@"));
+        QCOMPARE(saapuneet[0].luettu[u"defects"_s].toInt(), 0);
     }
 
     void kirjautuminen_data()
