@@ -26,7 +26,8 @@ Status statusOf(QKeychain::Error e)
     }
 }
 
-// Runs the job to its end; a keyring that does not answer in time counts as none.
+// Runs the job to its end. A keyring may first ask the user to unlock it, so the wait is long; one
+// that still does not answer has failed (it is there, so the password must not go elsewhere).
 Answer run(QKeychain::Job &job)
 {
     job.setAutoDelete(false);
@@ -39,11 +40,11 @@ Answer run(QKeychain::Job &job)
         timedOut = true;
         loop.quit();
     });
-    timeout.start(15000);
+    timeout.start(120000);
     job.start();
     loop.exec();
     if (timedOut)
-        return {Status::NoBackend, {}, QStringLiteral("keyring did not answer")};
+        return {Status::Failed, {}, QStringLiteral("keyring did not answer")};
     return {statusOf(job.error()), {}, job.errorString()};
 }
 

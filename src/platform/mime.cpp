@@ -200,7 +200,9 @@ QByteArray encodedWords(const QString &text, int firstLineUsed)
 
 QByteArray addressHeader(const Address &a, int firstLineUsed)
 {
-    const QByteArray addr = a.address.trimmed().toLatin1();
+    // The senders refuse unusable addresses; whatever comes here stays on its header line.
+    QByteArray addr = oneLine(a.address).trimmed().toLatin1();
+    addr.replace('<', "").replace('>', "");
     const QString name = oneLine(a.name).trimmed();
     if (name.isEmpty())
         return "<" + addr + ">";

@@ -45,6 +45,9 @@ SendReport SendmailSender::send(const Message &message)
         report.error = QStringLiteral("Viestillä ei ole yhtään kelvollista vastaanottajaa.");
         return report;
     }
+    if (!isValidAddress(m.from.address.trimmed()))
+        return failAll(QStringLiteral("Lähettäjän sähköpostiosoite \"%1\" ei kelpaa. Tarkista asetukset.")
+                           .arg(m.from.address));
     const MimeResult mime = buildMime(m);
     if (!mime.ok())
         return failAll(mime.error);
@@ -54,9 +57,7 @@ SendReport SendmailSender::send(const Message &message)
         return failAll(sendmailMissingText());
     QStringList args = m_settings.arguments;
     // -i: a line of a single dot is text, not the end of the message.
-    args << QStringLiteral("-i");
-    if (isValidAddress(message.from.address.trimmed()))
-        args << QStringLiteral("-f") << message.from.address.trimmed();
+    args << QStringLiteral("-i") << QStringLiteral("-f") << m.from.address.trimmed();
     // -t takes the recipients from the To header; hidden ones are not there and go as arguments.
     if (m.hideRecipients) {
         args << QStringLiteral("--");

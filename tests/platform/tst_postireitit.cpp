@@ -21,6 +21,37 @@ private slots:
         QVERIFY(dynamic_cast<mail::SendmailSender *>(mail::openSender(a).get()));
     }
 
+    // A sender's address that is not one (an empty setting, a line break) stops the message before
+    // anything is sent, on either route.
+    void lahettajanOsoiteTarkistetaan_data()
+    {
+        QTest::addColumn<int>("reitti");
+        QTest::addColumn<QString>("osoite");
+        for (int reitti : {int(mail::Route::Smtp), int(mail::Route::System)}) {
+            const QString nimi = reitti == int(mail::Route::Smtp) ? u"smtp "_s : u"sendmail "_s;
+            QTest::addRow("%s", qPrintable(nimi + u"tyhjä"_s)) << reitti << QString();
+            QTest::addRow("%s", qPrintable(nimi + u"rivinvaihto"_s)) << reitti << u"kerho@example.fi\r\nBcc: x@example.fi"_s;
+            QTest::addRow("%s", qPrintable(nimi + u"ei osoite"_s)) << reitti << u"Latu ry"_s;
+        }
+    }
+    void lahettajanOsoiteTarkistetaan()
+    {
+        QFETCH(int, reitti);
+        QFETCH(QString, osoite);
+        mail::Settings a;
+        a.route = mail::Route(reitti);
+        a.smtp.host = u"127.0.0.1"_s;
+        a.smtp.port = 9; // nobody is asked: the message stops before
+        a.system.program = u"/bin/false"_s;
+        mail::Message m;
+        m.from = {u"Latu"_s, osoite};
+        m.to = {{u"A"_s, u"a@example.fi"_s}};
+        const mail::SendReport r = mail::openSender(a)->send(m);
+        QCOMPARE(r.sentCount(), 0);
+        QVERIFY2(r.error.startsWith(u"Lähettäjän sähköpostiosoite"_s), qPrintable(r.error));
+        QCOMPARE(r.recipients[0].reason, r.error);
+    }
+
     void tallentavaLahettaja()
     {
         {
