@@ -124,6 +124,13 @@ private slots:
         QCOMPARE(Lahetysasetukset().smtp.password, QString()); // the route is the system's: no password read
         M::EmailSystem = true;
         QCOMPARE(Lahetysasetukset().smtp.password, u"Xq7-salainen"_s);
+
+        // Another account: the former one's password is removed with the change.
+        s.tSMTPKayttaja = u"toinen"_s, s.tSMTPSalasana = u"Yz8"_s;
+        QVERIFY(TallennaAsetukset(s).valmis);
+        QCOMPARE(LuePostisalasana(u"latu"_s, u"posti.example.fi"_s), QString());
+        QCOMPARE(LuePostisalasana(u"toinen"_s, u"posti.example.fi"_s), u"Yz8"_s);
+        QVERIFY(!tiedostonTavut(env->iniPath()).contains(QByteArray("Xq7-salainen").toBase64()));
     }
 
     void lahetysasetukset_data()

@@ -4,6 +4,8 @@
 #include "postiaineisto.h"
 #include "postipalvelin.h"
 
+#include <QRegularExpression>
+#include <QTcpServer>
 #include <QTemporaryDir>
 
 using namespace postiaineisto;
@@ -237,6 +239,25 @@ private slots:
         QVERIFY2(r.error.contains(syy), qPrintable(r.error));
         QVERIFY2(r.recipients[0].reason.contains(syy), qPrintable(r.recipients[0].reason));
         QVERIFY2(s.testConnection().contains(syy), qPrintable(s.testConnection()));
+    }
+
+    // A server that takes the connection and never answers: the run is not held for long, and the
+    // user is told the server did not answer.
+    void palvelinEiVastaa()
+    {
+        QTcpServer hiljainen; // the kernel accepts; nobody ever writes a greeting
+        QVERIFY(hiljainen.listen(QHostAddress::LocalHost, 0));
+        mail::SmtpSettings asetus;
+        asetus.host = u"127.0.0.1"_s;
+        asetus.port = hiljainen.serverPort();
+        asetus.connectTimeoutSeconds = 1;
+        asetus.idleTimeoutSeconds = 1;
+        mail::SmtpSender s(asetus);
+        const mail::SendReport r = s.send(viesti(u"x"_s, Kaksi));
+        QCOMPARE(r.sentCount(), 0);
+        // The Finnish reason, then curl's own words.
+        QVERIFY2(QRegularExpression(u"^Sähköpostipalvelin 127\\.0\\.0\\.1 ei vastannut ajoissa\\. \\(.+\\)$"_s).match(r.error).hasMatch(),
+                 qPrintable(r.error));
     }
 
     void salaus_data()
