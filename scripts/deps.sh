@@ -5,7 +5,7 @@ set -euo pipefail
 PACKAGES=(
   build-essential cmake ninja-build pkg-config ccache
   qt6-base-dev qt6-base-dev-tools libqt6opengl6-dev libqt6sql6-sqlite qt6-charts-dev qt6-svg-dev
-  libsqlite3-dev sqlite3 libcurl4-openssl-dev libxlsxwriter-dev libzint-dev
+  libsqlite3-dev sqlite3 libcurl4-openssl-dev libxlsxwriter-dev libzint-dev qtkeychain-qt6-dev msmtp-mta openssl
   libgtest-dev libbenchmark-dev
   libgl1-mesa-dev libxkbcommon-dev
   xvfb xauth imagemagick poppler-utils zbar-tools python3-aiosmtpd xdotool

@@ -6,6 +6,7 @@
 #include "core/Ilmoitukset.h"
 #include "platform/arvot.h"
 #include "core/Korjaus.h"
+#include "core/Postisalasana.h"
 #include "core/UpdateDatabase.h"
 #include "platform/files.h"
 
@@ -19,6 +20,7 @@ namespace {
 
 constexpr qint64 kLongMax = std::numeric_limits<qint32>::max();
 constexpr qint64 kIntegerMax = std::numeric_limits<qint16>::max();
+constexpr qint64 kPorttiMax = 65535;
 // The report engine takes a margin times 48 as a 16-bit value.
 constexpr qint64 kMarginaaliMax = kIntegerMax / 48;
 
@@ -236,7 +238,21 @@ AsetustenTallennusTulos TallennaAsetukset(const AsetuksetSyote &s)
     k.luku(QStringLiteral("EmailPerMin"), s.tEmailPerMin, kLongMax,
            QStringLiteral("Syötä (sähköposti) viestejä / min arvoksi ainoastaan numeroita."),
            QStringLiteral("tEmailPerMin"), M::EmailPerMin);
+    const QString entinenKayttaja = M::SMTPKayttaja, entinenPalvelin = M::SMTP;
     k.teksti(QStringLiteral("SMTP"), s.tSMTP, M::SMTP);
+    // An empty port means the usual one of the security.
+    k.luku(QStringLiteral("SMTPPortti"), s.tSMTPPortti.trimmed().isEmpty() ? QStringLiteral("0") : s.tSMTPPortti,
+           kPorttiMax, QStringLiteral("Syötä SMTP-palvelimen portiksi ainoastaan numeroita (1–65535)."),
+           QStringLiteral("tSMTPPortti"), M::SMTPPortti);
+    k.numero(QStringLiteral("SMTPSuojaus"), qBound(0, s.cmbSMTPSuojaus, 2), M::SMTPSuojaus);
+    k.teksti(QStringLiteral("SMTPKayttaja"), s.tSMTPKayttaja.trimmed(), M::SMTPKayttaja);
+    k.teksti(QStringLiteral("SMTPVarmenne"), s.tSMTPVarmenne.trimmed(), M::SMTPVarmenne);
+    if (!k.seis()) {
+        // The password of an account no longer in use does not stay behind.
+        if (PostitilinTunnus(entinenKayttaja, entinenPalvelin) != PostitilinTunnus(M::SMTPKayttaja, M::SMTP))
+            TallennaPostisalasana(entinenKayttaja, entinenPalvelin, QString());
+        TallennaPostisalasana(M::SMTPKayttaja, M::SMTP, s.tSMTPSalasana);
+    }
     k.teksti(QStringLiteral("RegPankkiyhteys1"), s.tPankkiyhteys1, M::RegPankkiyhteys1);
     k.teksti(QStringLiteral("RegPankkiyhteys2"), s.tPankkiyhteys2, M::RegPankkiyhteys2);
     k.teksti(QStringLiteral("YTunnus"), s.tYTunnus, M::YTunnus);

@@ -27,6 +27,11 @@ struct AsetuksetSyote {
     QString tEmail;
     QString tSMTP;
     QString tEmailPerMin;
+    QString tSMTPPortti;
+    int cmbSMTPSuojaus = 0; // 0 none, 1 STARTTLS, 2 SMTPS
+    QString tSMTPKayttaja;
+    QString tSMTPSalasana;  // goes to the keyring, never to the database
+    QString tSMTPVarmenne;
     // Program
     QString tTietokanta;
     QString tVarmistus;

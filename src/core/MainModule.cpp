@@ -34,6 +34,10 @@ void resetGlobals()
     RegSeuranEmail.clear(); RegWWW.clear(); SMTP.clear();
     EmailPerMin = 0;
     EmailSystem = false;
+    SMTPPortti = 0;
+    SMTPSuojaus = 0;
+    SMTPKayttaja.clear();
+    SMTPVarmenne.clear();
     RegPankkiyhteys1.clear(); RegPankkiyhteys2.clear(); YTunnus.clear();
     EmailPohja.clear(); EmailKarhupohja.clear(); Salasana.clear(); ViiteHakemisto.clear();
     Laskunro = 0;

@@ -36,6 +36,12 @@ inline QString RegWWW;
 inline QString SMTP;
 inline long EmailPerMin = 0;
 inline bool EmailSystem = false;
+// The SMTP connection beside the server's name. The password is in the desktop's keyring, never
+// in the club's database (core/Postisalasana.h).
+inline long SMTPPortti = 0;        // 0: the usual port of the security
+inline int SMTPSuojaus = 0;        // 0 none, 1 STARTTLS, 2 SMTPS
+inline QString SMTPKayttaja;       // empty: no login
+inline QString SMTPVarmenne;       // a certificate file to trust (a server with its own certificate)
 inline QString RegPankkiyhteys1;
 inline QString RegPankkiyhteys2;
 inline QString YTunnus;

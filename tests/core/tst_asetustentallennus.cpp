@@ -12,7 +12,8 @@ namespace {
 
 // The club keys in the order the save writes them.
 const QStringList kAvaimet = u"AsKannassa RegName Henkilo RegOsoite RegPostinumero RegPostitoimipaikka RegPuhelin RegFax "
-                             "RegSeuranEmail RegWWW Email EmailSystem EmailPerMin SMTP RegPankkiyhteys1 RegPankkiyhteys2 "
+                             "RegSeuranEmail RegWWW Email EmailSystem EmailPerMin SMTP SMTPPortti SMTPSuojaus SMTPKayttaja SMTPVarmenne "
+                             "RegPankkiyhteys1 RegPankkiyhteys2 "
                              "YTunnus Salasana EmailPohja EmailKarhupohja MultiDb MargYla MargAla MargVas MargOik TulostusEra "
                              "Laskunro Jasennro VarmuuskopioPv Fontti FonttiKoko AutoJasennumero MuistutaVarm LaskupohjaKaytossa "
                              "LaskupohjaHKaytossa LaskupohjaTiedosto LaskupohjaHTiedosto Muistutuskulut Viivastyskorko "
@@ -26,7 +27,8 @@ QString AsetuksetSyote::*numerokentta(const QString &nimi)
         {u"tEmailPerMin"_s, &S::tEmailPerMin}, {u"tMargYla"_s, &S::tMargYla}, {u"tMargAla"_s, &S::tMargAla},
         {u"tMargOik"_s, &S::tMargOik}, {u"tTulostusEra"_s, &S::tTulostusEra}, {u"tLaskunumero"_s, &S::tLaskunumero},
         {u"tJasennumero"_s, &S::tJasennumero}, {u"tVarmuuskopioPv"_s, &S::tVarmuuskopioPv},
-        {u"tMuistutuskulut"_s, &S::tMuistutuskulut}, {u"tViivastysKorko"_s, &S::tViivastysKorko}};
+        {u"tMuistutuskulut"_s, &S::tMuistutuskulut}, {u"tViivastysKorko"_s, &S::tViivastysKorko},
+        {u"tSMTPPortti"_s, &S::tSMTPPortti}};
     return kentat.value(nimi);
 }
 
@@ -58,6 +60,8 @@ AsetuksetSyote hyvat(const QString &kanta, const QString &varmistus)
     s.tTulostusEra = u"50"_s, s.cmbFonts = u"DejaVu Serif"_s, s.cmbFonttiKoko = u"11"_s;
     s.tMargVas = u"10"_s, s.tMargOik = u"11"_s, s.tMargYla = u"12"_s, s.tMargAla = u"13"_s;
     s.chkLaskupohjaKaytossa = true;
+    s.tSMTP = u"posti.example.fi"_s, s.tSMTPPortti = u"2525"_s, s.cmbSMTPSuojaus = 1;
+    s.tSMTPKayttaja = u" latu "_s, s.tSMTPVarmenne = u"/etc/vonari/palvelin.pem"_s;
     return s;
 }
 
@@ -87,7 +91,9 @@ private slots:
         const QStringList odotetut = {u"AsKannassa=1"_s, u"Salasana=O'Brien; --"_s, u"LaskupohjaHKaytossa=0"_s,
                                       u"Muistutuskulut=5,00"_s, u"Suoritustiedosto=/tiedostot/ylisuoritukset.txt"_s,
                                       u"OsoiteTiedosto=/tiedostot/osoitteet.xlsx"_s, u"OsoiteMuoto=2"_s,
-                                      u"SuuretSuorituksetMaksetuksi=1"_s, u"SuorituksellaMaksetuksiJosEiLoppusummaa=0"_s};
+                                      u"SuuretSuorituksetMaksetuksi=1"_s, u"SuorituksellaMaksetuksiJosEiLoppusummaa=0"_s,
+                                      u"SMTP=posti.example.fi"_s, u"SMTPPortti=2525"_s, u"SMTPSuojaus=1"_s,
+                                      u"SMTPKayttaja=latu"_s, u"SMTPVarmenne=/etc/vonari/palvelin.pem"_s};
         for (const QString &pari : odotetut)
             QCOMPARE(pari.section(u'=', 0, 0) + u'=' + arvot.value(pari.section(u'=', 0, 0)), pari);
         for (const QString &avain : kAvaimet)
@@ -102,13 +108,16 @@ private slots:
                                M::Muistutuskulut.toString(4), QString::number(M::Viivastyskorko), M::Fontti,
                                QString::number(M::FonttiKoko), QString::number(M::RaporttiMarginaalit.top),
                                QString::number(M::RaporttiMarginaalit.bottom), QString::number(M::RaporttiMarginaalit.left),
-                               QString::number(M::LaskupohjaKaytossa), QString::number(M::LaskupohjaHKaytossa), M::MuistutusLoppu};
+                               QString::number(M::LaskupohjaKaytossa), QString::number(M::LaskupohjaHKaytossa), M::MuistutusLoppu,
+                               M::SMTP, QString::number(M::SMTPPortti), QString::number(M::SMTPSuojaus), M::SMTPKayttaja,
+                               M::SMTPVarmenne};
         };
         const QStringList tallennettu = tila();
         QCOMPARE(tallennettu, (QStringList{u"Äänekosken Latu ry"_s, u"1"_s, u"30"_s, u"1200"_s, u"350"_s, u"14"_s, u"1"_s,
                                            u"1"_s, u"5,0000"_s, u"7.5"_s, u"DejaVu Serif"_s, u"11"_s, QString::number(12 * 48),
                                            QString::number(13 * 48), QString::number(10 * 48), u"1"_s, u"0"_s,
-                                           u"Jos olet jo maksanut, tämä muistutus on aiheeton."_s}));
+                                           u"Jos olet jo maksanut, tämä muistutus on aiheeton."_s, u"posti.example.fi"_s,
+                                           u"2525"_s, u"1"_s, u"latu"_s, u"/etc/vonari/palvelin.pem"_s}));
         QCOMPARE(M::DatabasePath, kanta);
         M::resetGlobals();
         LueAsetukset(*db::Database::open(kanta));
@@ -136,6 +145,12 @@ private slots:
         QTest::newRow("miinusmerkki") << "tVarmuuskopioPv" << "-3" << "VarmuuskopioPv" << "Syötä Varmuuskopiot -kenttään ainoastaan numeroita.";
         QTest::newRow("kulut pisteellä") << "tMuistutuskulut" << "2.5" << "Muistutuskulut" << "2.5";
         QTest::newRow("kulut negatiiviset") << "tMuistutuskulut" << "-1" << "Muistutuskulut" << "Syötä muistutuskuluksi ainoastaan numeroita.";
+        QTest::newRow("portti tyhjä") << "tSMTPPortti" << "" << "SMTPPortti" << "0";
+        QTest::newRow("portti 465") << "tSMTPPortti" << "465" << "SMTPPortti" << "465";
+        QTest::newRow("portti liian suuri") << "tSMTPPortti" << "65536" << "SMTPPortti"
+                                           << "Syötä SMTP-palvelimen portiksi ainoastaan numeroita (1–65535).";
+        QTest::newRow("portti kirjaimin") << "tSMTPPortti" << "smtp" << "SMTPPortti"
+                                         << "Syötä SMTP-palvelimen portiksi ainoastaan numeroita (1–65535).";
         QTest::newRow("korko pilkulla") << "tViivastysKorko" << " 8,25 " << "Viivastyskorko" << "8,25";
     }
     void numerotTarkistetaanVuorollaan()

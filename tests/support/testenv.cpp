@@ -3,6 +3,7 @@
 #include "core/MainModule.h"
 #include "platform/files.h"
 #include "platform/kello.h"
+#include "platform/keyring.h"
 
 #include <QDir>
 
@@ -21,6 +22,8 @@ TestEnv::TestEnv()
     qputenv("XDG_DOCUMENTS_DIR", path(QStringLiteral("home/Documents")).toLocal8Bit());
     MainModule::resetGlobals();
     kello::asetaTanaan(QDate()); // every test starts and ends on the system's date
+    // No test reads or writes the desktop's real keyring: passwords go where no keyring answers.
+    keyring::setDisabled(true);
 }
 
 TestEnv::~TestEnv()

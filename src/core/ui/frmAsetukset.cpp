@@ -81,6 +81,7 @@ frmAsetukset::frmAsetukset(QWidget *parent) : QDialog(parent)
     paa->addLayout(napit);
 
     taytaSeura();
+    taytaInternet();
     taytaOhjelma();
     taytaTulostus();
     seuraaMuutoksia();
@@ -218,6 +219,7 @@ bool frmAsetukset::tallenna()
 {
     AsetuksetSyote s;
     lueSeura(s);
+    lueInternet(s);
     lueOhjelma(s);
     lueTulostus(s);
     AsetustenTallennusTulos tulos;

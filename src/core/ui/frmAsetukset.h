@@ -39,9 +39,12 @@ private:
     QWidget *teeTulostusSivu();
     QWidget *teeLaskupohjaSivu();
     void taytaSeura();
+    void taytaInternet();
     void taytaOhjelma();
     void taytaTulostus();
     void lueSeura(AsetuksetSyote &s) const;
+    void lueInternet(AsetuksetSyote &s) const;
+    void naytaOletusportti();
     void lueOhjelma(AsetuksetSyote &s) const;
     void lueTulostus(AsetuksetSyote &s) const;
 
@@ -64,6 +67,7 @@ private:
     void cPeru_Click();
     void cSulje_Click();
     void cMXQuery_Click();
+    void cTestaaYhteys_Click();
     void cTietokantavalita_Click();
     void mLisaasetukset_Click();
     void mCreateNewDatabase_Click();
@@ -78,6 +82,9 @@ private:
     QVector<QRadioButton *> optEmailSystem;
     QLineEdit *tEmail = nullptr, *tSMTP = nullptr, *tEmailPerMin = nullptr;
     QPushButton *cMXQuery = nullptr;
+    QLineEdit *tSMTPPortti = nullptr, *tSMTPKayttaja = nullptr, *tSMTPSalasana = nullptr, *tSMTPVarmenne = nullptr;
+    QComboBox *cmbSMTPSuojaus = nullptr;
+    QPushButton *cSMTPVarmennevalinta = nullptr, *cTestaaYhteys = nullptr;
     // Program
     QLineEdit *tTietokanta = nullptr, *tVarmistus = nullptr, *tLaskunumero = nullptr, *tJasennumero = nullptr,
               *tVarmuuskopioPv = nullptr, *tSalasana = nullptr, *tEmailLaskupohja = nullptr,
