@@ -8,6 +8,7 @@
 #include "seurat.h"
 #include "testenv.h"
 
+#include <QDir>
 #include <QProcess>
 #include <QtTest>
 
@@ -66,6 +67,56 @@ private slots:
         t = aja({kanta, QStringLiteral("historiaan"), QStringLiteral("--kaikki")});
         QCOMPARE(t.koodi, 2);
         QVERIFY(t.virhe.contains(QStringLiteral("historiaan ei ota valitsimia.")));
+    }
+
+    // The batch printed to one PDF in postal-code order; a reference marked paid; the reminders of
+    // the unpaid history in one PDF, whose bank barcode carries the stored total.
+    void tulostusMaksuJaMuistutukset()
+    {
+        TestEnv env;
+        const QString kanta = seurat::Kopio(150, env.path(QStringLiteral("demo1.mdb")));
+        QCOMPARE(aja({kanta, QStringLiteral("laskutus"), QStringLiteral("--pohja"), QStringLiteral("Jäsenmaksu")}).koodi, 0);
+        const QString pdf = env.path(QStringLiteral("laskut.pdf"));
+        Tulos t = aja({kanta, QStringLiteral("tulosta-laskut"), pdf, QStringLiteral("--jarjestys"), QStringLiteral("postinumero")});
+        QCOMPARE(t.koodi, 0);
+        auto d = db::Database::open(kanta);
+        const qint64 avoimia = laskuseura::maara(*d, QStringLiteral("jm"));
+        QCOMPARE(t.ulos.trimmed().toLongLong(), avoimia);
+        const auto teksti = [](const QString &tiedosto, int sivu) {
+            QProcess p;
+            p.start(QStringLiteral("pdftotext"), {QStringLiteral("-f"), QString::number(sivu), QStringLiteral("-l"), QString::number(sivu),
+                                                  tiedosto, QStringLiteral("-")});
+            p.waitForFinished();
+            return QString::fromUtf8(p.readAllStandardOutput());
+        };
+        const QString ensin = d->scalar(QStringLiteral("SELECT jrSukunimi FROM jm JOIN jr ON jrID = jmjrID ORDER BY jrPostinumero, jmID LIMIT 1")).toString();
+        QVERIFY2(teksti(pdf, 1).contains(ensin), qPrintable(ensin));
+        QCOMPARE(aja({kanta, QStringLiteral("tulosta-laskut"), pdf, QStringLiteral("--malli"), QStringLiteral("sininen")}).koodi, 2);
+
+        const QString viite = d->scalar(QStringLiteral("SELECT jmhjmViitenumero FROM jmhist WHERE jmhjmMaksettu = 0 ORDER BY jmhjmLaskunumero DESC LIMIT 1")).toString();
+        t = aja({kanta, QStringLiteral("maksettu"), viite});
+        QCOMPARE(t.koodi, 0);
+        QVERIFY2(t.ulos.contains(QStringLiteral("lblMaksettu: Kyllä\n")), qPrintable(t.ulos));
+
+        const QString muistutukset = env.path(QStringLiteral("muistutukset.pdf"));
+        const qint64 maksamatta = laskuseura::maara(*d, QStringLiteral("jmhist WHERE jmhjmMaksettu = 0"));
+        t = aja({kanta, QStringLiteral("muistutukset"), muistutukset, QStringLiteral("--tanaan"), QStringLiteral("2027-01-15")});
+        QCOMPARE(t.koodi, 0);
+        QCOMPARE(t.ulos.trimmed().toLongLong(), maksamatta);
+        QProcess kuva;
+        kuva.start(QStringLiteral("pdftoppm"), {QStringLiteral("-r"), QStringLiteral("300"), QStringLiteral("-f"), QStringLiteral("1"),
+                                               QStringLiteral("-l"), QStringLiteral("1"), QStringLiteral("-png"), muistutukset, env.path(QStringLiteral("m"))});
+        QVERIFY(kuva.waitForFinished(60000));
+        QProcess zbar;
+        zbar.start(QStringLiteral("zbarimg"), {QStringLiteral("-q"), QStringLiteral("--raw"), QStringLiteral("-Sdisable"), QStringLiteral("-Scode128.enable"),
+                                               QDir(env.path({})).entryInfoList({QStringLiteral("m*.png")}).value(0).filePath()});
+        QVERIFY(zbar.waitForFinished(60000));
+        const QString koodi = QString::fromUtf8(zbar.readAllStandardOutput()).trimmed();
+        QCOMPARE(koodi.size(), 54);
+        // Version 4: the euros from position 18 (6 digits) and the cents (2), the total of the first reminder.
+        const qint64 yhteensa = d->scalar(QStringLiteral("SELECT jmhjmMuistutusYhteensa FROM jmhist WHERE jmhjmMaksettu = 0"
+                                                         " ORDER BY jmhjmLaskunumero, jmhID LIMIT 1")).toLongLong();
+        QCOMPARE(koodi.mid(17, 8).toLongLong(), (yhteensa + 50) / 100);
     }
 
     // The demonstration club's templates run as their windows run them: each kind its own run,
