@@ -293,7 +293,9 @@ QVector<SchemaTable> rakenna()
                 {"jmhID", L::Long, 0, T},
                 {"Summa", L::Currency, 0, T},
                 {"Arkistointitunnus", L::Text, 20, T},
-                {"BackupRow", L::Boolean, 0, T}});
+                {"BackupRow", L::Boolean, 0, T}},
+               // An invoice's payments are summed for its open amount and its reminder.
+               {{"jmhIDidx", "jmhID", S}});
 
     SchemaTable maa = koodiTaulu("Maa");
     maa.kentat << kenttaRivista({"TulosteTeksti", L::Text, 250, S | DEF});

@@ -156,6 +156,7 @@ const QVector<Vaihe> &vaiheet()
         s << indeksi("Rekisteritiedot", "jrIDidx");
         // Made unique only when the numbers allow it; until then the club opens as it is.
         s << indeksi("jr", "jrJasennumeroidx", Vaihe::Yksilollinen);
+        s << indeksi("Suoritukset", "jmhIDidx");
         return s;
     }();
     return v;
