@@ -29,7 +29,9 @@ frmEmailPreview::frmEmailPreview(QWidget *parent) : QDialog(parent)
     tLaskuTeksti = new QPlainTextEdit(this);
     tLaskuTeksti->setObjectName(QStringLiteral("tLaskuTeksti"));
     tLaskuTeksti->setReadOnly(true);
-    tLaskuTeksti->setLineWrapMode(QPlainTextEdit::NoWrap); // the template's columns stay as they are
+    // A long payment terms text is seen whole; the columns of the template fit the width.
+    tLaskuTeksti->setLineWrapMode(QPlainTextEdit::WidgetWidth);
+    tLaskuTeksti->setMinimumWidth(tLaskuTeksti->fontMetrics().horizontalAdvance(QString(78, QLatin1Char('x'))));
     tLaskuTeksti->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
 
     const auto napit = tietue::SiirtoPainikkeet(this, m_komennot, [this](tietue::Siirto s) { siirry(s); });
@@ -82,8 +84,11 @@ frmEmailPreview *frmEmailPreview::AvaaLaskut(QWidget *parent)
 frmEmailPreview *frmEmailPreview::NaytaTeksti(QWidget *parent, const QString &teksti)
 {
     auto *w = new frmEmailPreview(parent);
-    for (QToolButton *b : {w->cEnsimmainen, w->cEdellinen, w->cSeuraava, w->cViimeinen})
+    for (QToolButton *b : {w->cEnsimmainen, w->cEdellinen, w->cSeuraava, w->cViimeinen}) {
         b->defaultAction()->setEnabled(false);
+        b->hide();
+    }
+    w->lblTietue->hide();
     w->tLaskuTeksti->setPlainText(naytettavaksi(teksti));
     w->show();
     return w;
