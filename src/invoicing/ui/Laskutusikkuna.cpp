@@ -188,7 +188,7 @@ QWidget *Laskutusikkuna::rakennaPainikkeet()
         h->addWidget(b);
     h->addStretch(1);
     h->addWidget(cSulje);
-    for (QToolButton *b : {cYksittain, cTulosta, cHistoriaan, cPoista, cSulje})
+    for (QToolButton *b : {cYksittain, cTulosta, cEmailPreview, cHistoriaan, cPoista, cSulje})
         m_ajonAikanaPois << b;
     return rivi;
 }
