@@ -3,6 +3,7 @@
 #include "esittely/Esittelyseura.h"
 #include "core/Malli.h"
 #include "core/Ilmoitukset.h"
+#include "email/Sahkopostilaskut.h"
 #include "platform/database.h"
 #include "platform/files.h"
 
@@ -67,4 +68,6 @@ void VarmistaOhjelmakansio()
         Ilmoita(QStringLiteral("Uuden seuran tietokantapohjaa ei voitu luoda:\n%1\n\n%2").arg(MalliPolku(), virheteksti(e)));
     }
     varmistaDemo(kansio);
+    if (!VarmistaSahkopohjat(kansio))
+        Ilmoita(QStringLiteral("Sähköpostilaskun pohjia ei voitu kopioida ohjelman kansioon:\n%1\n\nTarkista kansion käyttöoikeudet.").arg(kansio));
 }

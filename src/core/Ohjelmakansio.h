@@ -1,5 +1,5 @@
-// The program's own folder at first start: the folder, the template of a new club and the
-// demonstration database.
+// The program's own folder at first start: the folder, the template of a new club, the
+// demonstration database and the e-mail invoice templates.
 #pragma once
 
 // Makes whatever of these is missing; an existing file is never touched. Each database file is

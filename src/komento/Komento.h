@@ -62,4 +62,5 @@ int PoistaLaskut(Yhteys &y);
 int TulostaLaskuera(Yhteys &y);
 int Maksettu(Yhteys &y);
 int Muistutukset(Yhteys &y);
+int Sahkopostilaskut(Yhteys &y);
 }

@@ -19,6 +19,7 @@ const std::vector<Verbi> &Verbit()
         {QStringLiteral("historiaan"), QStringLiteral("historiaan"), Historiaan},
         {QStringLiteral("poista-laskut"), QStringLiteral("poista-laskut"), PoistaLaskut},
         {QStringLiteral("muistutukset"), QStringLiteral("muistutukset ULOS.pdf [--alku LASKUNRO] [--loppu LASKUNRO]"), Muistutukset},
+        {QStringLiteral("sahkopostilaskut"), QStringLiteral("sahkopostilaskut --esikatselu"), Sahkopostilaskut},
         {QStringLiteral("maksettu"), QStringLiteral("maksettu VIITENUMERO [--poista-maksettu]"), Maksettu},
     };
     return verbit;

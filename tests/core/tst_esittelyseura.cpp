@@ -121,7 +121,7 @@ private slots:
         QCOMPARE(seurat::Sisalto(*d), ennen);
     }
 
-    // Made once: a user's own files under the same names (the template too) are never replaced,
+    // Made once: a user's own files under the same names (the templates too) are never replaced,
     // and a work file left by a start cut short is thrown away and the demonstration made whole.
     void programFolderIsMadeOnceAndKept()
     {
@@ -133,10 +133,12 @@ private slots:
         testi::tiedosto(demo + u".kesken"_s, "puolikas");
         VarmistaOhjelmakansio();
         QVERIFY(QFileInfo::exists(MalliPolku()));
-        QCOMPARE(QDir(kansio).entryList(QDir::Files), QStringList{u"demo1.mdb"_s});
+        QCOMPARE(QDir(kansio).entryList(QDir::Files), (QStringList{u"demo1.mdb"_s, u"karhu.txt"_s, u"lasku.txt"_s}));
+        QVERIFY(QFileInfo(kansio + u"/lasku.txt"_s).isWritable());
         QCOMPARE(maara(*Database::open(demo), u"jr"_s), 150);
 
         testi::tiedosto(demo, "oma tiedosto");
+        testi::tiedosto(kansio + u"/karhu.txt"_s, "oma pohja");
         { QFile f(MalliPolku()); QVERIFY(f.open(QIODevice::Append)); f.write("x"); }
         const qint64 mallinKoko = QFileInfo(MalliPolku()).size();
         VarmistaOhjelmakansio();
@@ -145,6 +147,9 @@ private slots:
         QFile f(demo);
         QVERIFY(f.open(QIODevice::ReadOnly));
         QCOMPARE(f.readAll(), QByteArray("oma tiedosto"));
+        QFile karhu(kansio + u"/karhu.txt"_s);
+        QVERIFY(karhu.open(QIODevice::ReadOnly));
+        QCOMPARE(karhu.readAll(), QByteArray("oma pohja"));
         QCOMPARE(QFileInfo(MalliPolku()).size(), mallinKoko);
     }
 

@@ -4,6 +4,7 @@
 #include "invoicing/ui/LaskupohjaValikko.h"
 
 #include "core/MainModule.h"
+#include "email/ui/frmEmailPreview.h"
 #include "core/ui/Tietueikkuna.h"
 #include "core/ui/uihelpers.h"
 #include "platform/arvot.h"
@@ -174,11 +175,11 @@ QWidget *Laskutusikkuna::rakennaPainikkeet()
                               QStringLiteral("Tulosta lisätyt laskut [F7]"), Qt::Key_F7, [this] { tulosta(false); });
     cEmail = KomentoPainike(this, m_komennot, "cEmail", QStringLiteral("Sähköposti"),
                             QStringLiteral("Lähetä laskut sähköpostilla [F8]"), Qt::Key_F8, [] {});
-    cEmailPreview = KomentoPainike(this, m_komennot, "cEmailPreview", QStringLiteral("Esikatselu"),
-                                   QStringLiteral("Sähköpostilaskujen esikatselu"), {}, [] {});
-    // E-mail comes with the mail; a window does not open itself.
-    for (QToolButton *b : {cEmail, cEmailPreview})
-        b->defaultAction()->setEnabled(false);
+    cEmailPreview = KomentoPainike(this, m_komennot, "cEmailPreview", QStringLiteral("Esikats."),
+                                   QStringLiteral("Sähköpostilaskujen esikatselu"), {},
+                                   [this] { frmEmailPreview::AvaaLaskut(this); });
+    // Sending comes with the mail; a window does not open itself.
+    cEmail->defaultAction()->setEnabled(false);
     cPerheille->defaultAction()->setEnabled(m_asetelma.laji != Laskuikkuna::Perhe);
     cOminaisuudella->defaultAction()->setEnabled(m_asetelma.laji != Laskuikkuna::Ominaisuus);
     cSulje = KomentoPainike(this, m_komennot, "cSulje", QStringLiteral("Sulje"), QStringLiteral("Sulje ikkuna"), {},
@@ -187,7 +188,7 @@ QWidget *Laskutusikkuna::rakennaPainikkeet()
         h->addWidget(b);
     h->addStretch(1);
     h->addWidget(cSulje);
-    for (QToolButton *b : {cYksittain, cTulosta, cHistoriaan, cPoista, cSulje})
+    for (QToolButton *b : {cYksittain, cTulosta, cEmailPreview, cHistoriaan, cPoista, cSulje})
         m_ajonAikanaPois << b;
     return rivi;
 }

@@ -2,6 +2,8 @@
 
 #include "core/Ilmoitukset.h"
 #include "core/ui/Tietueikkuna.h"
+#include "email/Sahkopostilaskut.h"
+#include "email/ui/frmEmailPreview.h"
 #include "invoicing/Laskukopiot.h"
 #include "invoicing/ui/frmLaskumalli.h"
 #include "payments/Laskulistat.h"
@@ -124,10 +126,9 @@ frmMaksut::frmMaksut(QWidget *parent) : QMainWindow(parent)
     cEmail = KomentoPainike(this, m_komennot, "cEmail", QStringLiteral("Sähköposti"),
                             QStringLiteral("Lähetä muistutuslasku sähköpostitse [F8]"), Qt::Key_F8, [] {});
     cEmailPreview = KomentoPainike(this, m_komennot, "cEmailPreview", QStringLiteral("Esikatselu"),
-                                   QStringLiteral("Esikatsele muistutuslaskua"), {}, [] {});
-    // The e-mailed reminder comes with the mail; a command that cannot run is off.
-    for (QToolButton *b : {cEmail, cEmailPreview})
-        b->defaultAction()->setEnabled(false);
+                                   QStringLiteral("Esikatsele muistutuslaskua"), {}, [this] { cEmailPreview_Click(); });
+    // Sending the reminder comes with the mail; a command that cannot run is off.
+    cEmail->defaultAction()->setEnabled(false);
     cSulje = KomentoPainike(this, m_komennot, "cSulje", QStringLiteral("Sulje"), QStringLiteral("Sulje Maksukirja [Alt+F4]"), {},
                             [this] { close(); });
     auto *napit = new QHBoxLayout;
@@ -371,5 +372,16 @@ void AvaaMaksukirja(QWidget *parent)
         if (!tietue::TietokantaAsetettu())
             return nullptr;
         return new frmMaksut(parent);
+    });
+}
+
+void frmMaksut::cEmailPreview_Click()
+{
+    tietue::Suojattu([this] {
+        const Sahkopostiteksti t = MuistutuksenTeksti(*tietue::AvaaKanta(), m_jmhID, true);
+        if (!t.onnistui())
+            Ilmoita(t.viesti);
+        else
+            frmEmailPreview::NaytaTeksti(this, t.teksti);
     });
 }

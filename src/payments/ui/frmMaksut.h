@@ -35,6 +35,8 @@ public:
     void cTulosta_Click();
     void cKopiot_Click();
     void cMuistutukset_Click();
+    // The e-mail reminder of the invoice on screen, merged into the preview.
+    void cEmailPreview_Click();
 
 protected:
     bool eventFilter(QObject *kohde, QEvent *e) override;
