@@ -293,7 +293,9 @@ QVector<SchemaTable> rakenna()
                 {"jmhID", L::Long, 0, T},
                 {"Summa", L::Currency, 0, T},
                 {"Arkistointitunnus", L::Text, 20, T},
-                {"BackupRow", L::Boolean, 0, T}});
+                {"BackupRow", L::Boolean, 0, T}},
+               // A bank file is posted by looking up each archive id, and an invoice's balance sums its payments.
+               {{"Arkistointitunnusidx", "Arkistointitunnus", S}, {"jmhIDidx", "jmhID", S}});
 
     SchemaTable maa = koodiTaulu("Maa");
     maa.kentat << kenttaRivista({"TulosteTeksti", L::Text, 250, S | DEF});

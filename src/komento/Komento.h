@@ -62,4 +62,7 @@ int PoistaLaskut(Yhteys &y);
 int TulostaLaskuera(Yhteys &y);
 int Maksettu(Yhteys &y);
 int Muistutukset(Yhteys &y);
+int Viitemaksut(Yhteys &y);
+int MerkitseMaksetuiksi(Yhteys &y);
+int Kirjaa(Yhteys &y);
 }

@@ -20,6 +20,10 @@ const std::vector<Verbi> &Verbit()
         {QStringLiteral("poista-laskut"), QStringLiteral("poista-laskut"), PoistaLaskut},
         {QStringLiteral("muistutukset"), QStringLiteral("muistutukset ULOS.pdf [--alku LASKUNRO] [--loppu LASKUNRO]"), Muistutukset},
         {QStringLiteral("maksettu"), QStringLiteral("maksettu VIITENUMERO [--poista-maksettu]"), Maksettu},
+        {QStringLiteral("viitemaksut"), QStringLiteral("viitemaksut TIEDOSTO [--era N]"), Viitemaksut},
+        {QStringLiteral("merkitse-maksetuiksi"),
+         QStringLiteral("merkitse-maksetuiksi TIEDOSTO [--era N] [--virheelliset] [--poista-maksettu]"), MerkitseMaksetuiksi},
+        {QStringLiteral("kirjaa"), QStringLiteral("kirjaa TIEDOSTO"), Kirjaa},
     };
     return verbit;
 }
