@@ -46,20 +46,26 @@ frmViitesuoritukset::frmViitesuoritukset(QWidget *parent) : QDialog(parent)
     lstMaksut->setHeaderLabels({QStringLiteral("Kirjauspäivä"), QStringLiteral("Arkistointitunnus"),
                                 QStringLiteral("Viitenumero"), QStringLiteral("Maksaja"), QStringLiteral("Summa")});
     lstMaksut->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    lstMaksut->header()->setSectionResizeMode(3, QHeaderView::Stretch);
     lstMaksut->header()->setStretchLastSection(false);
-    lstMaksut->setMinimumSize(620, 200);
+    lstMaksut->setMinimumSize(760, 220);
     asettelu->addWidget(lstMaksut, 1);
 
+    // The batch's frames and the whole file's totals side by side under the payments.
+    auto *kehykset = new QHBoxLayout;
     eratiedot = new Eratiedot(this);
-    asettelu->addWidget(eratiedot);
-    asettelu->addWidget(Arvokehys(QStringLiteral("Summatiedot kaikista tiedoston eristä"),
+    eratiedot->layout()->setContentsMargins(0, 0, 0, 0);
+    kehykset->addWidget(eratiedot, 2);
+    kehykset->addWidget(Arvokehys(QStringLiteral("Summatiedot kaikista tiedoston eristä"),
                                   {{"lblSummaTapKPL", QStringLiteral("Tapahtumat kpl:")},
                                    {"lblSummaTapSUM", QStringLiteral("Tapahtumat summa:")},
                                    {"lblSummaOikKPL", QStringLiteral("Oikaisut kpl:")},
                                    {"lblSummaOikSUM", QStringLiteral("Oikaisut summa:")},
                                    {"lblSummaEpaKPL", QStringLiteral("Epäonn. kpl:")},
                                    {"lblSummaEpaSUM", QStringLiteral("Epäonn. summa:")}},
-                                  m_summat, this));
+                                  m_summat, this),
+                        1, Qt::AlignTop);
+    asettelu->addLayout(kehykset);
 
     cAvaa = new QPushButton(QStringLiteral("&Avaa..."), this);
     cAvaa->setObjectName(QStringLiteral("cAvaa"));
