@@ -36,8 +36,7 @@ struct Kirjaaja {
     Tulos kirjaa(const ViiteTapahtuma &t, const Currency &maara, QString *syy)
     {
         const QDate paiva = Kirjauspaiva(t);
-        if (!paiva.isValid())
-        {
+        if (!paiva.isValid()) {
             *syy = QStringLiteral("kirjauspäivä %1 ei ole päivämäärä").arg(t.Kirjauspaiva.trimmed());
             return Ohitettu;
         }
@@ -92,7 +91,15 @@ ViitesuoritustenKirjaus KirjaaSuoritukset(db::Database &db, const QList<ViiteEra
             const Currency maara = Currency::fromRaw(MaksunSentit(t) * (Currency::Scale / 100));
             k.nahtySumma += maara;
             QString syy;
-            switch (kirjaaja.kirjaa(t, maara, &syy)) {
+            Kirjaaja::Tulos tulos = Kirjaaja::Ohitettu;
+            try {
+                db::Transaction rivi(db); // a payment that fails leaves nothing of itself, the others go on
+                tulos = kirjaaja.kirjaa(t, maara, &syy);
+                rivi.commit();
+            } catch (const db::DbError &e) {
+                syy = e.message();
+            }
+            switch (tulos) {
             case Kirjaaja::Kirjattu:
                 ++k.kirjattu;
                 k.kirjattuSumma += maara;

@@ -7,12 +7,15 @@
 #include "esittely/Esittelyseura.h"
 #include "malliseura.h"
 #include "payments/Viitemaksut.h"
+#include "payments/ui/frmMaksut.h"
 #include "payments/ui/frmViitemaksut.h"
 #include "scripteddialogs.h"
 #include "testenv.h"
 #include "testiapu.h"
 #include "viitetiedostot.h"
 
+#include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QFile>
 #include <QLabel>
@@ -89,6 +92,22 @@ private slots:
         QCOMPARE(maara(u"jr WHERE jrJasenmaksu = 1"_s), 1);
         QVERIFY(MerkitsemattomatViesti(m).startsWith(u"Näitä maksuja ei merkitty maksetuiksi:\n30.00 - 1245 - B"_s));
         QCOMPARE(MerkitsemattomatViesti({}), QString());
+    }
+
+    // An invoice the database refuses to mark is named with the reason and left as it was, its
+    // member's fee too; the others are marked.
+    void kieltaytyvaRivi()
+    {
+        const qint64 a = lasku(u"1232"_s, 25, -1, true), b = lasku(u"1245"_s, 30);
+        d->execute(u"CREATE TRIGGER kielto BEFORE UPDATE OF jmhjmMaksettu ON jmhist WHEN NEW.jmhID = %1"
+                   " BEGIN SELECT RAISE(ABORT, 'levy täynnä'); END"_s.arg(a));
+        const ViitemaksujenMerkinta m = MerkitseMaksetuiksi(*d, {{u"25.00 - 1232 - A"_s, a}, {u"30.00 - 1245 - B"_s, b}}, false);
+        QCOMPARE(m.merkitty, 1);
+        QCOMPARE(m.merkitsematta.size(), 1);
+        QVERIFY2(m.merkitsematta[0].startsWith(u"25.00 - 1232 - A ("_s) && m.merkitsematta[0].contains(u"levy täynnä"_s),
+                 qPrintable(m.merkitsematta[0]));
+        QCOMPARE(maara(u"jmhist WHERE jmhjmMaksettu = 1"_s), 1);
+        QCOMPARE(maara(u"jr WHERE jrJasenmaksu = 1"_s), 0);
     }
 
     // The overpayment log: one line per larger payment, the amounts in the Finnish form; a member
@@ -208,6 +227,26 @@ private slots:
         w.NaytaEra(1);
         QCOMPARE(w.lstSaapuneet->count() + w.lstVirheet->count(), 2);
         QVERIFY(dlg->unexpected.isEmpty());
+    }
+
+    // The payment book's menu opens the window once: a second choice brings the same one forward.
+    void valikosta()
+    {
+        MainModule::DatabasePath = env->path(u"seura.mdb"_s);
+        frmMaksut kirja;
+        kirja.setAttribute(Qt::WA_DeleteOnClose, false);
+        auto *valikko = kirja.findChild<QAction *>(u"mLueViitemaksut"_s);
+        QVERIFY(valikko && valikko->isEnabled());
+        valikko->trigger();
+        valikko->trigger();
+        QList<frmViitemaksut *> auki;
+        for (QWidget *w : QApplication::topLevelWidgets())
+            if (auto *v = qobject_cast<frmViitemaksut *>(w); v && v->isVisible())
+                auki << v;
+        QCOMPARE(auki.size(), 1);
+        QCOMPARE(auki[0]->windowTitle(), u"Vonari - Viitemaksut"_s);
+        auki[0]->close();
+        QVERIFY(dlg->allTexts().isEmpty());
     }
 
     // A file that is no payment file, and one with no payments, tell so and leave the lists empty.

@@ -124,8 +124,8 @@ private slots:
         }
     }
 
-    // The same archive id on two dates is two payments; an unknown reference, an all-zero one and
-    // a date that is none are named and not posted; leading zeros and blanks do not hide an
+    // The same archive id on two dates is two payments; an unknown reference, an all-zero one, an
+    // RF reference of 25 characters and a date that is none are named and not posted; leading zeros and blanks do not hide an
     // invoice, and an apostrophe is a reference like any.
     void erikoiset()
     {
@@ -137,16 +137,35 @@ private slots:
                                                Maksu(u"X1"_s, u"12344"_s, 700),
                                                Maksu(u"X2"_s, u"0"_s, 500),
                                                Maksu(u"X3"_s, u"1232"_s, 300, u"261341"_s),
-                                               Maksu(u"X4"_s, u"12'3"_s, 500)});
+                                               Maksu(u"X4"_s, u"12'3"_s, 500),
+                                               Maksu(u"X5"_s, u"RF7112345678901234567890X"_s, 900)});
         const ViitesuoritustenKirjaus k = KirjaaSuoritukset(*d, erat);
         QCOMPARE(k.kirjattu, 3);
-        QCOMPARE(k.nahty, 6);
+        QCOMPARE(k.nahty, 7);
         QCOMPARE(testi::maara(*d, u"Suoritukset WHERE jmhID = ?"_s, {a}), 2);
         QCOMPARE(tila(b), u"1|2026-11-24"_s);
         QCOMPARE(OhitettujenViesti(k), u"Näitä maksuja ei kirjattu:\n"
                                        "7.00 - 12344 - MAKSAJA (viitenumerolla ei löydy laskua)\n"
                                        "5.00 - 0 - MAKSAJA (viitenumerolla ei löydy laskua)\n"
-                                       "3.00 - 1232 - MAKSAJA (kirjauspäivä 261341 ei ole päivämäärä)"_s);
+                                       "3.00 - 1232 - MAKSAJA (kirjauspäivä 261341 ei ole päivämäärä)\n"
+                                       "9.00 - 0 - MAKSAJA (viitenumerolla ei löydy laskua)"_s);
+    }
+
+    // A payment the database refuses is named and leaves nothing; the others are posted.
+    void kieltaytyvaRivi()
+    {
+        const qint64 a = lasku(u"1232"_s, 10), b = lasku(u"1245"_s, 10);
+        d->execute(u"CREATE TRIGGER kielto BEFORE INSERT ON Suoritukset WHEN NEW.Arkistointitunnus = 'HUONO'"
+                   " BEGIN SELECT RAISE(ABORT, 'levy täynnä'); END"_s);
+        const ViitesuoritustenKirjaus k = KirjaaSuoritukset(
+            *d, Tiedosto({Maksu(u"HUONO"_s, u"1232"_s, 1000), Maksu(u"HYVA"_s, u"1245"_s, 1000)}));
+        QCOMPARE(k.kirjattu, 1);
+        QCOMPARE(k.ohitetut.size(), 1);
+        QVERIFY2(k.ohitetut[0].startsWith(u"10.00 - 1232 - MAKSAJA ("_s) && k.ohitetut[0].contains(u"levy täynnä"_s),
+                 qPrintable(k.ohitetut[0]));
+        QCOMPARE(tila(a), u"0|N"_s);
+        QCOMPARE(tila(b), u"1|2026-11-24"_s);
+        QCOMPARE(testi::maara(*d, u"Suoritukset"_s), 1);
     }
 
     // The totals of every batch together, as the window's frame shows them.
