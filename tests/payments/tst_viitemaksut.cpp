@@ -17,6 +17,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QDir>
+#include <QFileInfo>
 #include <QFile>
 #include <QLabel>
 #include <QListWidget>
@@ -138,6 +140,8 @@ private slots:
                                           << u"Tiedoston '%1/ei/loki.txt' avaamisessa tapahtui virhe: 76 / Polkua ei löydy"_s;
         QTest::newRow("no folder, stop") << u"ei/loki.txt"_s << false << 0
                                          << u"Tiedoston '%1/ei/loki.txt' avaamisessa tapahtui virhe: 76 / Polkua ei löydy"_s;
+        QTest::newRow("read-only folder") << u"lukittu/loki.txt"_s << true << 1
+                                          << u"Tiedoston '%1/lukittu/loki.txt' avaamisessa tapahtui virhe: 70 / Lupa evätty"_s;
         QTest::newRow("a file for a folder") << u"seura.mdb/loki.txt"_s << false << 0
                                              << u"Tiedoston '%1/seura.mdb/loki.txt' avaamisessa tapahtui virhe: 76"_s;
     }
@@ -151,6 +155,13 @@ private slots:
         QFETCH(int, merkitty);
         QFETCH(QString, viesti);
         MainModule::Suoritustiedosto = env->path(polku);
+        if (polku.startsWith(u"lukittu/"_s)) {
+            const QString kansio = env->path(u"lukittu"_s);
+            QVERIFY(QDir().mkpath(kansio));
+            QFile::setPermissions(kansio, QFileDevice::ReadOwner | QFileDevice::ExeOwner);
+            if (QFileInfo(kansio).isWritable() || QFile(kansio + u"/koe"_s).open(QIODevice::WriteOnly))
+                QSKIP("this user writes into a read-only folder (root)");
+        }
         const qint64 a = lasku(u"1232"_s, 20);
         ViiteEra era;
         era.Tapahtumat = {Maksu(u"1232"_s, 2550)};
