@@ -1,5 +1,6 @@
 #include "payments/Viitesuoritukset.h"
 
+#include "payments/Eratiedot.h"
 #include "payments/Viitemaksulajittelu.h"
 #include "platform/arvot.h"
 #include "platform/database.h"
@@ -86,10 +87,16 @@ ViitesuoritustenKirjaus KirjaaSuoritukset(db::Database &db, const QList<ViiteEra
     db::Transaction tx(db);
     Kirjaaja kirjaaja(db);
     for (const ViiteEra &era : erat) {
+        // The ledger is in euros: a markka batch's amounts would be posted as so many euros.
+        const bool markkoja = Rahayksikko(era.Rahayksikko) == QLatin1String("Markka");
         for (const ViiteTapahtuma &t : era.Tapahtumat) {
             ++k.nahty;
             const Currency maara = Currency::fromRaw(MaksunSentit(t) * (Currency::Scale / 100));
             k.nahtySumma += maara;
+            if (markkoja) {
+                k.ohitetut << Nimetty(t, QStringLiteral("erän rahayksikkö on markka"));
+                continue;
+            }
             QString syy;
             Kirjaaja::Tulos tulos = Kirjaaja::Ohitettu;
             try {

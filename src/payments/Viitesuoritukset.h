@@ -24,7 +24,7 @@ struct ViitesuoritustenKirjaus {
 // The archive id as the ledger keeps it: at most 20 characters.
 constexpr int ArkistointitunnuksenPituus = 20;
 
-// Posts every batch of the file in one transaction.
+// Posts every batch of the file in one transaction. A markka batch is not posted: its payments are named.
 ViitesuoritustenKirjaus KirjaaSuoritukset(db::Database &db, const QList<ViiteEra> &erat);
 
 // "Kirjattu 3 / 8" and the posted amount beside the seen one, in the Finnish currency form.

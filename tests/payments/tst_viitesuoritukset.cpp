@@ -168,6 +168,19 @@ private slots:
         QCOMPARE(testi::maara(*d, u"Suoritukset"_s), 1);
     }
 
+    // A markka batch beside a euro batch: its payments are named and not posted, the euro one is.
+    void markkaera()
+    {
+        const qint64 a = lasku(u"1232"_s, 10);
+        QList<ViiteEra> erat = Tiedosto({Maksu(u"M1"_s, u"1232"_s, 5946)}) + Tiedosto({Maksu(u"E1"_s, u"1232"_s, 1000)});
+        erat[0].Rahayksikko = u" "_s;
+        erat[1].Rahayksikko = u"1"_s;
+        const ViitesuoritustenKirjaus k = KirjaaSuoritukset(*d, erat);
+        QCOMPARE(KirjausViesti(k), u"Kirjattu 1 / 2\n10,00\u00a0€ / 69,46\u00a0€"_s);
+        QCOMPARE(OhitettujenViesti(k), u"Näitä maksuja ei kirjattu:\n59.46 - 1232 - MAKSAJA (erän rahayksikkö on markka)"_s);
+        QCOMPARE(tila(a), u"1|2026-11-24"_s);
+    }
+
     // The totals of every batch together, as the window's frame shows them.
     void kaikkienErienSummat()
     {
