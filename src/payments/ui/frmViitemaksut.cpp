@@ -3,6 +3,7 @@
 #include "core/Ilmoitukset.h"
 #include "core/MainModule.h"
 #include "core/ui/Tietueikkuna.h"
+#include "core/ui/uihelpers.h"
 #include "payments/Viitemaksulajittelu.h"
 #include "payments/Viitemaksut.h"
 #include "payments/ui/Viitetiedosto.h"
@@ -190,6 +191,8 @@ void frmViitemaksut::NaytaEra(int era)
     cmbErat->setCurrentIndex(era - 1);
     const ViiteEra &e = m_erat[era - 1];
     eratiedot->nayta(e);
+    cMouseCursor odota;
+    odota.SetCursor(this, Qt::WaitCursor);
     tietue::Suojattu([&] {
         auto d = tietue::AvaaKanta();
         const ViitemaksujenLajittelu l = LajitteleEra(*d, e, MainModule::SuorituksellaMaksetuksiJosEiLoppusummaa);
@@ -220,13 +223,18 @@ void frmViitemaksut::cMaksetuksi_Click()
     const QList<ViitemaksuRivi> rivit = valitut(lstSaapuneet);
     if (rivit.isEmpty())
         return;
-    tietue::Suojattu([&] {
-        auto d = tietue::AvaaKanta();
-        const ViitemaksujenMerkinta m = MerkitseMaksetuiksi(*d, rivit, chkPoistamaksettu->isChecked());
-        poistaValitut(lstSaapuneet);
-        if (const QString viesti = MerkitsemattomatViesti(m); !viesti.isEmpty())
-            Ilmoita(viesti);
-    });
+    QString viesti;
+    {
+        cMouseCursor odota;
+        odota.SetCursor(this, Qt::WaitCursor);
+        tietue::Suojattu([&] {
+            auto d = tietue::AvaaKanta();
+            viesti = MerkitsemattomatViesti(MerkitseMaksetuiksi(*d, rivit, chkPoistamaksettu->isChecked()));
+            poistaValitut(lstSaapuneet);
+        });
+    }
+    if (!viesti.isEmpty())
+        Ilmoita(viesti);
 }
 
 void frmViitemaksut::cMaksetuksiLiikaaMaksetut_Click()

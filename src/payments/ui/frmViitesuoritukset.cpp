@@ -2,6 +2,7 @@
 
 #include "core/Ilmoitukset.h"
 #include "core/ui/Tietueikkuna.h"
+#include "core/ui/uihelpers.h"
 #include "payments/Eratiedot.h"
 #include "payments/Viitemaksulajittelu.h"
 #include "payments/Viitesuoritukset.h"
@@ -133,14 +134,20 @@ void frmViitesuoritukset::cKirjaaSuoritukset_Click()
         Ilmoita(QStringLiteral("Avaa ensin suoritustiedosto."));
         return;
     }
-    tietue::Suojattu([&] {
-        auto d = tietue::AvaaKanta();
-        const ViitesuoritustenKirjaus k = KirjaaSuoritukset(*d, m_erat);
-        QString viesti = KirjausViesti(k);
-        if (const QString ohitetut = OhitettujenViesti(k); !ohitetut.isEmpty())
-            viesti += QStringLiteral("\n\n") + ohitetut;
+    QString viesti;
+    {
+        cMouseCursor odota;
+        odota.SetCursor(this, Qt::WaitCursor);
+        tietue::Suojattu([&] {
+            auto d = tietue::AvaaKanta();
+            const ViitesuoritustenKirjaus k = KirjaaSuoritukset(*d, m_erat);
+            viesti = KirjausViesti(k);
+            if (const QString ohitetut = OhitettujenViesti(k); !ohitetut.isEmpty())
+                viesti += QStringLiteral("\n\n") + ohitetut;
+        });
+    }
+    if (!viesti.isEmpty())
         Ilmoita(viesti);
-    });
 }
 
 void AvaaViitesuoritukset(QWidget *parent)
