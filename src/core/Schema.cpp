@@ -294,8 +294,8 @@ QVector<SchemaTable> rakenna()
                 {"Summa", L::Currency, 0, T},
                 {"Arkistointitunnus", L::Text, 20, T},
                 {"BackupRow", L::Boolean, 0, T}},
-               // An invoice's payments are summed for its open amount and its reminder.
-               {{"jmhIDidx", "jmhID", S}});
+               // A bank file is posted by looking up each archive id, and an invoice's balance sums its payments.
+               {{"Arkistointitunnusidx", "Arkistointitunnus", S}, {"jmhIDidx", "jmhID", S}});
 
     SchemaTable maa = koodiTaulu("Maa");
     maa.kentat << kenttaRivista({"TulosteTeksti", L::Text, 250, S | DEF});

@@ -156,7 +156,10 @@ const QVector<Vaihe> &vaiheet()
         s << indeksi("Rekisteritiedot", "jrIDidx");
         // Made unique only when the numbers allow it; until then the club opens as it is.
         s << indeksi("jr", "jrJasennumeroidx", Vaihe::Yksilollinen);
-        s << indeksi("Suoritukset", "jmhIDidx");
+        // Payments are matched by reference, and a posted file is looked up by archive id: a club made
+        // from an old template gets the indexes here.
+        s << indeksi("jmhist", "jmhjmViitenumeroidx");
+        s << indeksi("Suoritukset", "Arkistointitunnusidx") << indeksi("Suoritukset", "jmhIDidx");
         return s;
     }();
     return v;

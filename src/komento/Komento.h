@@ -63,4 +63,7 @@ int TulostaLaskuera(Yhteys &y);
 int Maksettu(Yhteys &y);
 int Muistutukset(Yhteys &y);
 int Sahkopostilaskut(Yhteys &y);
+int Viitemaksut(Yhteys &y);
+int MerkitseMaksetuiksi(Yhteys &y);
+int Kirjaa(Yhteys &y);
 }

@@ -21,6 +21,10 @@ const std::vector<Verbi> &Verbit()
         {QStringLiteral("muistutukset"), QStringLiteral("muistutukset ULOS.pdf [--alku LASKUNRO] [--loppu LASKUNRO]"), Muistutukset},
         {QStringLiteral("sahkopostilaskut"), QStringLiteral("sahkopostilaskut --esikatselu"), Sahkopostilaskut},
         {QStringLiteral("maksettu"), QStringLiteral("maksettu VIITENUMERO [--poista-maksettu]"), Maksettu},
+        {QStringLiteral("viitemaksut"), QStringLiteral("viitemaksut TIEDOSTO [--era N]"), Viitemaksut},
+        {QStringLiteral("merkitse-maksetuiksi"),
+         QStringLiteral("merkitse-maksetuiksi TIEDOSTO [--era N] [--virheelliset] [--poista-maksettu]"), MerkitseMaksetuiksi},
+        {QStringLiteral("kirjaa"), QStringLiteral("kirjaa TIEDOSTO"), Kirjaa},
     };
     return verbit;
 }

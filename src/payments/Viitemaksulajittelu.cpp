@@ -34,6 +34,8 @@ QString Rivi(const QString &alku, const ViiteTapahtuma &t)
 
 } // namespace
 
+qint64 MaksunSentit(const ViiteTapahtuma &t) { return SentitKentasta(t.Rahamaara); }
+
 QString MuotoileSentit(qint64 sentit)
 {
     const QString n = QString::number(sentit);

@@ -31,6 +31,9 @@ struct ViitemaksujenLajittelu {
 ViitemaksujenLajittelu LajitteleEra(db::Database &db, const ViiteEra &era,
                                     bool suorituksellaMaksetuksiJosEiLoppusummaa);
 
+// The payment's amount in cents, the field's digits as the old runtime's Val read them.
+qint64 MaksunSentit(const ViiteTapahtuma &t);
+
 // Cents as the lists print them, always with a point: 0 → "0.00", 5 → "0.05", 1234 → "12.34".
 QString MuotoileSentit(qint64 sentit);
 

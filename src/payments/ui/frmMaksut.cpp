@@ -10,6 +10,8 @@
 #include "payments/Maksukirja.h"
 #include "payments/Muistutukset.h"
 #include "payments/ui/frmLaskulistarajaus.h"
+#include "payments/ui/frmViitemaksut.h"
+#include "payments/ui/frmViitesuoritukset.h"
 #include "platform/arvot.h"
 #include "platform/database.h"
 #include "reports/RaporttiVirhe.h"
@@ -211,9 +213,10 @@ void frmMaksut::rakennaValikot()
     twin("mEmail", cEmail, QStringLiteral("Muistutuslasku sähköpostitse"));
     twin("mEmailPreview", cEmailPreview, QStringLiteral("Sähköpostimuistutuksen esikatselu"));
     mLasku->addSeparator();
-    QAction *lue = mLasku->addAction(QStringLiteral("Lue viitemaksutiedosto"));
+    QAction *lue = mLasku->addAction(QStringLiteral("Lue viitemaksutiedosto"), this, [this] { AvaaViitemaksut(this); });
     lue->setObjectName(QStringLiteral("mLueViitemaksut"));
-    lue->setEnabled(false); // the bank file's window comes with its reader
+    QAction *kirjaa = mLasku->addAction(QStringLiteral("Kirjaa viitesuoritukset"), this, [this] { AvaaViitesuoritukset(this); });
+    kirjaa->setObjectName(QStringLiteral("mKirjaaViitesuoritukset"));
     mLasku->addSeparator();
     twin("mSulje", cSulje, QStringLiteral("&Sulje"));
 
