@@ -4,6 +4,8 @@
 #include "core/MainModule.h"
 #include "platform/arvot.h"
 #include "platform/database.h"
+#include "core/Postiasetukset.h"
+#include "email/Sahkopostilaskut.h"
 #include "invoicing/Laskukopiot.h"
 #include "reports/Tulostus.h"
 
@@ -88,4 +90,26 @@ int TulostaMuistutukset(const Ajo &ajo, const Tulostuskysymykset &k, const Lasku
     }
     TulostaHistoriasta(ajo, minne, QStringLiteral("jrphkarh.rpt"), laskut, tulosta);
     return int(laskut.size());
+}
+
+QString LahetaMuistutus(db::Database &db, qint64 jmhID)
+{
+    if (jmhID <= 0)
+        return QStringLiteral("Hae tulostettava lasku viitenumerolla ennen tulostusta");
+    const Sahkopostiteksti t = MuistutuksenTeksti(db, jmhID, false);
+    if (!t.onnistui())
+        return t.viesti;
+    mail::Message m;
+    m.from = Lahettaja();
+    m.to = {mail::Address{t.nimi, t.email}};
+    m.subject = t.otsake;
+    m.body = t.teksti;
+    const mail::SendReport r = mail::openSender(Lahetysasetukset())->send(m);
+    if (r.allSent())
+        return QStringLiteral("Muistutus lähetetty.");
+    QString syy = r.error;
+    for (const mail::RecipientResult &v : r.recipients)
+        if (!v.sent && !v.reason.isEmpty())
+            syy = v.reason;
+    return QStringLiteral("Muistutuksen lähetys epäonnistui.") + (syy.isEmpty() ? QString() : QLatin1Char('\n') + syy);
 }

@@ -30,3 +30,8 @@ QStringList MuistutusKaavat();
 // computed in one transaction (those that could not be, told after it), then a report each to a
 // printer with the tray pause, or one document. Returns the number of reminders printed.
 int TulostaMuistutukset(const Ajo &ajo, const Tulostuskysymykset &k, const Laskujentulostajat &tulosta);
+
+// The e-mail reminder of the history invoice `jmhID` (0: none fetched): the reminder template
+// merged with the invoice's own figures, sent by the mail route of the settings. Computes and
+// stores nothing. The message to show: sent, failed with the reason, or why it was not sent.
+QString LahetaMuistutus(db::Database &db, qint64 jmhID);

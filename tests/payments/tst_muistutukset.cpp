@@ -4,7 +4,10 @@
 #include "core/Asetukset.h"
 #include "core/MainModule.h"
 #include "payments/Muistutukset.h"
+#include "email/Sahkopostilaskut.h"
 #include "platform/arvot.h"
+#include "platform/files.h"
+#include "platform/recordingsender.h"
 #include "scripteddialogs.h"
 #include "seurat.h"
 #include "testenv.h"
@@ -132,6 +135,30 @@ private slots:
         QCOMPARE(testi::rivi(*d, u"SELECT jmhjmMuistutusOtsake, jmhjmMuistutusPaiva FROM jmhist WHERE jmhID = ?"_s, {osittain}),
                  u"MAKSUMUISTUTUS|2026-11-25"_s);
         QCOMPARE(LaskeMuistutus(ajo, 999999), QString());
+    }
+
+    // The e-mail reminder: nothing fetched, a member who takes no e-mail invoices, then sent with
+    // the invoice's own figures and nothing stored; an address the server refuses says why.
+    void sahkopostimuistutus()
+    {
+        files::ensureFolder(files::programFolder());
+        QVERIFY(VarmistaSahkopohjat(files::programFolder()));
+        mail::RecordingInstall posti;
+        const qint64 id = lasku(90030, u"42,50"_s, tanaan.addDays(-20));
+        d->execute(u"UPDATE jmhist SET jmhjmOtsake = 'Jäsenmaksu 2026' WHERE jmhID = ?"_s, {id});
+        d->execute(u"UPDATE jr SET jrEmailLasku = 0, jrEmail = 'maija@example.fi' WHERE jrID = 5"_s);
+        QCOMPARE(LahetaMuistutus(*d, 0), u"Hae tulostettava lasku viitenumerolla ennen tulostusta"_s);
+        QCOMPARE(LahetaMuistutus(*d, id), u"Jäsenelle ei ole sallittu sähköpostilaskutusta jäsenrekisterissä."_s);
+        d->execute(u"UPDATE jr SET jrEmailLasku = 1 WHERE jrID = 5"_s);
+        QCOMPARE(LahetaMuistutus(*d, id), u"Muistutus lähetetty."_s);
+        QCOMPARE(posti.log().messages.size(), 1);
+        const mail::Message &m = posti.log().messages.constFirst();
+        QCOMPARE(m.to.value(0).address, u"maija@example.fi"_s);
+        QCOMPARE(m.subject, u"Jäsenmaksu 2026"_s);
+        QVERIFY2(m.body.contains(u"90030"_s) && m.body.contains(u"42,50"_s), qPrintable(m.body));
+        QCOMPARE(muistutus(id), u"N|N|N|N|N|N"_s);
+        posti.log().refused.insert(u"maija@example.fi"_s);
+        QVERIFY(LahetaMuistutus(*d, id).startsWith(u"Muistutuksen lähetys epäonnistui.\n"_s));
     }
 
     // The run: No ends it; every invoice of the range is computed before printing, the ones that

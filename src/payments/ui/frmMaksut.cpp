@@ -19,6 +19,7 @@
 #include "reports/ui/frmTulostus.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QEvent>
 #include <QFormLayout>
@@ -126,11 +127,9 @@ frmMaksut::frmMaksut(QWidget *parent) : QMainWindow(parent)
                                    QStringLiteral("Tulosta maksamattomista laskuista muistutuslaskut laskunumeroväliltä"), {},
                                    [this] { cMuistutukset_Click(); });
     cEmail = KomentoPainike(this, m_komennot, "cEmail", QStringLiteral("Sähköposti"),
-                            QStringLiteral("Lähetä muistutuslasku sähköpostitse [F8]"), Qt::Key_F8, [] {});
+                            QStringLiteral("Lähetä muistutuslasku sähköpostitse [F8]"), Qt::Key_F8, [this] { cEmail_Click(); });
     cEmailPreview = KomentoPainike(this, m_komennot, "cEmailPreview", QStringLiteral("Esikatselu"),
                                    QStringLiteral("Esikatsele muistutuslaskua"), {}, [this] { cEmailPreview_Click(); });
-    // Sending the reminder comes with the mail; a command that cannot run is off.
-    cEmail->defaultAction()->setEnabled(false);
     cSulje = KomentoPainike(this, m_komennot, "cSulje", QStringLiteral("Sulje"), QStringLiteral("Sulje Maksukirja [Alt+F4]"), {},
                             [this] { close(); });
     auto *napit = new QHBoxLayout;
@@ -375,6 +374,23 @@ void AvaaMaksukirja(QWidget *parent)
         if (!tietue::TietokantaAsetettu())
             return nullptr;
         return new frmMaksut(parent);
+    });
+}
+
+void frmMaksut::cEmail_Click()
+{
+    const qint64 jmhID = m_jrID >= 1 ? m_jmhID : 0;
+    tietue::Suojattu([jmhID] {
+        auto d = tietue::AvaaKanta();
+        QString viesti;
+        {
+            struct Odotus {
+                Odotus() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+                ~Odotus() { QApplication::restoreOverrideCursor(); }
+            } odotus;
+            viesti = LahetaMuistutus(*d, jmhID);
+        }
+        Ilmoita(viesti);
     });
 }
 

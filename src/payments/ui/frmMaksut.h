@@ -35,6 +35,7 @@ public:
     void cTulosta_Click();
     void cKopiot_Click();
     void cMuistutukset_Click();
+    void cEmail_Click();
     // The e-mail reminder of the invoice on screen, merged into the preview.
     void cEmailPreview_Click();
 
