@@ -8,6 +8,7 @@
 #include "invoicing/Ominaisuuslaskuajo.h"
 #include "invoicing/Perhelaskuajo.h"
 #include "komento/Komento.h"
+#include "komento/Saajat.h"
 #include "platform/arvot.h"
 #include "platform/database.h"
 
@@ -22,37 +23,6 @@ void avattuna(LaskunYlatiedot &y, const QDate &tanaan)
 {
     y.tLaskunPaiva = PaivaTekstina(tanaan);
     y.cmbTilinumerot = {QString(), MainModule::RegPankkiyhteys1, MainModule::RegPankkiyhteys2};
-}
-
-// The name box's entry; an error text (and status) when the option names nothing.
-std::optional<LaskunSaajat> saajat(db::Database &db, const Valitsimet &v, QString *virhe, int *tila)
-{
-    LaskunSaajat s;
-    s.valittu = true;
-    s.chkEiPerheellisille = v.onko(QStringLiteral("--ei-perheellisille"));
-    s.chkMuille = v.onko(QStringLiteral("--muille"));
-    const QString kenelle = v.onko(QStringLiteral("--kenelle")) ? v.arvo(QStringLiteral("--kenelle")) : QStringLiteral("kaikki");
-    if (kenelle == u"kaikki") {
-        s.teksti = QStringLiteral("Kaikki");
-    } else if (kenelle.startsWith(u"ominaisuus:")) {
-        const QString nimi = kenelle.mid(11);
-        const QVariant piID = db.scalar(QStringLiteral("SELECT piID FROM pi WHERE piNimi = ? ORDER BY piID LIMIT 1"), {nimi});
-        if (!piID.isValid()) {
-            *virhe = QStringLiteral("Ominaisuutta %1 ei löydy.").arg(nimi);
-            *tila = Epaonnistui;
-            return std::nullopt;
-        }
-        s.tunniste = -NullLong(piID);
-        s.teksti = QStringLiteral("Om - ") + nimi;
-    } else if (kenelle.startsWith(u"jasen:") && kenelle.mid(6).toLongLong() > 0) {
-        s.tunniste = kenelle.mid(6).toLongLong();
-        s.teksti = kenelle;
-    } else {
-        *virhe = QStringLiteral("--kenelle on kaikki, ominaisuus:NIMI tai jasen:JRID.");
-        *tila = VaaraKaytto;
-        return std::nullopt;
-    }
-    return s;
 }
 
 // The dates of the options over the template's: a given invoice date moves the due date the
@@ -97,7 +67,7 @@ int Laskutus(Yhteys &y)
     if (!pohja)
         return Virhe(QStringLiteral("Laskupohjaa %1 ei löydy.").arg(v.arvo(QStringLiteral("--pohja"))), Epaonnistui);
     int tila = VaaraKaytto;
-    const std::optional<LaskunSaajat> kenelle = saajat(db, v, &virhe, &tila);
+    const std::optional<LaskunSaajat> kenelle = LueSaajat(db, v, &virhe, &tila);
     if (!kenelle)
         return Virhe(virhe, tila);
 

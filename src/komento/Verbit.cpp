@@ -19,7 +19,7 @@ const std::vector<Verbi> &Verbit()
         {QStringLiteral("historiaan"), QStringLiteral("historiaan"), Historiaan},
         {QStringLiteral("poista-laskut"), QStringLiteral("poista-laskut"), PoistaLaskut},
         {QStringLiteral("muistutukset"), QStringLiteral("muistutukset ULOS.pdf [--alku LASKUNRO] [--loppu LASKUNRO]"), Muistutukset},
-        {QStringLiteral("sahkopostilaskut"), QStringLiteral("sahkopostilaskut --esikatselu"), Sahkopostilaskut},
+        {QStringLiteral("sahkopostilaskut"), QStringLiteral("sahkopostilaskut [--esikatselu] [--kenelle kaikki|ominaisuus:NIMI|jasen:JRID] [--smtp PALVELIN[:PORTTI]] [--suojaus ei|starttls|smtps] [--kayttaja NIMI]"), Sahkopostilaskut},
         {QStringLiteral("maksettu"), QStringLiteral("maksettu VIITENUMERO [--poista-maksettu]"), Maksettu},
         {QStringLiteral("viitemaksut"), QStringLiteral("viitemaksut TIEDOSTO [--era N]"), Viitemaksut},
         {QStringLiteral("merkitse-maksetuiksi"),

@@ -3,11 +3,14 @@
 // book's reminder of the invoice on screen.
 #include "sahkopostiseura.h"
 
+#include "email/Laskujenlahetys.h"
 #include "email/ui/frmEmailPreview.h"
 #include "invoicing/ui/frmMaksujenLuonti.h"
 #include "payments/ui/frmMaksut.h"
+#include "platform/recordingsender.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -97,13 +100,34 @@ private slots:
         QPointer<frmMaksujenLuonti> w = new frmMaksujenLuonti;
         QVERIFY(w->Lataa());
         w->show();
-        QVERIFY(!w->cEmail->isEnabled());
         w->cEmailPreview->click();
         frmEmailPreview *e = avoinEsikatselu();
         QVERIFY(e);
         QCOMPARE(e->kohta(), 0);
         QVERIFY(e->tLaskuTeksti->toPlainText().contains(QStringLiteral("Vuosimaksu")));
         delete w; // the preview with it
+    }
+
+    // "Sähköposti" sends to everybody chosen who takes e-mail invoices and says how it went; the
+    // buttons are back when the run is over.
+    void laskutusikkunanLahetys()
+    {
+        Sahkopostiseura s;
+        mail::RecordingInstall posti;
+        s.d->execute(QStringLiteral("UPDATE jr SET jrEmailLasku = 0"));
+        s.d->execute(QStringLiteral("UPDATE jr SET jrEmailLasku = 1, jrEmail = 'a@example.fi'"
+                                    " WHERE jrID = (SELECT jmjrID FROM jm ORDER BY jmID LIMIT 1)"));
+        QPointer<frmMaksujenLuonti> w = new frmMaksujenLuonti;
+        QVERIFY(w->Lataa());
+        w->show();
+        w->cmbNimet->setCurrentIndex(w->cmbNimet->findData(0, Qt::UserRole));
+        QVERIFY(w->cEmail->isEnabled());
+        w->cEmail->click();
+        QCOMPARE(s.dlg.messages(), QStringList{LahetyksenYhteenveto(1, 0)});
+        QCOMPARE(posti.log().messages.size(), 1);
+        QCOMPARE(s.luku(QStringLiteral("SELECT COUNT(*) FROM jm WHERE jmEmailed = 1")), 1);
+        QVERIFY(w->cEmail->isEnabled());
+        delete w;
     }
 
     // The reminder of the fetched invoice; nothing fetched is told and opens nothing.

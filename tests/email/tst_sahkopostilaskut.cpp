@@ -4,6 +4,10 @@
 // command-line preview of the whole open batch.
 #include "sahkopostiseura.h"
 
+#include "email/Laskujenlahetys.h"
+#include "postipalvelin.h"
+
+#include <QJsonObject>
 #include <QProcess>
 
 namespace {
@@ -196,9 +200,9 @@ private slots:
             QCOMPARE(postit[i], odotettu);
         }
 
-        t = aja({s.kanta, QStringLiteral("sahkopostilaskut")});
+        t = aja({s.kanta, QStringLiteral("sahkopostilaskut"), QStringLiteral("--kayttaja"), QStringLiteral("x")});
         QCOMPARE(t.koodi, 2);
-        QVERIFY(t.virhe.contains(QStringLiteral("sahkopostilaskut --esikatselu")));
+        QVERIFY(t.virhe.contains(QStringLiteral("--smtp")));
         QVERIFY(t.ulos.isEmpty());
 
         QFile::remove(s.ohjelmanTiedosto(QStringLiteral("lasku.txt")));
@@ -206,6 +210,39 @@ private slots:
         QCOMPARE(t.koodi, 1);
         QVERIFY(t.virhe.contains(QStringLiteral("Laskupohjaa ei voida avata. Tarkista asetukista Email laskupohja.")));
         QVERIFY(t.ulos.isEmpty());
+    }
+
+    // Sending from the command line to a server of this run only: the window's closing message,
+    // a second run with nothing left, and options that do not make a server refused.
+    void komentoriviLahettaa()
+    {
+        Sahkopostiseura s;
+        testi::Postipalvelin p;
+        QVERIFY2(p.kaynnissa(), qPrintable(p.virhe()));
+        s.d->execute(QStringLiteral("UPDATE jr SET jrEmailLasku = 0"));
+        s.d->execute(QStringLiteral("UPDATE jr SET jrEmailLasku = 1, jrEmail = 'a@example.fi'"
+                                    " WHERE jrID = (SELECT jmjrID FROM jm ORDER BY jmID LIMIT 1)"));
+        s.d.reset();
+        const QString palvelin = QStringLiteral("127.0.0.1:%1").arg(p.portti());
+        Tulos t = aja({s.kanta, QStringLiteral("sahkopostilaskut"), QStringLiteral("--smtp"), palvelin});
+        QCOMPARE(t.koodi, 0);
+        QCOMPARE(t.ulos.trimmed(), LahetyksenYhteenveto(1, 0));
+        QCOMPARE(p.viestit().size(), 1);
+        QCOMPARE(p.viestit()[0].kirjekuori[QStringLiteral("mail_from")].toString(),
+                 QStringLiteral("jasensihteeri@vanhankylanus.example"));
+        t = aja({s.kanta, QStringLiteral("sahkopostilaskut"), QStringLiteral("--smtp"), palvelin});
+        QCOMPARE(t.ulos.trimmed(), LahetyksenYhteenveto(0, 0));
+        QCOMPARE(p.viestit().size(), 1);
+
+        for (const QStringList &vaarin : {QStringList{QStringLiteral("--smtp"), QStringLiteral("127.0.0.1:0")},
+                                          QStringList{QStringLiteral("--smtp"), QStringLiteral(":25")},
+                                          QStringList{QStringLiteral("--smtp"), palvelin, QStringLiteral("--suojaus"), QStringLiteral("tls")},
+                                          QStringList{QStringLiteral("--smtp"), palvelin, QStringLiteral("--kenelle"), QStringLiteral("joku")}}) {
+            t = aja(QStringList{s.kanta, QStringLiteral("sahkopostilaskut")} + vaarin);
+            QCOMPARE(t.koodi, 2);
+            QVERIFY(!t.virhe.isEmpty());
+        }
+        QCOMPARE(p.viestit().size(), 1);
     }
 };
 

@@ -174,12 +174,11 @@ QWidget *Laskutusikkuna::rakennaPainikkeet()
     cTulosta = KomentoPainike(this, m_komennot, "cTulosta", QStringLiteral("Tulosta"),
                               QStringLiteral("Tulosta lisätyt laskut [F7]"), Qt::Key_F7, [this] { tulosta(false); });
     cEmail = KomentoPainike(this, m_komennot, "cEmail", QStringLiteral("Sähköposti"),
-                            QStringLiteral("Lähetä laskut sähköpostilla [F8]"), Qt::Key_F8, [] {});
+                            QStringLiteral("Lähetä laskut sähköpostilla [F8]"), Qt::Key_F8, [this] { lahetaSahkopostilla(); });
     cEmailPreview = KomentoPainike(this, m_komennot, "cEmailPreview", QStringLiteral("Esikats."),
                                    QStringLiteral("Sähköpostilaskujen esikatselu"), {},
                                    [this] { frmEmailPreview::AvaaLaskut(this); });
-    // Sending comes with the mail; a window does not open itself.
-    cEmail->defaultAction()->setEnabled(false);
+    // A window does not open itself.
     cPerheille->defaultAction()->setEnabled(m_asetelma.laji != Laskuikkuna::Perhe);
     cOminaisuudella->defaultAction()->setEnabled(m_asetelma.laji != Laskuikkuna::Ominaisuus);
     cSulje = KomentoPainike(this, m_komennot, "cSulje", QStringLiteral("Sulje"), QStringLiteral("Sulje ikkuna"), {},
@@ -188,7 +187,7 @@ QWidget *Laskutusikkuna::rakennaPainikkeet()
         h->addWidget(b);
     h->addStretch(1);
     h->addWidget(cSulje);
-    for (QToolButton *b : {cYksittain, cTulosta, cEmailPreview, cHistoriaan, cPoista, cSulje})
+    for (QToolButton *b : {cYksittain, cTulosta, cEmail, cEmailPreview, cHistoriaan, cPoista, cSulje})
         m_ajonAikanaPois << b;
     return rivi;
 }

@@ -97,6 +97,8 @@ private:
     void poista();
     // Prints the open batch; `numerosta` asks where an interrupted print goes on.
     void tulosta(bool numerosta);
+    // Sends the open batch's invoices by e-mail to the chosen members who take them.
+    void lahetaSahkopostilla();
     void tulostaLista(const QString &tiedosto, const QString &otsikko);
 
     ListaMalli *m_nimet = nullptr;

@@ -8,6 +8,7 @@
 #include "core/Ilmoitukset.h"
 #include "core/ui/Tietueikkuna.h"
 #include "core/ui/uihelpers.h"
+#include "email/Laskujenlahetys.h"
 #include "invoicing/Jasenmaksuajo.h"
 #include "invoicing/Laskuera.h"
 #include "invoicing/Laskutuslistat.h"
@@ -26,11 +27,13 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QEventLoop>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QTimer>
 #include <QToolButton>
 
 namespace {
@@ -286,6 +289,26 @@ void Laskutusikkuna::poista()
     });
     if (valmis && !viesti.isEmpty())
         Ilmoita(viesti);
+}
+
+void Laskutusikkuna::lahetaSahkopostilla()
+{
+    if (m_ajossa)
+        return;
+    nimiLahtiessa();
+    Laskujenlahetys l;
+    l.saajat = saajat();
+    l.vainSmtp = m_asetelma.laji == Laskuikkuna::Myyntilaji;
+    // The window stays usable while the first message waits for its turn.
+    l.odota = [](int ms) {
+        QEventLoop silmukka;
+        QTimer::singleShot(ms, &silmukka, &QEventLoop::quit);
+        silmukka.exec();
+    };
+    Lahetystulos tulos;
+    ajaPalkilla(m_ajossa, ProgressBar1, cKeskeyta, m_ajonAikanaPois, [&](const Ajo &ajo) { tulos = LahetaLaskut(ajo, l); });
+    if (!tulos.viesti.isEmpty())
+        Ilmoita(tulos.viesti);
 }
 
 void Laskutusikkuna::tulostaLista(const QString &tiedosto, const QString &otsikko)
