@@ -167,6 +167,36 @@ private slots:
         QCOMPARE(posti.log().messages.size(), viesteja);
     }
 
+    // The holders of an attribute: one holding it twice gets one message; with "Muille" the
+    // others get theirs and the holders none.
+    void ominaisuus_data()
+    {
+        QTest::addColumn<bool>("muille");
+        QTest::addColumn<QStringList>("saajat");
+        QTest::newRow("haltijat") << false << QStringList{u"a@example.fi"_s};
+        QTest::newRow("muille") << true << QStringList{u"b@example.fi"_s};
+    }
+    void ominaisuus()
+    {
+        QFETCH(bool, muille);
+        QFETCH(QStringList, saajat);
+        Sahkopostiseura s;
+        mail::RecordingInstall posti;
+        const qint64 jasen = sallitut(s, {u"a@example.fi"_s, u"b@example.fi"_s}).value(0);
+        const qint64 pi = s.luku(u"SELECT MIN(piID) FROM pi"_s);
+        s.d->execute(u"DELETE FROM pt WHERE ptpiID = ?"_s, {pi});
+        for (int i = 0; i < 2; ++i)
+            s.d->execute(u"INSERT INTO pt (ptjrID, ptpiID) VALUES (?, ?)"_s, {jasen, pi});
+        Laskujenlahetys l = kaikille();
+        l.saajat.tunniste = -pi;
+        l.saajat.chkMuille = muille;
+        QCOMPARE(LahetaLaskut(Ajo(*s.d), l).viesti, LahetyksenYhteenveto(1, 0));
+        QStringList osoitteet;
+        for (const mail::Message &m : posti.log().messages)
+            osoitteet << m.to.value(0).address;
+        QCOMPARE(osoitteet, saajat);
+    }
+
     // A missing template stops the run before anything is sent.
     void pohjaPuuttuu()
     {
