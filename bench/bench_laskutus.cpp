@@ -6,7 +6,11 @@
 #include "invoicing/Jasenmaksuajo.h"
 #include "invoicing/Laskuera.h"
 #include "invoicing/Laskut.h"
+#include "invoicing/Ominaisuuslaskuajo.h"
+#include "invoicing/Perhelaskuajo.h"
 #include "invoicing/ui/frmMaksujenLuonti.h"
+#include "platform/arvot.h"
+#include "platform/database.h"
 #include "platform/dialogs.h"
 #include "seurat.h"
 
@@ -76,6 +80,54 @@ void BM_Laskutus_Kaikki(benchmark::State &state)
     }
 }
 BENCHMARK(BM_Laskutus_Kaikki)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// The family run for every payer: four classes priced, names in the rows, one price per family.
+void BM_Perhelaskut_Kaikki(benchmark::State &state)
+{
+    for (auto _ : state) {
+        state.PauseTiming();
+        Kerho k;
+        PerheLomake l;
+        static_cast<LaskunYlatiedot &>(l) = neljaRivia();
+        l.saajat = neljaRivia().saajat;
+        l.luokat[0] = {true, QStringLiteral("20"), QStringLiteral("Aikuinen"), true, false};
+        l.luokat[2] = {true, QStringLiteral("10"), QStringLiteral("Lapsi"), true, false};
+        l.luokat[3] = {true, QStringLiteral("5"), QStringLiteral("Sisarus"), false, false};
+        l.luokat[8] = {true, QStringLiteral("30"), QStringLiteral("Perhe"), true, false};
+        state.ResumeTiming();
+        LisaaPerhelaskut(Ajo(*k.d), l, false);
+        state.PauseTiming();
+        state.counters["laskuja"] = double(LaskujenMaara(*k.d));
+        state.counters["riveja"] = double(NullLong(k.d->scalar(QStringLiteral("SELECT COUNT(*) FROM jmRivi JOIN jm ON jmID = jmRjmID"))));
+        k.d.reset();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_Perhelaskut_Kaikki)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// The attribute run for "Kaikki" with four rows, each over one of the club's attributes.
+void BM_Ominaisuuslaskut_Kaikki(benchmark::State &state)
+{
+    for (auto _ : state) {
+        state.PauseTiming();
+        Kerho k;
+        OminaisuusAjo l;
+        static_cast<LaskunYlatiedot &>(l) = neljaRivia();
+        l.saajat = neljaRivia().saajat;
+        db::Statement pi(*k.d, QStringLiteral("SELECT piID FROM pi ORDER BY piID LIMIT 4"));
+        for (int i = 0; i < 4 && pi.next(); ++i)
+            l.rivit[size_t(i)] = {NullLong(pi.value(0)), true, false, false, QStringLiteral("2,5"), QString(), QString(),
+                                  QStringLiteral("Rivi <OM.LKM:0> kpl")};
+        state.ResumeTiming();
+        LisaaOminaisuuslaskut(Ajo(*k.d), l, false);
+        state.PauseTiming();
+        state.counters["laskuja"] = double(LaskujenMaara(*k.d));
+        state.counters["riveja"] = double(NullLong(k.d->scalar(QStringLiteral("SELECT COUNT(*) FROM jmRivi JOIN jm ON jmID = jmRjmID"))));
+        k.d.reset();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_Ominaisuuslaskut_Kaikki)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 // The lower bound: the same rows by bare SQLite, prepared once, in one transaction.
 void BM_alaraja_laskurivit(benchmark::State &state)
