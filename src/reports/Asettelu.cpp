@@ -3,10 +3,9 @@
 
 #include "platform/files.h"
 #include "reports/RaporttiVirhe.h"
+#include "reports/Tekstinmitta.h"
 
 #include <QFileInfo>
-#include <QFontMetricsF>
-#include <array>
 #include <cmath>
 
 namespace {
@@ -31,114 +30,6 @@ struct Ilmentyma {
     std::vector<Tulostekohde> kohteet;
     std::vector<bool> kokonaissivut; // per item: holds the TotalPages mark
 };
-
-bool koskee(const Osiofontti &f, const Osa &o)
-{
-    const QString s = f.osio.toUpper();
-    if (s == QLatin1String("ALL"))
-        return true;
-    switch (o.laji) {
-    case OsaLaji::Rivi: return s == QLatin1String("DETAIL");
-    case OsaLaji::Raporttiotsikko: return s == QLatin1String("TITLE");
-    case OsaLaji::Sivuotsikko: return s == QLatin1String("HEADER");
-    case OsaLaji::Sivualatunniste: return s == QLatin1String("FOOTER");
-    case OsaLaji::Raporttialatunniste: return s == QLatin1String("SUMMARY");
-    case OsaLaji::Ryhmaotsikko: return s == QStringLiteral("GH%1").arg(o.taso);
-    case OsaLaji::Ryhmaalatunniste: return s == QStringLiteral("GF%1").arg(o.taso);
-    }
-    return false;
-}
-
-void yhdista(FonttiMaaritys &f, const FonttiMaaritys &paalle)
-{
-    if (!paalle.nimi.isEmpty())
-        f.nimi = paalle.nimi;
-    if (paalle.koko > 0)
-        f.koko = paalle.koko;
-    if (paalle.lihava)
-        f.lihava = paalle.lihava;
-    if (paalle.kursiivi)
-        f.kursiivi = paalle.kursiivi;
-    if (paalle.alleviivattu)
-        f.alleviivattu = paalle.alleviivattu;
-}
-
-// Text widths as the sum of the characters' advances. The fonts are laid out without kerning, so
-// this is the printed width without shaping every text (a ligature only makes it narrower).
-class Mittari {
-public:
-    explicit Mittari(const QFont &f) : m_fm(f) { m_latin.fill(-1); }
-
-    double leveys(const QString &s)
-    {
-        double w = 0;
-        for (QChar c : s) {
-            if (c.isSurrogate())
-                return m_fm.horizontalAdvance(s);
-            const char16_t u = c.unicode();
-            if (u >= m_latin.size()) {
-                w += m_fm.horizontalAdvance(c);
-                continue;
-            }
-            double &a = m_latin[u];
-            if (a < 0)
-                a = m_fm.horizontalAdvance(c);
-            w += a;
-        }
-        return w;
-    }
-    const QFontMetricsF &fm() const { return m_fm; }
-
-private:
-    QFontMetricsF m_fm;
-    std::array<double, 256> m_latin;
-};
-
-// Word wrap to a width; a word wider than the line is cut where it must be. Widths add up
-// character by character (see Mittari), so each character is measured once: a word of ten
-// thousand characters wraps in one pass.
-QStringList rivita(const QString &kappale, double leveys, Mittari &fm)
-{
-    QStringList rivit;
-    QString rivi;
-    double riviLeveys = 0;
-    const double vali = fm.leveys(QStringLiteral(" "));
-    for (const QString &sana : kappale.split(QLatin1Char(' '))) {
-        const double sanaLeveys = fm.leveys(sana);
-        const double koe = rivi.isEmpty() ? sanaLeveys : riviLeveys + vali + sanaLeveys;
-        if (koe <= leveys) {
-            if (!rivi.isEmpty())
-                rivi += QLatin1Char(' ');
-            rivi += sana;
-            riviLeveys = koe;
-            continue;
-        }
-        if (!rivi.isEmpty())
-            rivit << rivi;
-        rivi = sana;
-        riviLeveys = sanaLeveys;
-        if (sanaLeveys <= leveys)
-            continue;
-        // Cut the word: each line takes as many characters as fit, and at least one.
-        qsizetype alku = 0;
-        double w = 0;
-        for (qsizetype i = 0; i < sana.size();) {
-            const qsizetype n = sana[i].isHighSurrogate() && i + 1 < sana.size() ? 2 : 1;
-            const double c = fm.leveys(sana.mid(i, n));
-            if (w + c > leveys && i > alku) {
-                rivit << sana.mid(alku, i - alku);
-                alku = i;
-                w = 0;
-            }
-            w += c;
-            i += n;
-        }
-        rivi = sana.mid(alku);
-        riviLeveys = w;
-    }
-    rivit << rivi;
-    return rivit;
-}
 
 class Asettelija {
 public:
@@ -286,18 +177,18 @@ private:
             m_kokonaissivujaKaytetaan = m_kokonaissivujaKaytetaan || vk.kokonaissivut;
             if (k.laji == KohdeLaji::Teksti) {
                 FonttiMaaritys f = m_m.fontti;
-                yhdista(f, o->fontti);
-                yhdista(f, k.fontti);
+                YhdistaFontti(f, o->fontti);
+                YhdistaFontti(f, k.fontti);
                 if (k.osiofontti)
                     for (const Osiofontti &of : m_v.osiofontit)
-                        if (koskee(of, *o)) {
+                        if (OsiofonttiKoskee(of, *o)) {
                             FonttiMaaritys p;
                             p.nimi = of.nimi;
                             p.koko = of.koko;
                             p.lihava = of.lihava;
                             p.kursiivi = of.kursiivi;
                             p.alleviivattu = of.alleviivattu;
-                            yhdista(f, p);
+                            YhdistaFontti(f, p);
                         }
                 vk.fontti = fontti(f);
             }
@@ -398,7 +289,7 @@ private:
         QStringList rivit;
         for (const QString &kappale : teksti.split(QLatin1Char('\n'))) {
             if (k.rivita)
-                rivit += rivita(kappale, alue.width(), fm);
+                rivit += Rivita(kappale, alue.width(), fm);
             else if (leveys(kappale) <= alue.width())
                 rivit << kappale;
             else
@@ -769,38 +660,6 @@ private:
 };
 
 } // namespace
-
-std::optional<Osiofontti> JasennaOsiofontti(const QString &teksti)
-{
-    if (teksti.trimmed().isEmpty())
-        return std::nullopt;
-    const QStringList osat = teksti.split(QLatin1Char(';'));
-    Osiofontti f;
-    f.osio = osat.value(0).trimmed();
-    if (f.osio.isEmpty())
-        throw RaporttiVirhe(QStringLiteral("Osiofontti \"%1\" ei kelpaa: osion nimi puuttuu.").arg(teksti));
-    auto osa = [&](int i) {
-        const QString s = osat.value(i).trimmed();
-        return s.compare(QLatin1String("X"), Qt::CaseInsensitive) == 0 ? QString() : s;
-    };
-    f.nimi = osa(1);
-    if (!osa(2).isEmpty()) {
-        bool ok = false;
-        f.koko = osa(2).toDouble(&ok);
-        if (!ok || f.koko <= 0 || f.koko > 200)
-            throw RaporttiVirhe(QStringLiteral("Osiofontti \"%1\" ei kelpaa: koko %2 ei ole fonttikoko.").arg(teksti, osa(2)));
-    }
-    auto lippu = [&](int i) -> std::optional<bool> {
-        const QString s = osa(i);
-        if (s.isEmpty())
-            return std::nullopt;
-        return s != QLatin1String("0") && s.compare(QLatin1String("false"), Qt::CaseInsensitive) != 0;
-    };
-    f.kursiivi = lippu(3);
-    f.alleviivattu = lippu(4);
-    f.lihava = lippu(5);
-    return f;
-}
 
 namespace {
 class Laskuri : public Sivuvirta {

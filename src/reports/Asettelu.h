@@ -7,22 +7,7 @@
 #include "reports/Lauseke.h"
 #include "reports/Rivilahde.h"
 #include "platform/ajo.h"
-
-// A font handed in for one section of the report at run time. The section is "ALL", "DETAIL",
-// "TITLE" (report header), "HEADER" (page header), "FOOTER" (page footer), "SUMMARY" (report
-// footer), "GH<n>" or "GF<n>" (header and footer of group level n). Unset parts leave the
-// report's own.
-struct Osiofontti {
-    QString osio;
-    QString nimi;
-    double koko = 0;
-    std::optional<bool> kursiivi, alleviivattu, lihava;
-};
-
-// Reads "SECTION;font;size;italic;underline;bold;strikeout" where "X" leaves a part as it is
-// (fewer parts may be given). An empty text gives nothing; a text without a section name throws
-// RaporttiVirhe.
-std::optional<Osiofontti> JasennaOsiofontti(const QString &teksti);
+#include "reports/Osiofontit.h"
 
 struct Asetteluvalinnat {
     Kaavat kaavat;                       // in effect: the definition's, replaced by those handed in
