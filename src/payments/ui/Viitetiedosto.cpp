@@ -7,6 +7,7 @@
 #include "payments/Eratiedot.h"
 #include "platform/dialogs.h"
 
+#include <QComboBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -79,4 +80,22 @@ void Eratiedot::tyhjenna()
 {
     for (QLabel *l : std::as_const(m_arvot))
         l->clear();
+}
+
+QFormLayout *TiedostoJaEra(QWidget *parent, QLabel *&lblTiedosto, QComboBox *&cmbErat)
+{
+    auto *yla = new QFormLayout;
+    lblTiedosto = new QLabel(parent);
+    lblTiedosto->setObjectName(QStringLiteral("lblTiedosto"));
+    lblTiedosto->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    cmbErat = new QComboBox(parent);
+    cmbErat->setObjectName(QStringLiteral("cmbErat"));
+    cmbErat->setMinimumWidth(140);
+    cmbErat->setEnabled(false);
+    auto *eraRivi = new QHBoxLayout;
+    eraRivi->addWidget(cmbErat);
+    eraRivi->addStretch(1);
+    yla->addRow(QStringLiteral("Avattu tiedosto:"), lblTiedosto);
+    yla->addRow(QStringLiteral("Avattu erä:"), eraRivi);
+    return yla;
 }

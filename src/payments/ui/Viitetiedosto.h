@@ -11,12 +11,17 @@
 #include <QWidget>
 #include <optional>
 
+class QComboBox;
+class QFormLayout;
 class QLabel;
 
 // The open-file dialog "Vonari - viitemaksutiedosto" from the last file read (the setting
 // ViiteHakemisto, which the choice then replaces), and the file read. Nothing on a cancel, or
 // after the program's message when the file cannot be read or holds no payments.
 std::optional<QList<ViiteEra>> ValitseViitetiedosto(QWidget *ikkuna, QString *polku);
+
+// The rows "Avattu tiedosto:" and "Avattu erä:" over a window's lists; the batch box starts off.
+QFormLayout *TiedostoJaEra(QWidget *parent, QLabel *&lblTiedosto, QComboBox *&cmbErat);
 
 // The frames "Erätiedot" and "Summatiedot" side by side, their labels named as the window's controls.
 class Eratiedot : public QWidget {

@@ -91,21 +91,8 @@ frmViitemaksut::frmViitemaksut(QWidget *parent) : QMainWindow(parent)
     auto *keski = new QWidget(this);
     auto *asettelu = new QVBoxLayout(keski);
 
-    auto *yla = new QFormLayout;
-    lblTiedosto = new QLabel(keski);
-    lblTiedosto->setObjectName(QStringLiteral("lblTiedosto"));
-    lblTiedosto->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    cmbErat = new QComboBox(keski);
-    cmbErat->setObjectName(QStringLiteral("cmbErat"));
-    cmbErat->setMinimumWidth(140);
-    cmbErat->setEnabled(false);
+    asettelu->addLayout(TiedostoJaEra(keski, lblTiedosto, cmbErat));
     connect(cmbErat, &QComboBox::activated, this, [this](int i) { NaytaEra(i + 1); });
-    auto *eraRivi = new QHBoxLayout;
-    eraRivi->addWidget(cmbErat);
-    eraRivi->addStretch(1);
-    yla->addRow(QStringLiteral("Avattu tiedosto:"), lblTiedosto);
-    yla->addRow(QStringLiteral("Avattu erä:"), eraRivi);
-    asettelu->addLayout(yla);
 
     TabStr1 = new QTabWidget(keski);
     TabStr1->setObjectName(QStringLiteral("TabStr1"));

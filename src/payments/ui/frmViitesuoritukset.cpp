@@ -25,21 +25,8 @@ frmViitesuoritukset::frmViitesuoritukset(QWidget *parent) : QDialog(parent)
     setWindowTitle(QStringLiteral("Vonari - Viitesuoritukset"));
     auto *asettelu = new QVBoxLayout(this);
 
-    auto *yla = new QFormLayout;
-    lblTiedosto = new QLabel(this);
-    lblTiedosto->setObjectName(QStringLiteral("lblTiedosto"));
-    lblTiedosto->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    cmbErat = new QComboBox(this);
-    cmbErat->setObjectName(QStringLiteral("cmbErat"));
-    cmbErat->setMinimumWidth(140);
-    cmbErat->setEnabled(false);
+    asettelu->addLayout(TiedostoJaEra(this, lblTiedosto, cmbErat));
     connect(cmbErat, &QComboBox::activated, this, [this](int i) { NaytaEra(i + 1); });
-    auto *eraRivi = new QHBoxLayout;
-    eraRivi->addWidget(cmbErat);
-    eraRivi->addStretch(1);
-    yla->addRow(QStringLiteral("Avattu tiedosto:"), lblTiedosto);
-    yla->addRow(QStringLiteral("Avattu erä:"), eraRivi);
-    asettelu->addLayout(yla);
 
     lstMaksut = new QTreeWidget(this);
     lstMaksut->setObjectName(QStringLiteral("lstMaksut"));
